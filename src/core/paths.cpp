@@ -1,0 +1,114 @@
+#include "core/paths.h"
+
+#include "core/settings.h"
+#include "core/text_file.h"
+
+#include <filesystem>
+#include <locale>
+#include <stdexcept>
+#include <system_error>
+
+#ifdef _WIN32
+#define WIN32_LEAN_AND_MEAN
+#include <windows.h>
+#endif
+
+namespace partwright {
+
+namespace {
+
+std::size_t lastSeparator(std::wstring_view path) {
+    std::size_t at = path.size();
+    while (at > 0 && !isPathSeparator(path[at - 1]))
+        --at;
+    return at == 0 ? std::wstring_view::npos : at - 1;
+}
+
+std::wstring join(std::wstring_view folder, std::wstring_view file) {
+    return std::wstring(folder) + pathSeparator + std::wstring(file);
+}
+
+} // namespace
+
+bool isPathSeparator(wchar_t c) {
+    return c == L'/' || c == L'\\';
+}
+
+std::wstring withSeparator(std::wstring_view folder) {
+    std::wstring result(folder);
+    if (!result.empty() && !isPathSeparator(result.back()))
+        result += pathSeparator;
+    return result;
+}
+
+std::wstring programPath() {
+#ifdef _WIN32
+    std::wstring buffer(32768, L'\0');
+    const DWORD size =
+        GetModuleFileNameW(nullptr, buffer.data(), static_cast<DWORD>(buffer.size()));
+    buffer.resize(size);
+    return buffer;
+#else
+    std::error_code error;
+    const std::filesystem::path path = std::filesystem::read_symlink("/proc/self/exe", error);
+    return error ? std::wstring() : pathText(path);
+#endif
+}
+
+std::wstring programFolderFor(std::wstring_view program, std::int32_t hostTool) {
+    const auto file = lastSeparator(program);
+    if (file == std::wstring_view::npos)
+        return std::wstring(program);
+    const std::wstring_view own = program.substr(0, file + 1);
+    if (hostTool == 3)
+        return std::wstring(own);
+    const auto parent = lastSeparator(own.substr(0, file));
+    if (parent == std::wstring_view::npos)
+        return std::wstring(own);
+    std::wstring folder(own.substr(0, parent + 1));
+    if (hostTool == 2)
+        folder += std::wstring(L"ComServ_Dorvane") + pathSeparator;
+    return folder;
+}
+
+void ResolveFilePaths(CPartwrightPlugInApp& app, std::wstring_view publicFolder) {
+    const std::wstring& tables = app.programFolder;
+    app.sdtaPropertyPath = tables + L"Property_SDTA.csv";
+    app.sdtaPropertyLibraryPath = tables + L"Property_SDTA_Library.csv";
+    app.sdtaValidationRulesPath = tables + L"SDTALibraryValidationRules.csv";
+    app.sdtaThermalValidationPath = tables + L"SDTALibThermalParamValidation.csv";
+    app.descrRulesPath = tables + L"DescrRules.csv";
+    app.descrRulesSdtaTypesPath = tables + L"DescrRules_SDTATypes.csv";
+    app.groupLibraryPath = tables + L"GLibData.glb";
+    app.managementTablePath = tables + L"SDTA_ASR_MGT.csv";
+    app.sdtaDefaultLParPath = tables + L"SDTA_Default_LPar.csv";
+
+    app.publicLibraryFolder = publicFolder;
+    if (app.publicLibraryFolder.empty())
+        static_cast<void>(ReadRegistryValue(app.hostTool, RegistryOperation::Read,
+                                            app.publicLibraryFolder, L"Settings", L"PLibPath"));
+    if (app.publicLibraryFolder.empty())
+        app.publicLibraryFolder = tables + L"Morlith_PLib";
+    app.publicSdtaLibraryPath = join(app.publicLibraryFolder, L"SDTALib_Public.csv");
+    app.publicAsrLibraryPath = join(app.publicLibraryFolder, L"AnalysesLib_Public.csv");
+    app.sdtaLibraryPath = join(app.libraryFolder, L"SDTALib_" + app.projectName + L".csv");
+    ResolveAnalysesFilePaths(app);
+}
+
+void ResolveAnalysesFilePaths(CPartwrightPlugInApp& app) {
+    app.asrLibraryPath = join(app.libraryFolder, L"AnalysesLib_" + app.projectName + L".csv");
+    app.asrPropertyLibraryPath = app.programFolder + L"Property_ASR_Library.csv";
+    app.asrDefaultLParPath = app.programFolder + L"ASR_Default_LPar.csv";
+}
+
+std::wstring localeDecimalPoint() {
+    try {
+        const wchar_t mark =
+            std::use_facet<std::numpunct<wchar_t>>(std::locale("")).decimal_point();
+        return std::wstring(1, mark);
+    } catch (const std::runtime_error&) {
+        return L"."; // the environment names a locale that is not installed
+    }
+}
+
+} // namespace partwright
