@@ -3,7 +3,6 @@
 #include "core/encoding.h"
 
 #include <ostream>
-#include <thread>
 
 namespace partwright::cli {
 
@@ -12,10 +11,6 @@ PromptAnswer ConsolePrompt::show(std::wstring_view /*title*/, std::wstring_view 
     ++shown_;
     err_ << encodeUtf8(text) << '\n';
     return buttons == PromptButtons::YesNo ? PromptAnswer::No : PromptAnswer::Ok;
-}
-
-void SystemClock::pause(std::chrono::milliseconds duration) {
-    std::this_thread::sleep_for(duration);
 }
 
 } // namespace partwright::cli

@@ -3,7 +3,6 @@
 // The command line's way of speaking: boxes become lines on the error stream, a question is
 // answered with what the command was told to do.
 
-#include "core/ports/clock.h"
 #include "core/ports/prompt.h"
 
 #include <iosfwd>
@@ -23,11 +22,6 @@ public:
 private:
     std::ostream& err_;
     int shown_ = 0;
-};
-
-class SystemClock final : public Clock {
-public:
-    void pause(std::chrono::milliseconds duration) override;
 };
 
 } // namespace partwright::cli

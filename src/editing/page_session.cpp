@@ -4,6 +4,7 @@
 #include "core/text.h"
 #include "editing/library_save.h"
 #include "editing/startup.h"
+#include "library/property_tables.h"
 
 #include <algorithm>
 #include <type_traits>
@@ -57,19 +58,7 @@ void add(GroupCount& count, const Record& record) {
 
 } // namespace
 
-template <class Record>
-LibraryPageSession<Record>::LibraryPageSession(CPartwrightPlugInApp& app, FillEngine& engine,
-                                               Prompt& prompt)
-    : app_(app), engine_(engine), prompt_(prompt) {}
-
-template <class Record>
-void LibraryPageSession<Record>::refresh() {
-    if (isDesign_ && addMissingParts())
-        RebuildKeySets();
-}
-
-template <class Record>
-const PartSelection& LibraryPageSession<Record>::filterSet() const {
+const PartSelection& PageSession::filterSet() const {
     switch (filter_) {
     case PageFilter::SelectedOnly:
         return selectedParts;
@@ -79,6 +68,12 @@ const PartSelection& LibraryPageSession<Record>::filterSet() const {
         break;
     }
     return isDesign_ ? designParts : publicParts;
+}
+
+template <class Record>
+void LibraryPageSession<Record>::refresh() {
+    if (isDesign_ && addMissingParts())
+        RebuildKeySets();
 }
 
 template <class Record>
@@ -104,8 +99,7 @@ void LibraryPageSession<Record>::RebuildKeySets() {
         for (const auto& [key, record] : library) {
             const auto inProject = projectParts.find(key);
             keys.emplace_hint(keys.end(), key,
-                              inProject == projectParts.end() ? std::wstring()
-                                                              : inProject->second);
+                              inProject == projectParts.end() ? std::wstring() : inProject->second);
         }
         return keys;
     };
@@ -130,7 +124,7 @@ std::vector<std::wstring> LibraryPageSession<Record>::parseDescriptions() {
 }
 
 template <class Record>
-bool LibraryPageSession<Record>::save(bool announce) {
+SaveOutcome LibraryPageSession<Record>::save(bool announce) {
     Library& master =
         isDesign_ ? Kind<Record>::designLibrary(app_) : Kind<Record>::publicLibrary(app_);
     master = workingLibrary();
@@ -142,11 +136,6 @@ template <class Record>
 void LibraryPageSession<Record>::takeMasters() {
     designLibrary = inCapitals(Kind<Record>::designLibrary(app_));
     publicLibrary = inCapitals(Kind<Record>::publicLibrary(app_));
-}
-
-template <class Record>
-void LibraryPageSession<Record>::fillProjectParts() {
-    projectParts = partsOfProject(app_, false);
 }
 
 template <class Record>
@@ -173,6 +162,7 @@ std::vector<GroupCount> LibraryPageSession<Record>::countsByGroup() const {
         const auto group = static_cast<std::int32_t>(i);
         GroupCount& count = counts.emplace_back();
         count.group = group;
+        count.shownNumber = group;
         count.name = names[i];
         count.family = Kind<Record>::family(group);
     }
@@ -190,13 +180,17 @@ template class LibraryPageSession<AsrComponent>;
 void SdtaPageSession::start() {
     takeMasters();
     selectedParts = partsOfProject(app_, true);
-    fillProjectParts();
+    projectParts = partsOfProject(app_, false);
     RebuildKeySets();
     engine_.loadForSdta(prompt_);
     filter_ = app_.selectedCount > 0 ? PageFilter::SelectedOnly : PageFilter::AllProject;
-    loadGroupNames(app_, prompt_);
+    tell(prompt_, LoadGroupNames(app_));
     engine_.prepare();
     refresh();
+}
+
+std::vector<PageFilter> SdtaPageSession::filters() const {
+    return {PageFilter::SelectedOnly, PageFilter::AllProject, PageFilter::FullLibrary};
 }
 
 std::vector<GroupCount> SdtaPageSession::counts() const {
@@ -225,15 +219,19 @@ void AsrPageSession::start() {
     loadAnalysesTables(app_, prompt_);
     loadAnalysesLibraries(app_, prompt_);
     takeMasters();
-    loadGroupNames(app_, prompt_);
+    tell(prompt_, LoadGroupNames(app_));
     engine_.loadForAnalyses(prompt_);
     engine_.prepare();
     loadSdtaLibraries(app_, prompt_);
     filter_ = PageFilter::AllProject;
     level_ = app_.analysisLevel != 0 ? AnalysisLevel::Rapid : AnalysisLevel::SchematicReview;
-    fillProjectParts();
+    projectParts = partsOfProject(app_, false);
     RebuildKeySets();
     refresh();
+}
+
+std::vector<PageFilter> AsrPageSession::filters() const {
+    return {PageFilter::AllProject, PageFilter::FullLibrary};
 }
 
 std::vector<GroupCount> AsrPageSession::counts() const {
@@ -241,6 +239,8 @@ std::vector<GroupCount> AsrPageSession::counts() const {
     std::erase_if(all, [](const GroupCount& count) {
         return count.name.find(notApplicableGroup) != std::wstring::npos;
     });
+    for (std::size_t i = 0; i < all.size(); ++i)
+        all[i].shownNumber = static_cast<std::int32_t>(i);
     std::vector<GroupCount> ordered;
     ordered.reserve(all.size());
     std::vector<std::wstring> families;
@@ -252,6 +252,18 @@ std::vector<GroupCount> AsrPageSession::counts() const {
             if (count.family == family)
                 ordered.push_back(count);
     return ordered;
+}
+
+std::int32_t AsrPageSession::uncompletedOf(const GroupCount& line) const {
+    switch (level_) {
+    case AnalysisLevel::SchematicReview:
+        return line.uncompletedForAsr;
+    case AnalysisLevel::Rapid:
+        return line.uncompletedForRapid;
+    case AnalysisLevel::Full:
+        break;
+    }
+    return line.uncompleted;
 }
 
 bool AsrPageSession::addMissingParts() {

@@ -21,6 +21,7 @@
 #include "core/library_kind.h"
 #include "core/ports/prompt.h"
 #include "editing/fill_engine.h"
+#include "editing/library_save.h"
 
 #include <cstdint>
 #include <string>
@@ -39,6 +40,8 @@ enum class AnalysisLevel { SchematicReview, Rapid, Full };
 /// One line of a page's list.
 struct GroupCount {
     std::int32_t group = 0;
+    /// What the page shows as the line's number.
+    std::int32_t shownNumber = 0;
     std::wstring name;
     std::wstring family;
     std::int32_t quantity = 0;
@@ -48,31 +51,23 @@ struct GroupCount {
     std::int32_t uncompleted = 0;
 };
 
-template <class Record>
-class LibraryPageSession {
+/// What both pages offer, whatever their library holds.
+class PageSession {
 public:
-    using Library = typename Kind<Record>::Library;
-
-    LibraryPageSession(CPartwrightPlugInApp& app, FillEngine& engine, Prompt& prompt);
-    LibraryPageSession(const LibraryPageSession&) = delete;
-    LibraryPageSession& operator=(const LibraryPageSession&) = delete;
-    virtual ~LibraryPageSession() = default;
-
-    /// Working copies, by part number in capitals.
-    Library designLibrary;
-    Library publicLibrary;
-    /// Part numbers of the project with their designators, and the keys of the two maps.
-    PartSelection projectParts;
-    PartSelection selectedParts;
-    PartSelection designParts;
-    PartSelection publicParts;
+    PageSession(CPartwrightPlugInApp& app, FillEngine& engine, Prompt& prompt)
+        : app_(app), engine_(engine), prompt_(prompt) {}
+    PageSession(const PageSession&) = delete;
+    PageSession& operator=(const PageSession&) = delete;
+    virtual ~PageSession() = default;
 
     /// Takes over the master copies and loads what the page needs.
     virtual void start() = 0;
+    /// Brings up to date what the list shows: in Design mode the project's missing parts are added.
+    virtual void refresh() = 0;
+    virtual void RebuildKeySets() = 0;
 
-    /// Rebuilds what the list shows: in Design mode the project's missing parts are added first.
-    void refresh();
-
+    /// The filter radios that the page has.
+    [[nodiscard]] virtual std::vector<PageFilter> filters() const = 0;
     void setFilter(PageFilter filter) { filter_ = filter; }
     [[nodiscard]] PageFilter filter() const { return filter_; }
     void setDesign(bool isDesign) { isDesign_ = isDesign; }
@@ -80,45 +75,72 @@ public:
 
     /// The set of the checked radio.
     [[nodiscard]] const PartSelection& filterSet() const;
-    [[nodiscard]] Library& workingLibrary();
-    [[nodiscard]] const Library& workingLibrary() const;
-    [[nodiscard]] const std::wstring& libraryPath() const;
-
     /// One line a group, in the order in which the page shows them.
     [[nodiscard]] virtual std::vector<GroupCount> counts() const = 0;
-
-    void RebuildKeySets();
+    /// Of a line, the count that the page calls uncompleted.
+    [[nodiscard]] virtual std::int32_t uncompletedOf(const GroupCount& line) const {
+        return line.uncompleted;
+    }
+    [[nodiscard]] virtual const std::wstring& libraryPath() const = 0;
 
     /// The two auto-fill commands over the records that pass the filter; the part numbers of the
     /// records gone through, in key order.
-    std::vector<std::wstring> runGroupLibrary();
-    std::vector<std::wstring> parseDescriptions();
+    virtual std::vector<std::wstring> runGroupLibrary() = 0;
+    virtual std::vector<std::wstring> parseDescriptions() = 0;
 
     /// Makes the working map the master copy and writes it over the file of the current library.
-    /// False when the file was not written; then everything stays in memory and a box told why.
-    bool save(bool announce);
+    virtual SaveOutcome save(bool announce) = 0;
 
     /// True once a record was changed, merged or saved since the start.
     [[nodiscard]] bool modified() const { return modified_; }
 
-protected:
-    /// Adds the parts of the project that the design library lacks; true when any was added.
-    virtual bool addMissingParts() = 0;
-    void takeMasters();
-    void fillProjectParts();
-    /// Record with the texts that the project's rows give for a part.
-    [[nodiscard]] Record newRecord(std::wstring_view partNumber, std::wstring_view designators) const;
-    /// True when the library has the part with a group and a type.
-    [[nodiscard]] static bool isUsable(const Library& library, std::wstring_view partNumber);
-    /// One count a group name, by group number; "Public" counts the whole public map.
-    [[nodiscard]] std::vector<GroupCount> countsByGroup() const;
+    /// Part numbers of the project with their designators, and the keys of the two maps.
+    PartSelection projectParts;
+    PartSelection selectedParts;
+    PartSelection designParts;
+    PartSelection publicParts;
 
+protected:
     CPartwrightPlugInApp& app_;
     FillEngine& engine_;
     Prompt& prompt_;
     PageFilter filter_ = PageFilter::AllProject;
     bool isDesign_ = true;
     bool modified_ = false;
+};
+
+template <class Record>
+class LibraryPageSession : public PageSession {
+public:
+    using Library = typename Kind<Record>::Library;
+    using PageSession::PageSession;
+
+    /// Working copies, by part number in capitals.
+    Library designLibrary;
+    Library publicLibrary;
+
+    void refresh() override;
+    void RebuildKeySets() override;
+    [[nodiscard]] const std::wstring& libraryPath() const override;
+    std::vector<std::wstring> runGroupLibrary() override;
+    std::vector<std::wstring> parseDescriptions() override;
+    SaveOutcome save(bool announce) override;
+
+    [[nodiscard]] Library& workingLibrary();
+    [[nodiscard]] const Library& workingLibrary() const;
+
+protected:
+    /// Adds the parts of the project that the design library lacks; true when any was added.
+    virtual bool addMissingParts() = 0;
+
+    void takeMasters();
+    /// Record with the texts that the project's rows give for a part.
+    [[nodiscard]] Record newRecord(std::wstring_view partNumber,
+                                   std::wstring_view designators) const;
+    /// True when the library has the part with a group and a type.
+    [[nodiscard]] static bool isUsable(const Library& library, std::wstring_view partNumber);
+    /// One count a group name, by group number; "Public" counts the whole public map.
+    [[nodiscard]] std::vector<GroupCount> countsByGroup() const;
 };
 
 extern template class LibraryPageSession<SdtaComponent>;
@@ -129,6 +151,7 @@ public:
     using LibraryPageSession::LibraryPageSession;
 
     void start() override;
+    [[nodiscard]] std::vector<PageFilter> filters() const override;
     /// Groups in the order of their numbers, those without parts included.
     [[nodiscard]] std::vector<GroupCount> counts() const override;
 
@@ -141,8 +164,12 @@ public:
     using LibraryPageSession::LibraryPageSession;
 
     void start() override;
+    [[nodiscard]] std::vector<PageFilter> filters() const override;
     /// Family by family in the order of their first group; codes that are not in use left out.
     [[nodiscard]] std::vector<GroupCount> counts() const override;
+
+    /// By the chosen level.
+    [[nodiscard]] std::int32_t uncompletedOf(const GroupCount& line) const override;
 
     void setLevel(AnalysisLevel level) { level_ = level; }
     [[nodiscard]] AnalysisLevel level() const { return level_; }

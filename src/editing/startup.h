@@ -1,17 +1,15 @@
 #pragma once
 
-// The order of a start: settings, project input, paths, group names, SDTA tables and libraries.
+// The order of a start: settings, project input, paths, SDTA tables, group names and libraries.
 // Everything else is loaded by the pages when they start. A table that is not there leaves the
 // program running with less; one that cannot be opened is told in a box.
 
 #include "core/application.h"
 #include "core/ports/clock.h"
 #include "core/ports/prompt.h"
-#include "core/text_file.h"
+#include "library/load_result.h"
 
 #include <string>
-#include <string_view>
-#include <vector>
 
 namespace partwright {
 
@@ -22,16 +20,16 @@ struct StartOptions {
     std::wstring publicFolder;
 };
 
-/// Fills the application from hostTool, libraryFolder and projectInputFolder.
+/// Fills the application from its hostTool, libraryFolder and projectInputFolder.
 void loadAtStart(CPartwrightPlugInApp& app, Clock& clock, Prompt& prompt,
                  const StartOptions& options);
 
-/// Shows the box of a table that is there and cannot be opened; silent otherwise. True when the
-/// table is usable or absent.
-bool tellTable(Prompt& prompt, FileStatus status, std::wstring_view path);
+/// The tables alone, for work without a project: paths, property rows and group names of both
+/// kinds.
+void loadTables(CPartwrightPlugInApp& app, Prompt& prompt, const StartOptions& options);
 
-/// Reads DescrRules.csv again and rebuilds the group list and the type lists.
-void loadGroupNames(CPartwrightPlugInApp& app, Prompt& prompt);
+/// Shows what a loader has to say, if anything.
+void tell(Prompt& prompt, const LoadResult& result, PromptIcon icon = PromptIcon::Information);
 
 /// The definition tables of the Analyses library, those that are not there yet.
 void loadAnalysesTables(CPartwrightPlugInApp& app, Prompt& prompt);
