@@ -13,6 +13,13 @@ std::wstring join(std::initializer_list<std::wstring_view> pieces) {
 
 } // namespace
 
+std::wstring completenessStatus(std::int32_t uncompleted, std::int32_t total) {
+    if (uncompleted == 0)
+        return join({L"All (", std::to_wstring(total), L") components completed"});
+    return join({std::to_wstring(uncompleted), L" uncompleted component",
+                 uncompleted > 1 ? L"s" : L"", L" of ", std::to_wstring(total), L" total"});
+}
+
 std::wstring failedToOpen(std::wstring_view path) {
     return join({L"Failed to Open File\n", path, L"."});
 }

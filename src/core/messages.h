@@ -3,6 +3,7 @@
 // Every text that the program shows in a box, one function each: a search for its words leads here
 // and to the one place that shows it. Arguments are typed; a user's text is never a format.
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,9 @@ inline constexpr std::wstring_view confirmAutoFill =
     L"on the accuracy of the descriptions to extract valid parameter values.\n - Please verify the "
     L"auto-filled values for accuracy after the process is complete.\n\nDo you want to proceed "
     L"with setting all missing values?\n[Yes, proceed] [No, cancel]";
+
+/// How many of the counted components are uncompleted.
+[[nodiscard]] std::wstring completenessStatus(std::int32_t uncompleted, std::int32_t total);
 
 /// A file is there and cannot be opened for reading.
 [[nodiscard]] std::wstring failedToOpen(std::wstring_view path);

@@ -1,0 +1,16 @@
+#include "cli/console.h"
+
+#include "core/encoding.h"
+
+#include <ostream>
+
+namespace partwright::cli {
+
+PromptAnswer ConsolePrompt::show(std::wstring_view /*title*/, std::wstring_view text,
+                                 PromptIcon /*icon*/, PromptButtons buttons) {
+    ++shown_;
+    err_ << encodeUtf8(text) << '\n';
+    return buttons == PromptButtons::YesNo ? PromptAnswer::No : PromptAnswer::Ok;
+}
+
+} // namespace partwright::cli

@@ -1,0 +1,50 @@
+#pragma once
+
+// What the arguments of partwright-cli say, as plain values.
+
+#include <cstdint>
+#include <string>
+
+namespace partwright::cli {
+
+/// Where the project and the tables stand; common to all commands.
+struct PlaceOptions {
+    std::string library;
+    std::string input;
+    std::string publicFolder;
+    std::string program;
+    std::int32_t host = 1;
+    bool json = false;
+};
+
+enum class FilterChoice { Selected, Project, Full };
+
+struct StatusOptions {
+    FilterChoice filter = FilterChoice::Selected;
+    bool filterGiven = false;
+};
+
+struct FillOptions {
+    bool groupLibrary = false;
+    bool descriptions = false;
+    bool sdta = false;
+    bool analyses = false;
+    bool dryRun = false;
+    FilterChoice filter = FilterChoice::Selected;
+    bool filterGiven = false;
+};
+
+struct LineOptions {
+    /// Answer in the form of the Analyses library.
+    bool analyses = false;
+    /// describe only: classify and fill from the decoded description.
+    bool fill = false;
+};
+
+struct ConvertOptions {
+    std::string in;
+    std::string out;
+    bool analyses = false;
+};
+
+} // namespace partwright::cli

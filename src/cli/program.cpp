@@ -1,0 +1,159 @@
+#include "cli/program.h"
+
+#include "cli/commands.h"
+#include "cli/options.h"
+
+#include <CLI/CLI.hpp>
+
+#include <functional>
+#include <map>
+#include <ostream>
+
+namespace partwright::cli {
+
+namespace {
+
+constexpr const char* version = "partwright-cli " PARTWRIGHT_VERSION;
+
+const std::map<std::string, FilterChoice> filterNames = {{"selected", FilterChoice::Selected},
+                                                         {"project", FilterChoice::Project},
+                                                         {"full", FilterChoice::Full}};
+
+void addPlace(CLI::App& command, PlaceOptions& place, bool project) {
+    if (project) {
+        command.add_option("--library", place.library, "Folder of the project's design libraries")
+            ->required();
+        command.add_option("--input", place.input, "Folder of the project input file");
+        command.add_option("--public", place.publicFolder,
+                           "Folder of the public libraries (default: the setting PLibPath)");
+    }
+    command.add_option("--host", place.host, "Design tool: 1 Altium, 2 OrCAD, 3 Mentor")
+        ->check(CLI::Range(1, 3))
+        ->capture_default_str();
+    command.add_option("--program", place.program,
+                       "Folder of the tables (default: worked out from the program's place)");
+}
+
+CLI::Option* addFilter(CLI::App& command, FilterChoice& filter) {
+    return command
+        .add_option("--filter", filter,
+                    "Parts that count: selected (Analyses: project), project or full "
+                    "(default: as the page opens)")
+        ->transform(CLI::CheckedTransformer(filterNames, CLI::ignore_case));
+}
+
+/// Builds the command tree; the chosen command is left in `action`.
+class Parser {
+public:
+    explicit Parser(Streams streams) : streams_(streams) {
+        app_.set_version_flag("--version", version);
+        app_.require_subcommand(1);
+        addStatus();
+        addFill();
+        addClassify();
+        addDescribe();
+        addConvert();
+        addTables();
+    }
+
+    int run(std::vector<std::string> arguments) {
+        std::reverse(arguments.begin(), arguments.end());
+        try {
+            app_.parse(arguments);
+        } catch (const CLI::ParseError& error) {
+            return app_.exit(error, streams_.out, streams_.err) == 0 ? Fine : Usage;
+        }
+        return action_();
+    }
+
+private:
+    void addStatus() {
+        CLI::App* command = app_.add_subcommand(
+            "status", "Both libraries by group: how many parts, how many uncompleted");
+        addPlace(*command, place_, true);
+        command->add_flag("--json", place_.json, "Answer as JSON");
+        CLI::Option* filter = addFilter(*command, status_.filter);
+        command->callback([this, filter] {
+            status_.filterGiven = filter->count() > 0;
+            action_ = [this] { return runStatus(place_, status_, streams_); };
+        });
+    }
+
+    void addFill() {
+        CLI::App* command = app_.add_subcommand(
+            "fill", "Fill empty values from part numbers and descriptions, then save");
+        addPlace(*command, place_, true);
+        command->add_flag("--json", place_.json, "Print the changes as JSON lines");
+        command->add_flag("--group-library", fill_.groupLibrary, "Decode part numbers");
+        command->add_flag("--descriptions", fill_.descriptions, "Parse descriptions");
+        command->add_flag("--sdta", fill_.sdta, "The SDTA library");
+        command->add_flag("--analyses", fill_.analyses, "The Analyses library");
+        command->add_flag("--dry-run", fill_.dryRun, "Show the changes and write nothing");
+        CLI::Option* filter = addFilter(*command, fill_.filter);
+        command->callback([this, filter] {
+            fill_.filterGiven = filter->count() > 0;
+            action_ = [this] { return runFill(place_, fill_, streams_); };
+        });
+    }
+
+    void addClassify() {
+        CLI::App* command = app_.add_subcommand(
+            "classify", "Group, type and values for lines refdes<TAB>description");
+        addPlace(*command, place_, false);
+        command->add_flag("--analyses", lines_.analyses, "Answer for the Analyses library");
+        command->callback(
+            [this] { action_ = [this] { return runClassify(place_, lines_, streams_); }; });
+    }
+
+    void addDescribe() {
+        CLI::App* command =
+            app_.add_subcommand("describe", "Descriptions for lines partNumber[<TAB>refdes]");
+        addPlace(*command, place_, false);
+        command->add_flag("--fill", lines_.fill,
+                          "Add the group, type and values the description leads to");
+        command->add_flag("--analyses", lines_.analyses, "Those of the Analyses library");
+        command->callback(
+            [this] { action_ = [this] { return runDescribe(place_, lines_, streams_); }; });
+    }
+
+    void addConvert() {
+        CLI::App* command = app_.add_subcommand("convert", "Read a library and write it again");
+        addPlace(*command, place_, false);
+        command->add_option("IN", convert_.in, "Library to read")->required();
+        command->add_option("OUT", convert_.out, "Library to write")->required();
+        command->add_option("--kind", kind_, "sdta or analyses")
+            ->required()
+            ->check(CLI::IsMember({"sdta", "analyses"}));
+        command->callback([this] {
+            convert_.analyses = kind_ == "analyses";
+            action_ = [this] { return runConvert(place_, convert_, streams_); };
+        });
+    }
+
+    void addTables() {
+        CLI::App* command = app_.add_subcommand("tables", "Check every table against every other");
+        addPlace(*command, place_, false);
+        command->add_flag("--json", place_.json, "Answer as JSON");
+        command->callback([this] { action_ = [this] { return runTables(place_, streams_); }; });
+    }
+
+    CLI::App app_{"Completes the parameters of a design's parts in two text libraries.",
+                  "partwright-cli"};
+    Streams streams_;
+    PlaceOptions place_;
+    StatusOptions status_;
+    FillOptions fill_;
+    LineOptions lines_;
+    ConvertOptions convert_;
+    std::string kind_;
+    std::function<int()> action_;
+};
+
+} // namespace
+
+int run(std::vector<std::string> arguments, std::istream& in, std::ostream& out,
+        std::ostream& err) {
+    return Parser({in, out, err}).run(std::move(arguments));
+}
+
+} // namespace partwright::cli

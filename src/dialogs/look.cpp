@@ -1,0 +1,33 @@
+#include "dialogs/look.h"
+
+#include <QIcon>
+
+namespace partwright::look {
+
+void paintHeader(QHeaderView& header) {
+    QPalette palette = header.palette();
+    palette.setColor(QPalette::Button, headerBackground);
+    palette.setColor(QPalette::Window, headerBackground);
+    palette.setColor(QPalette::ButtonText, darkText);
+    palette.setColor(QPalette::WindowText, darkText);
+    palette.setColor(QPalette::Text, darkText);
+    header.setPalette(palette);
+}
+
+QPushButton* imageButton(const QString& caption, const QString& image, const QString& toolTip,
+                         const QString& objectName) {
+    auto* button = new QPushButton(QIcon(QStringLiteral(":/images/") + image), caption);
+    button->setObjectName(objectName);
+    button->setToolTip(toolTip);
+    button->setAccessibleName(QString(caption).remove(QLatin1Char('&')));
+    button->setCursor(Qt::PointingHandCursor);
+    QPalette palette = button->palette();
+    palette.setColor(QPalette::Button, buttonFace);
+    palette.setColor(QPalette::Active, QPalette::ButtonText, darkText);
+    palette.setColor(QPalette::Inactive, QPalette::ButtonText, darkText);
+    palette.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(0x78, 0x80, 0x80));
+    button->setPalette(palette);
+    return button;
+}
+
+} // namespace partwright::look

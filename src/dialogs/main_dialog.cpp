@@ -1,0 +1,234 @@
+#include "dialogs/main_dialog.h"
+
+#include "dialogs/look.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QDialogButtonBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+namespace partwright {
+
+namespace {
+
+/// Commands whose work this version does not do yet; their buttons stand in their places.
+bool isAvailable(MainCommand command) {
+    return command == MainCommand::SaveLibrary || command == MainCommand::GroupLibrary ||
+           command == MainCommand::DescriptionParsing;
+}
+
+/// Shows the wait cursor while it lives.
+class WaitCursor {
+public:
+    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
+} // namespace
+
+CAboutDlg::CAboutDlg(QWidget* parent) : QDialog(parent) {
+    setWindowTitle(tr("About Partwright_PlugIn"));
+    setObjectName(QStringLiteral("aboutDialog"));
+    auto* column = new QVBoxLayout(this);
+    auto* row = new QHBoxLayout;
+    auto* picture = new QLabel(this);
+    const int side = fontMetrics().height() * 3;
+    picture->setPixmap(QIcon(QStringLiteral(":/images/partwright.svg"))
+                           .pixmap(QSize(side, side), devicePixelRatioF()));
+    row->addWidget(picture);
+    row->addWidget(new QLabel(tr("Partwright_PlugIn, Version 1.0"), this), 1);
+    column->addLayout(row);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    column->addWidget(buttons);
+}
+
+CPartwrightPlugInDlg::CPartwrightPlugInDlg(MainSession& session, QWidget* parent)
+    : QDialog(parent), session_(session) {
+    setWindowTitle(tr("Partwright"));
+    setWindowIcon(QIcon(QStringLiteral(":/images/partwright.svg")));
+    setObjectName(QStringLiteral("mainDialog"));
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    setSizeGripEnabled(true);
+    auto* row = new QHBoxLayout(this);
+    propertySheet_ = new CPropSheetList(this);
+    propertySheet_->setObjectName(QStringLiteral("propertySheet"));
+    sdtaPage_ = new CSDTAPage(session_.sdtaPage, propertySheet_);
+    asrPage_ = new CASRPage(session_.asrPage, propertySheet_);
+    propertySheet_->addTab(sdtaPage_, tr("SDTA"));
+    propertySheet_->addTab(asrPage_, tr("Analyses"));
+    row->addWidget(propertySheet_, 1);
+    row->addLayout(makeCommands());
+
+    propertySheet_->setCurrentIndex(session_.activePage());
+    connect(propertySheet_, &QTabWidget::currentChanged, this, [this](int index) {
+        session_.setActivePage(index);
+        showCommands();
+    });
+    connect(sdtaPage_, &CLibraryPage::changed, this, [this] { showCommands(); });
+    connect(asrPage_, &CLibraryPage::changed, this, [this] { showCommands(); });
+    connect(sdtaPage_, &CLibraryPage::groupOpened, this,
+            [this](int group) { emit groupOpened(0, group); });
+    connect(asrPage_, &CLibraryPage::groupOpened, this,
+            [this](int group) { emit groupOpened(1, group); });
+    showAll();
+    const int unit = fontMetrics().averageCharWidth();
+    resize(unit * 130, fontMetrics().height() * 42);
+}
+
+QBoxLayout* CPartwrightPlugInDlg::makeCommands() {
+    auto* column = new QVBoxLayout;
+    column->addWidget(makeLibraryTypeBox());
+    addCommand(column, MainCommand::SaveLibrary, tr("Save &Library"), QStringLiteral("save.svg"),
+               tr("Saves Library Values to File"), QStringLiteral("saveLibrary"));
+    addCommand(column, MainCommand::ImportLibrary, tr("&Import Library"),
+               QStringLiteral("import.svg"), QString(), QStringLiteral("importLibrary"));
+    addCommand(column, MainCommand::ExportLibrary, tr("&Export Library"),
+               QStringLiteral("export.svg"), QString(), QStringLiteral("exportLibrary"));
+    addCommand(column, MainCommand::AddToPublicLibrary, tr("Add to Public Library"),
+               QStringLiteral("add_public.svg"), QString(), QStringLiteral("addToPublicLibrary"));
+    column->addWidget(makeFillBox());
+    addCommand(column, MainCommand::RequestLibrary, tr("Request Library"),
+               QStringLiteral("request.svg"), tr("Request Library from Varnel"),
+               QStringLiteral("requestLibrary"));
+    addCommand(column, MainCommand::SyncLibraries, tr("Sync Libraries"), QStringLiteral("sync.svg"),
+               tr("Compare parameter values for the same Part Numbers."),
+               QStringLiteral("syncLibraries"));
+    addCommand(column, MainCommand::SelectDatasheetFolder, tr("Select Datasheet folder"),
+               QStringLiteral("folder.svg"), tr("Selecting the folder path containing PDF files."),
+               QStringLiteral("selectDatasheetFolder"));
+    addCommand(column, MainCommand::ClearLibrary, tr("Clear Library"), QStringLiteral("clear.svg"),
+               tr("Clear Design Libraries by selected parameters."),
+               QStringLiteral("clearLibrary"));
+    column->addStretch(1);
+    QPushButton* ok = look::imageButton(tr("OK"), QStringLiteral("ok.svg"),
+                                        tr("Saves Library Values"), QStringLiteral("ok"));
+    ok->setDefault(true);
+    connect(ok, &QPushButton::clicked, this, &CPartwrightPlugInDlg::accept);
+    QPushButton* cancel = look::imageButton(tr("Cancel"), QStringLiteral("cancel.svg"), QString(),
+                                            QStringLiteral("cancel"));
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    column->addWidget(ok);
+    column->addWidget(cancel);
+    return column;
+}
+
+QWidget* CPartwrightPlugInDlg::makeLibraryTypeBox() {
+    auto* box = new QGroupBox(tr("Library Type:"), this);
+    box->setObjectName(QStringLiteral("libraryTypeBox"));
+    auto* row = new QHBoxLayout(box);
+    const auto addType = [&](const QString& caption, const QString& name, bool design) {
+        auto* radio = new QRadioButton(caption, box);
+        radio->setObjectName(name);
+        radio->setChecked(session_.isDesign() == design);
+        connect(radio, &QRadioButton::clicked, this, [this, design] {
+            const WaitCursor wait;
+            session_.setLibraryType(design);
+            showAll();
+        });
+        row->addWidget(radio);
+    };
+    addType(tr("Design"), QStringLiteral("design"), true);
+    addType(tr("Public"), QStringLiteral("public"), false);
+    return box;
+}
+
+QWidget* CPartwrightPlugInDlg::makeFillBox() {
+    auto* box = new QGroupBox(tr("Auto-Fill Library Missing Values:"), this);
+    box->setObjectName(QStringLiteral("fillBox"));
+    auto* column = new QVBoxLayout(box);
+    addCommand(
+        column, MainCommand::GroupLibrary, tr("Group Library"), QStringLiteral("group_library.svg"),
+        tr("Run Group Library Alghorithm to Set Empty Parameters"), QStringLiteral("groupLibrary"));
+    addCommand(column, MainCommand::DescriptionParsing, tr("Description Parsing"),
+               QStringLiteral("description.svg"),
+               tr("Set All Empty Library Values as Description Parsed"),
+               QStringLiteral("descriptionParsing"));
+    addCommand(column, MainCommand::ImportFromPublicLibrary, tr("Import from Public Library"),
+               QStringLiteral("import_public.svg"), QString(),
+               QStringLiteral("importFromPublicLibrary"));
+    return box;
+}
+
+QPushButton* CPartwrightPlugInDlg::addCommand(QBoxLayout* layout, MainCommand command,
+                                              const QString& caption, const QString& image,
+                                              const QString& toolTip, const QString& name) {
+    QPushButton* button = look::imageButton(caption, image, toolTip, name);
+    button->setAutoDefault(false);
+    connect(button, &QPushButton::clicked, this, [this, command] { run(command); });
+    layout->addWidget(button);
+    commands_[command] = button;
+    return button;
+}
+
+void CPartwrightPlugInDlg::run(MainCommand command) {
+    switch (command) {
+    case MainCommand::SaveLibrary: {
+        const bool refreshed = session_.activePage() == 0;
+        session_.saveActivePage();
+        if (refreshed)
+            showAll();
+        break;
+    }
+    case MainCommand::GroupLibrary: {
+        const WaitCursor wait;
+        session_.runGroupLibrary();
+        showAll();
+        break;
+    }
+    case MainCommand::DescriptionParsing:
+        session_.parseDescriptions();
+        showAll();
+        break;
+    default:
+        break;
+    }
+}
+
+void CPartwrightPlugInDlg::showAll() {
+    sdtaPage_->showSession();
+    asrPage_->showSession();
+    showCommands();
+}
+
+void CPartwrightPlugInDlg::showCommands() {
+    for (const auto& [command, button] : commands_)
+        button->setEnabled(isAvailable(command) && session_.isOffered(command));
+}
+
+void CPartwrightPlugInDlg::accept() {
+    if (session_.closeWithOk())
+        QDialog::accept();
+    else
+        showAll();
+}
+
+void CPartwrightPlugInDlg::contextMenuEvent(QContextMenuEvent* event) {
+    QMenu menu(this);
+    menu.setObjectName(QStringLiteral("windowMenu"));
+    connect(menu.addAction(tr("&About Partwright_PlugIn...")), &QAction::triggered, this,
+            &CPartwrightPlugInDlg::showAbout);
+    menu.exec(event->globalPos());
+}
+
+void CPartwrightPlugInDlg::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F1)
+        showAbout();
+    else
+        QDialog::keyPressEvent(event);
+}
+
+void CPartwrightPlugInDlg::showAbout() {
+    CAboutDlg(this).exec();
+}
+
+} // namespace partwright

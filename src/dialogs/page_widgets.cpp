@@ -1,0 +1,231 @@
+#include "dialogs/page_widgets.h"
+
+#include "core/messages.h"
+#include "dialogs/look.h"
+
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QIcon>
+#include <QKeyEvent>
+#include <QVBoxLayout>
+
+namespace partwright {
+
+namespace {
+
+enum Column { Number, Group, Quantity, Uncompleted, Family, ColumnCount };
+
+QString text(std::int32_t number) {
+    return QString::number(number);
+}
+
+QTableWidgetItem* cell(const QString& value) {
+    auto* item = new QTableWidgetItem(value);
+    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+    item->setBackground(look::listBackground);
+    item->setForeground(look::darkText);
+    item->setToolTip(value);
+    return item;
+}
+
+} // namespace
+
+CMyListCtrl::CMyListCtrl(QWidget* parent) : QTableWidget(0, ColumnCount, parent) {
+    setHorizontalHeaderLabels({QStringLiteral("NN"), QStringLiteral("Group"),
+                               QStringLiteral("Quantity"), QStringLiteral("Uncompleted"),
+                               QStringLiteral("Family")});
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setTabKeyNavigation(false);
+    verticalHeader()->hide();
+    look::paintHeader(*horizontalHeader());
+    connect(this, &QTableWidget::cellDoubleClicked, this,
+            [this](int row) { emit lineOpened(row); });
+}
+
+void CMyListCtrl::showLines(const std::vector<GroupCount>& lines, const PageSession& session) {
+    const int current = currentRow();
+    setUpdatesEnabled(false);
+    setRowCount(static_cast<int>(lines.size()));
+    for (int row = 0; row < rowCount(); ++row) {
+        const GroupCount& line = lines[static_cast<std::size_t>(row)];
+        const std::int32_t uncompleted = session.uncompletedOf(line);
+        setItem(row, Number, cell(text(line.shownNumber)));
+        setItem(row, Group, cell(QString::fromStdWString(line.name)));
+        setItem(row, Quantity, cell(text(line.quantity)));
+        setItem(row, Uncompleted, cell(text(uncompleted)));
+        setItem(row, Family, cell(QString::fromStdWString(line.family)));
+        if (uncompleted != 0)
+            item(row, Uncompleted)->setForeground(look::alarmText);
+    }
+    setUpdatesEnabled(true);
+    if (rowCount() > 0)
+        setCurrentCell(std::clamp(current, 0, rowCount() - 1), 0);
+}
+
+void CMyListCtrl::keyPressEvent(QKeyEvent* event) {
+    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && currentRow() >= 0)
+        emit lineOpened(currentRow());
+    else
+        QTableWidget::keyPressEvent(event);
+}
+
+void CMyListCtrl::resizeEvent(QResizeEvent* event) {
+    QTableWidget::resizeEvent(event);
+    if (sized_ || !isVisible())
+        return;
+    sized_ = true;
+    for (std::size_t i = 0; i < fractions_.size(); ++i)
+        setColumnWidth(static_cast<int>(i), static_cast<int>(fractions_[i] * viewport()->width()));
+}
+
+CLibraryPage::CLibraryPage(PageSession& session, QString prefix, QWidget* parent)
+    : QWidget(parent), session_(session), prefix_(std::move(prefix)) {
+    auto* column = new QVBoxLayout(this);
+    QGroupBox* pathBox = makeBox(tr("Library file path:"), QStringLiteral("PathBox"));
+    path_ = new QLineEdit(pathBox);
+    path_->setReadOnly(true);
+    path_->setObjectName(objectName("Path"));
+    path_->setAccessibleName(tr("Library file path"));
+    (new QHBoxLayout(pathBox))->addWidget(path_);
+    column->addWidget(pathBox);
+    optionsRow_ = new QHBoxLayout;
+    column->addLayout(optionsRow_);
+    list_ = new CMyListCtrl(this);
+    list_->setObjectName(objectName("List"));
+    list_->setAccessibleName(tr("Groups of the library"));
+    connect(list_, &CMyListCtrl::lineOpened, this, [this](int row) {
+        if (row >= 0 && static_cast<std::size_t>(row) < groupOfRow_.size())
+            emit groupOpened(groupOfRow_[static_cast<std::size_t>(row)]);
+    });
+}
+
+QString CLibraryPage::objectName(const char* suffix) const {
+    return prefix_ + QLatin1String(suffix);
+}
+
+QGroupBox* CLibraryPage::makeBox(const QString& title, const QString& name) {
+    auto* box = new QGroupBox(title, this);
+    box->setObjectName(prefix_ + name);
+    return box;
+}
+
+QRadioButton* CLibraryPage::addFilterRadio(QBoxLayout* layout, PageFilter filter,
+                                           const QString& caption, const QString& name) {
+    auto* radio = new QRadioButton(caption);
+    radio->setObjectName(prefix_ + name);
+    layout->addWidget(radio);
+    filterRadios_.emplace_back(filter, radio);
+    connect(radio, &QRadioButton::clicked, this, [this, filter] {
+        if (session_.filter() == filter)
+            return;
+        session_.setFilter(filter);
+        session_.refresh();
+        showSession();
+        emit changed();
+    });
+    return radio;
+}
+
+void CLibraryPage::addStatusBox() {
+    QGroupBox* box = makeBox(tr("Library Completeness Status:"), QStringLiteral("StatusBox"));
+    auto* row = new QHBoxLayout(box);
+    statusPicture_ = new QLabel(box);
+    statusPicture_->setObjectName(objectName("StatusPicture"));
+    statusText_ = new QLabel(box);
+    statusText_->setObjectName(objectName("StatusText"));
+    statusText_->setWordWrap(true);
+    row->addWidget(statusPicture_);
+    row->addWidget(statusText_, 1);
+    optionsRow_->addWidget(box, 1);
+}
+
+void CLibraryPage::finishLayout() {
+    addStatusBox();
+    layout()->addWidget(list_);
+    qobject_cast<QVBoxLayout*>(layout())->setStretchFactor(list_, 1);
+}
+
+void CLibraryPage::showSession() {
+    const std::vector<GroupCount> lines = session_.counts();
+    std::int32_t total = 0;
+    std::int32_t uncompleted = 0;
+    groupOfRow_.clear();
+    for (const GroupCount& line : lines) {
+        total += line.quantity;
+        uncompleted += session_.uncompletedOf(line);
+        groupOfRow_.push_back(line.group);
+    }
+    list_->showLines(lines, session_);
+    const QIcon mark(uncompleted == 0 ? QStringLiteral(":/images/status_complete.svg")
+                                      : QStringLiteral(":/images/status_uncompleted.svg"));
+    const int side = fontMetrics().height() * 3 / 2;
+    statusPicture_->setPixmap(mark.pixmap(QSize(side, side), devicePixelRatioF()));
+    const QString status = QString::fromStdWString(message::completenessStatus(uncompleted, total));
+    statusText_->setText(status);
+    statusPicture_->setAccessibleName(status);
+    path_->setText(QString::fromStdWString(session_.libraryPath()));
+    path_->setToolTip(path_->text());
+    for (const auto& [filter, radio] : filterRadios_) {
+        radio->setChecked(session_.filter() == filter);
+        radio->setEnabled(session_.isDesign() || filter == PageFilter::FullLibrary);
+    }
+    showOptions();
+}
+
+CSDTAPage::CSDTAPage(SdtaPageSession& session, QWidget* parent)
+    : CLibraryPage(session, QStringLiteral("sdta"), parent) {
+    QGroupBox* box = makeBox(tr("Library Components:"), QStringLiteral("FilterBox"));
+    auto* column = new QVBoxLayout(box);
+    addFilterRadio(column, PageFilter::SelectedOnly, tr("Selected Only"),
+                   QStringLiteral("SelectedOnly"));
+    addFilterRadio(column, PageFilter::AllProject, tr("All Project"), QStringLiteral("AllProject"));
+    addFilterRadio(column, PageFilter::FullLibrary, tr("Full Library"),
+                   QStringLiteral("FullLibrary"));
+    optionsRow()->addWidget(box);
+    list()->setFractions({0.10, 0.25, 0.15, 0.22, 0.27});
+    finishLayout();
+}
+
+CASRPage::CASRPage(AsrPageSession& session, QWidget* parent)
+    : CLibraryPage(session, QStringLiteral("asr"), parent), asrSession_(session) {
+    QGroupBox* filterBox = makeBox(tr("Library Components:"), QStringLiteral("FilterBox"));
+    auto* filters = new QVBoxLayout(filterBox);
+    addFilterRadio(filters, PageFilter::AllProject, tr("Project Only"),
+                   QStringLiteral("ProjectOnly"));
+    addFilterRadio(filters, PageFilter::FullLibrary, tr("Full Library"),
+                   QStringLiteral("FullLibrary"));
+    optionsRow()->addWidget(filterBox);
+
+    QGroupBox* levelBox = makeBox(tr("Library Completeness Level:"), QStringLiteral("LevelBox"));
+    auto* levels = new QVBoxLayout(levelBox);
+    const auto addLevel = [&](AnalysisLevel level, const QString& caption, const char* name) {
+        auto* radio = new QRadioButton(caption, levelBox);
+        radio->setObjectName(objectName(name));
+        levels->addWidget(radio);
+        levelRadios_.emplace_back(level, radio);
+        connect(radio, &QRadioButton::clicked, this, [this, level] {
+            if (asrSession_.level() == level)
+                return;
+            asrSession_.setLevel(level);
+            asrSession_.refresh();
+            showSession();
+            emit changed();
+        });
+    };
+    addLevel(AnalysisLevel::SchematicReview, tr("Schematic Review (ASR)"), "LevelAsr");
+    addLevel(AnalysisLevel::Rapid, tr("Auto Stress Calculation (Rapid )"), "LevelRapid");
+    addLevel(AnalysisLevel::Full, tr("Tessara (Full)"), "LevelFull");
+    optionsRow()->addWidget(levelBox);
+    list()->setFractions({0.10, 0.25, 0.15, 0.22, 0.24});
+    finishLayout();
+}
+
+void CASRPage::showOptions() {
+    for (const auto& [level, radio] : levelRadios_)
+        radio->setChecked(asrSession_.level() == level);
+}
+
+} // namespace partwright

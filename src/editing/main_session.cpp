@@ -1,0 +1,84 @@
+#include "editing/main_session.h"
+
+#include "core/messages.h"
+
+namespace partwright {
+
+MainSession::MainSession(CPartwrightPlugInApp& app, FillEngine& engine, Prompt& prompt)
+    : sdtaPage(app, engine, prompt), asrPage(app, engine, prompt), app_(app), prompt_(prompt) {}
+
+void MainSession::start() {
+    for (int index = 0; index < pageCount; ++index) {
+        activePage_ = index;
+        page(index).start();
+    }
+    activePage_ = app_.startPage == 1 ? 1 : 0;
+}
+
+PageSession& MainSession::page(int index) {
+    if (index == 0)
+        return sdtaPage;
+    return asrPage;
+}
+
+void MainSession::setLibraryType(bool isDesign) {
+    if (isDesign == isDesign_)
+        return; // a press on the radio that is checked already
+    isDesign_ = isDesign;
+    for (int index = 0; index < pageCount; ++index) {
+        PageSession& one = page(index);
+        PageFilter& stored = storedFilterRadio_[static_cast<std::size_t>(index)];
+        if (!isDesign)
+            stored = one.filter();
+        one.setDesign(isDesign);
+        one.setFilter(isDesign ? stored : PageFilter::FullLibrary);
+        one.refresh();
+    }
+}
+
+bool MainSession::isOffered(MainCommand command) {
+    switch (command) {
+    case MainCommand::SaveLibrary:
+    case MainCommand::ExportLibrary:
+    case MainCommand::SelectDatasheetFolder:
+        return true;
+    case MainCommand::GroupLibrary:
+    case MainCommand::DescriptionParsing:
+        return page(activePage_).filter() != PageFilter::FullLibrary;
+    case MainCommand::ImportLibrary:
+    case MainCommand::AddToPublicLibrary:
+    case MainCommand::ImportFromPublicLibrary:
+    case MainCommand::RequestLibrary:
+    case MainCommand::SyncLibraries:
+    case MainCommand::ClearLibrary:
+        break;
+    }
+    return isDesign_;
+}
+
+void MainSession::saveActivePage() {
+    PageSession& active = page(activePage_);
+    active.save(true);
+    if (activePage_ == 0) {
+        active.RebuildKeySets();
+        active.refresh();
+    }
+}
+
+void MainSession::runGroupLibrary() {
+    page(activePage_).runGroupLibrary();
+}
+
+void MainSession::parseDescriptions() {
+    if (prompt_.ask(message::confirmAutoFillTitle, message::confirmAutoFill))
+        page(activePage_).parseDescriptions();
+}
+
+bool MainSession::closeWithOk() {
+    bool close = true;
+    for (int index = 0; index < pageCount; ++index)
+        close = page(index).save(false) != SaveOutcome::Failed && close;
+    return close;
+}
+
+} // namespace partwright

@@ -1,0 +1,70 @@
+#pragma once
+
+// What the main window does, without a widget: two pages, the library type, which commands are
+// offered, the two auto-fill commands, and the way it ends.
+//
+// "Save" writes the active page's library, "OK" both libraries of the current type, changed or not.
+// Cancel writes nothing.
+
+#include "core/application.h"
+#include "core/ports/prompt.h"
+#include "editing/page_session.h"
+
+#include <array>
+
+namespace partwright {
+
+enum class MainCommand {
+    SaveLibrary,
+    ImportLibrary,
+    ExportLibrary,
+    AddToPublicLibrary,
+    GroupLibrary,
+    DescriptionParsing,
+    ImportFromPublicLibrary,
+    RequestLibrary,
+    SyncLibraries,
+    SelectDatasheetFolder,
+    ClearLibrary,
+};
+
+class MainSession {
+public:
+    MainSession(CPartwrightPlugInApp& app, FillEngine& engine, Prompt& prompt);
+
+    /// Starts both pages, SDTA first, and activates the one that the command line named.
+    void start();
+
+    SdtaPageSession sdtaPage;
+    AsrPageSession asrPage;
+
+    static constexpr int pageCount = 2;
+    [[nodiscard]] PageSession& page(int index);
+    void setActivePage(int index) { activePage_ = index; }
+    [[nodiscard]] int activePage() const { return activePage_; }
+
+    /// Leaving "Design" remembers each page's filter and shows everything; the way back restores
+    /// it.
+    void setLibraryType(bool isDesign);
+    [[nodiscard]] bool isDesign() const { return isDesign_; }
+
+    /// Whether the rules of the window offer a command now.
+    [[nodiscard]] bool isOffered(MainCommand command);
+
+    void saveActivePage();
+    void runGroupLibrary();
+    /// Asks first; anything but Yes changes nothing.
+    void parseDescriptions();
+
+    /// Saves all; true when the window closes.
+    bool closeWithOk();
+
+private:
+    CPartwrightPlugInApp& app_;
+    Prompt& prompt_;
+    int activePage_ = 0;
+    bool isDesign_ = true;
+    std::array<PageFilter, pageCount> storedFilterRadio_{};
+};
+
+} // namespace partwright

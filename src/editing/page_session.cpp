@@ -1,0 +1,297 @@
+#include "editing/page_session.h"
+
+#include "core/cell_text.h"
+#include "core/text.h"
+#include "editing/library_save.h"
+#include "editing/startup.h"
+#include "library/property_tables.h"
+
+#include <algorithm>
+#include <type_traits>
+
+namespace partwright {
+
+namespace {
+
+/// A text that the library's reader takes back whole.
+std::wstring cut(std::wstring text) {
+    if (text.size() > cell::maximumLength)
+        text.resize(cell::maximumLength);
+    return text;
+}
+
+/// The first value of the placements of a part, in key order, that is not empty.
+std::wstring projectText(const CPartwrightPlugInApp& app, std::wstring_view designators,
+                         std::wstring_view column) {
+    for (const std::wstring_view designator : split(designators, L',')) {
+        std::wstring value = app.ProjectValue(designator, column);
+        if (!value.empty())
+            return cut(std::move(value));
+    }
+    return {};
+}
+
+/// Copy of a master with keys and part numbers in capitals; of records that differ only in case
+/// the last one wins.
+template <class Library>
+Library inCapitals(const Library& master) {
+    Library result;
+    for (const auto& [key, record] : master) {
+        auto copy = record;
+        copy.PartNum = upperCase(copy.PartNum);
+        result.insert_or_assign(upperCase(key), std::move(copy));
+    }
+    return result;
+}
+
+template <class Record>
+void add(GroupCount& count, const Record& record) {
+    ++count.quantity;
+    count.uncompleted += record.completed == 0 ? 1 : 0;
+    if constexpr (std::is_same_v<Record, AsrComponent>) {
+        count.uncompletedForAsr += record.completedForAsr == 0 ? 1 : 0;
+        count.uncompletedForRapid += record.completedForRapid == 0 ? 1 : 0;
+    } else {
+        count.uncompletedForAsr = count.uncompletedForRapid = count.uncompleted;
+    }
+}
+
+} // namespace
+
+const PartSelection& PageSession::filterSet() const {
+    switch (filter_) {
+    case PageFilter::SelectedOnly:
+        return selectedParts;
+    case PageFilter::AllProject:
+        return projectParts;
+    case PageFilter::FullLibrary:
+        break;
+    }
+    return isDesign_ ? designParts : publicParts;
+}
+
+template <class Record>
+void LibraryPageSession<Record>::refresh() {
+    if (isDesign_ && addMissingParts())
+        RebuildKeySets();
+}
+
+template <class Record>
+typename LibraryPageSession<Record>::Library& LibraryPageSession<Record>::workingLibrary() {
+    return isDesign_ ? designLibrary : publicLibrary;
+}
+
+template <class Record>
+const typename LibraryPageSession<Record>::Library&
+LibraryPageSession<Record>::workingLibrary() const {
+    return isDesign_ ? designLibrary : publicLibrary;
+}
+
+template <class Record>
+const std::wstring& LibraryPageSession<Record>::libraryPath() const {
+    return isDesign_ ? Kind<Record>::designPath(app_) : Kind<Record>::publicPath(app_);
+}
+
+template <class Record>
+void LibraryPageSession<Record>::RebuildKeySets() {
+    const auto keysOf = [this](const Library& library) {
+        PartSelection keys;
+        for (const auto& [key, record] : library) {
+            const auto inProject = projectParts.find(key);
+            keys.emplace_hint(keys.end(), key,
+                              inProject == projectParts.end() ? std::wstring() : inProject->second);
+        }
+        return keys;
+    };
+    designParts = keysOf(designLibrary);
+    publicParts = keysOf(publicLibrary);
+}
+
+template <class Record>
+std::vector<std::wstring> LibraryPageSession<Record>::runGroupLibrary() {
+    auto changed = engine_.runGroupLibrary(filterSet(), workingLibrary(), prompt_);
+    modified_ = modified_ || !changed.empty();
+    refresh();
+    return changed;
+}
+
+template <class Record>
+std::vector<std::wstring> LibraryPageSession<Record>::parseDescriptions() {
+    auto changed = engine_.parseDescriptions(filterSet(), workingLibrary());
+    modified_ = modified_ || !changed.empty();
+    refresh();
+    return changed;
+}
+
+template <class Record>
+SaveOutcome LibraryPageSession<Record>::save(bool announce) {
+    Library& master =
+        isDesign_ ? Kind<Record>::designLibrary(app_) : Kind<Record>::publicLibrary(app_);
+    master = workingLibrary();
+    modified_ = true;
+    return saveLibraryFile<Record>(app_, master, libraryPath(), announce, prompt_);
+}
+
+template <class Record>
+void LibraryPageSession<Record>::takeMasters() {
+    designLibrary = inCapitals(Kind<Record>::designLibrary(app_));
+    publicLibrary = inCapitals(Kind<Record>::publicLibrary(app_));
+}
+
+template <class Record>
+Record LibraryPageSession<Record>::newRecord(std::wstring_view partNumber,
+                                             std::wstring_view designators) const {
+    Record record;
+    record.PartNum = cut(upperCase(partNumber));
+    record.CatNum = projectText(app_, designators, app_.columnCatalogNumber);
+    record.Description = projectText(app_, designators, app_.columnDescription);
+    return record;
+}
+
+template <class Record>
+bool LibraryPageSession<Record>::isUsable(const Library& library, std::wstring_view partNumber) {
+    const auto found = library.find(partNumber);
+    return found != library.end() && found->second.group > 0 && found->second.type >= 0;
+}
+
+template <class Record>
+std::vector<GroupCount> LibraryPageSession<Record>::countsByGroup() const {
+    std::vector<GroupCount> counts;
+    const auto& names = Kind<Record>::groupNames(app_);
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        const auto group = static_cast<std::int32_t>(i);
+        GroupCount& count = counts.emplace_back();
+        count.group = group;
+        count.shownNumber = group;
+        count.name = names[i];
+        count.family = Kind<Record>::family(group);
+    }
+    const PartSelection& filter = filterSet();
+    for (const auto& [key, record] : workingLibrary())
+        if (record.group >= 0 && static_cast<std::size_t>(record.group) < counts.size() &&
+            (!isDesign_ || filter.contains(key)))
+            add(counts[static_cast<std::size_t>(record.group)], record);
+    return counts;
+}
+
+template class LibraryPageSession<SdtaComponent>;
+template class LibraryPageSession<AsrComponent>;
+
+void SdtaPageSession::start() {
+    takeMasters();
+    selectedParts = partsOfProject(app_, true);
+    projectParts = partsOfProject(app_, false);
+    RebuildKeySets();
+    engine_.loadForSdta(prompt_);
+    filter_ = app_.selectedCount > 0 ? PageFilter::SelectedOnly : PageFilter::AllProject;
+    tell(prompt_, LoadGroupNames(app_));
+    engine_.prepare();
+    refresh();
+}
+
+std::vector<PageFilter> SdtaPageSession::filters() const {
+    return {PageFilter::SelectedOnly, PageFilter::AllProject, PageFilter::FullLibrary};
+}
+
+std::vector<GroupCount> SdtaPageSession::counts() const {
+    return countsByGroup();
+}
+
+bool SdtaPageSession::addMissingParts() {
+    bool added = false;
+    const PartSelection& wanted =
+        filter_ == PageFilter::SelectedOnly ? selectedParts : projectParts;
+    for (const auto& [partNumber, designators] : wanted) {
+        if (isUsable(designLibrary, partNumber))
+            continue;
+        SdtaComponent record = newRecord(partNumber, designators);
+        const Classification found = engine_.classify(designators, record.Description);
+        record.group = found.group;
+        record.type = found.type;
+        record.family = FamilyNumber(FamilyOfSdtaGroup(record.group));
+        designLibrary.insert_or_assign(record.PartNum, std::move(record));
+        added = true;
+    }
+    return added;
+}
+
+void AsrPageSession::start() {
+    loadAnalysesTables(app_, prompt_);
+    loadAnalysesLibraries(app_, prompt_);
+    takeMasters();
+    tell(prompt_, LoadGroupNames(app_));
+    engine_.loadForAnalyses(prompt_);
+    engine_.prepare();
+    loadSdtaLibraries(app_, prompt_);
+    filter_ = PageFilter::AllProject;
+    level_ = app_.analysisLevel != 0 ? AnalysisLevel::Rapid : AnalysisLevel::SchematicReview;
+    projectParts = partsOfProject(app_, false);
+    RebuildKeySets();
+    refresh();
+}
+
+std::vector<PageFilter> AsrPageSession::filters() const {
+    return {PageFilter::AllProject, PageFilter::FullLibrary};
+}
+
+std::vector<GroupCount> AsrPageSession::counts() const {
+    std::vector<GroupCount> all = countsByGroup();
+    std::erase_if(all, [](const GroupCount& count) {
+        return count.name.find(notApplicableGroup) != std::wstring::npos;
+    });
+    for (std::size_t i = 0; i < all.size(); ++i)
+        all[i].shownNumber = static_cast<std::int32_t>(i);
+    std::vector<GroupCount> ordered;
+    ordered.reserve(all.size());
+    std::vector<std::wstring> families;
+    for (const GroupCount& count : all)
+        if (std::find(families.begin(), families.end(), count.family) == families.end())
+            families.push_back(count.family);
+    for (const std::wstring& family : families)
+        for (const GroupCount& count : all)
+            if (count.family == family)
+                ordered.push_back(count);
+    return ordered;
+}
+
+std::int32_t AsrPageSession::uncompletedOf(const GroupCount& line) const {
+    switch (level_) {
+    case AnalysisLevel::SchematicReview:
+        return line.uncompletedForAsr;
+    case AnalysisLevel::Rapid:
+        return line.uncompletedForRapid;
+    case AnalysisLevel::Full:
+        break;
+    }
+    return line.uncompleted;
+}
+
+bool AsrPageSession::addMissingParts() {
+    bool added = false;
+    for (const auto& [partNumber, designators] : filterSet()) {
+        if (isUsable(designLibrary, partNumber))
+            continue;
+        AsrComponent record = newRecord(partNumber, designators);
+        std::int32_t sdtaGroup = 0;
+        const auto master = app_.sdtaDesignLibrary.find(partNumber);
+        if (master != app_.sdtaDesignLibrary.end() && master->second.group > 0 &&
+            master->second.type >= 0) {
+            record.CatNum = master->second.CatNum;
+            record.Description = master->second.Description;
+            sdtaGroup = master->second.group;
+        } else {
+            sdtaGroup = engine_.classify(designators, record.Description).group;
+        }
+        const Classification found = engine_.classifyForAnalyses(sdtaGroup, record.Description);
+        record.group = found.group;
+        record.type = found.type;
+        record.family = FamilyNumber(FamilyOfAsrGroup(record.group));
+        engine_.applyDefaults(record);
+        app_.UpdateCompletion(record);
+        designLibrary.insert_or_assign(record.PartNum, std::move(record));
+        added = true;
+    }
+    return added;
+}
+
+} // namespace partwright

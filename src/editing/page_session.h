@@ -1,0 +1,183 @@
+#pragma once
+
+// What a library page does, without a widget. A page shows one kind of library as a list of groups
+// with counts; it owns working copies of the design and the public library and the sets that decide
+// which parts count.
+//
+// Three levels hold records: the dialog's copy, the page's working map, and the master copy of the
+// application object. Only working maps and masters ever reach a file: save() turns the working map
+// into the master and writes it; dropping the session drops the work.
+//
+//   SdtaPageSession sdta(app, fill, prompt);
+//   sdta.start();                   // opening filter, key sets, the project's missing parts
+//   sdta.runGroupLibrary();
+//   sdta.parseDescriptions();
+//   sdta.save(true);
+//
+// Keys and part numbers of working maps are in capitals; with several records that differ only in
+// case the last one wins.
+
+#include "core/application.h"
+#include "core/library_kind.h"
+#include "core/ports/prompt.h"
+#include "editing/fill_engine.h"
+#include "editing/library_save.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace partwright {
+
+/// The filter radios of the pages. The Analyses page calls AllProject "Project Only" and has no
+/// SelectedOnly.
+enum class PageFilter { SelectedOnly, AllProject, FullLibrary };
+
+/// Analysis levels, in the order of the radios: "Schematic Review (ASR)", "Auto Stress Calculation
+/// (Rapid )", "Tessara (Full)".
+enum class AnalysisLevel { SchematicReview, Rapid, Full };
+
+/// One line of a page's list.
+struct GroupCount {
+    std::int32_t group = 0;
+    /// What the page shows as the line's number.
+    std::int32_t shownNumber = 0;
+    std::wstring name;
+    std::wstring family;
+    std::int32_t quantity = 0;
+    /// Of these, how many are uncompleted, by level. SDTA has one level: all three are equal.
+    std::int32_t uncompletedForAsr = 0;
+    std::int32_t uncompletedForRapid = 0;
+    std::int32_t uncompleted = 0;
+};
+
+/// What both pages offer, whatever their library holds.
+class PageSession {
+public:
+    PageSession(CPartwrightPlugInApp& app, FillEngine& engine, Prompt& prompt)
+        : app_(app), engine_(engine), prompt_(prompt) {}
+    PageSession(const PageSession&) = delete;
+    PageSession& operator=(const PageSession&) = delete;
+    virtual ~PageSession() = default;
+
+    /// Takes over the master copies and loads what the page needs.
+    virtual void start() = 0;
+    /// Brings up to date what the list shows: in Design mode the project's missing parts are added.
+    virtual void refresh() = 0;
+    virtual void RebuildKeySets() = 0;
+
+    /// The filter radios that the page has.
+    [[nodiscard]] virtual std::vector<PageFilter> filters() const = 0;
+    void setFilter(PageFilter filter) { filter_ = filter; }
+    [[nodiscard]] PageFilter filter() const { return filter_; }
+    void setDesign(bool isDesign) { isDesign_ = isDesign; }
+    [[nodiscard]] bool isDesign() const { return isDesign_; }
+
+    /// The set of the checked radio.
+    [[nodiscard]] const PartSelection& filterSet() const;
+    /// One line a group, in the order in which the page shows them.
+    [[nodiscard]] virtual std::vector<GroupCount> counts() const = 0;
+    /// Of a line, the count that the page calls uncompleted.
+    [[nodiscard]] virtual std::int32_t uncompletedOf(const GroupCount& line) const {
+        return line.uncompleted;
+    }
+    [[nodiscard]] virtual const std::wstring& libraryPath() const = 0;
+
+    /// The two auto-fill commands over the records that pass the filter; the part numbers of the
+    /// records gone through, in key order.
+    virtual std::vector<std::wstring> runGroupLibrary() = 0;
+    virtual std::vector<std::wstring> parseDescriptions() = 0;
+
+    /// Makes the working map the master copy and writes it over the file of the current library.
+    virtual SaveOutcome save(bool announce) = 0;
+
+    /// True once a record was changed, merged or saved since the start.
+    [[nodiscard]] bool modified() const { return modified_; }
+
+    /// Part numbers of the project with their designators, and the keys of the two maps.
+    PartSelection projectParts;
+    PartSelection selectedParts;
+    PartSelection designParts;
+    PartSelection publicParts;
+
+protected:
+    CPartwrightPlugInApp& app_;
+    FillEngine& engine_;
+    Prompt& prompt_;
+    PageFilter filter_ = PageFilter::AllProject;
+    bool isDesign_ = true;
+    bool modified_ = false;
+};
+
+template <class Record>
+class LibraryPageSession : public PageSession {
+public:
+    using Library = typename Kind<Record>::Library;
+    using PageSession::PageSession;
+
+    /// Working copies, by part number in capitals.
+    Library designLibrary;
+    Library publicLibrary;
+
+    void refresh() override;
+    void RebuildKeySets() override;
+    [[nodiscard]] const std::wstring& libraryPath() const override;
+    std::vector<std::wstring> runGroupLibrary() override;
+    std::vector<std::wstring> parseDescriptions() override;
+    SaveOutcome save(bool announce) override;
+
+    [[nodiscard]] Library& workingLibrary();
+    [[nodiscard]] const Library& workingLibrary() const;
+
+protected:
+    /// Adds the parts of the project that the design library lacks; true when any was added.
+    virtual bool addMissingParts() = 0;
+
+    void takeMasters();
+    /// Record with the texts that the project's rows give for a part.
+    [[nodiscard]] Record newRecord(std::wstring_view partNumber,
+                                   std::wstring_view designators) const;
+    /// True when the library has the part with a group and a type.
+    [[nodiscard]] static bool isUsable(const Library& library, std::wstring_view partNumber);
+    /// One count a group name, by group number; "Public" counts the whole public map.
+    [[nodiscard]] std::vector<GroupCount> countsByGroup() const;
+};
+
+extern template class LibraryPageSession<SdtaComponent>;
+extern template class LibraryPageSession<AsrComponent>;
+
+class SdtaPageSession final : public LibraryPageSession<SdtaComponent> {
+public:
+    using LibraryPageSession::LibraryPageSession;
+
+    void start() override;
+    [[nodiscard]] std::vector<PageFilter> filters() const override;
+    /// Groups in the order of their numbers, those without parts included.
+    [[nodiscard]] std::vector<GroupCount> counts() const override;
+
+private:
+    bool addMissingParts() override;
+};
+
+class AsrPageSession final : public LibraryPageSession<AsrComponent> {
+public:
+    using LibraryPageSession::LibraryPageSession;
+
+    void start() override;
+    [[nodiscard]] std::vector<PageFilter> filters() const override;
+    /// Family by family in the order of their first group; codes that are not in use left out.
+    [[nodiscard]] std::vector<GroupCount> counts() const override;
+
+    /// By the chosen level.
+    [[nodiscard]] std::int32_t uncompletedOf(const GroupCount& line) const override;
+
+    void setLevel(AnalysisLevel level) { level_ = level; }
+    [[nodiscard]] AnalysisLevel level() const { return level_; }
+
+private:
+    bool addMissingParts() override;
+
+    AnalysisLevel level_ = AnalysisLevel::SchematicReview;
+};
+
+} // namespace partwright
