@@ -165,14 +165,14 @@ private:
             for (const Term& term : ParseRuleString(entry.text, units_)) {
                 const auto& lists = term.lists;
                 if (term.name == L"FUNC5")
-                    result = lists.size() > 1 &&
-                             CheckPolarity(text, lists[0].front(), lists[1].front());
+                    result =
+                        lists.size() > 1 && CheckPolarity(text, lists[0].front(), lists[1].front());
                 else if (term.name == L"FUNC6")
-                    result = lists.size() > 2 &&
-                             CheckValueCondition(text, lists[0].front(), lists[1], lists[2],
-                                                 lists.size() > 3 ? lists[3].front()
-                                                                  : std::wstring(),
-                                                 family, group);
+                    result =
+                        lists.size() > 2 &&
+                        CheckValueCondition(text, lists[0].front(), lists[1], lists[2],
+                                            lists.size() > 3 ? lists[3].front() : std::wstring(),
+                                            family, group);
             }
         }
         return result;
