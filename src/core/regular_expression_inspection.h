@@ -1,5 +1,7 @@
 #pragma once
 
+// What an expression is made of and what it lets through, for checking tables.
+//
 // Which codes can stand at given places of the texts that an expression matches? A decoder cuts
 // codes out of part numbers by position and looks them up in lists; this answers whether its
 // expression lets through a code that no list holds.
@@ -14,6 +16,17 @@
 #include <vector>
 
 namespace partwright {
+
+struct ExpressionTraits {
+    bool valid = false;
+    bool hasBackReference = false;
+    /// A repeat without end inside another one, which makes matching slow for most engines.
+    bool nestsEndlessRepeats = false;
+    /// A class or boundary by letter, such as \d, which changes its meaning in capitals.
+    bool hasLetterEscape = false;
+};
+
+[[nodiscard]] ExpressionTraits traitsOf(std::wstring_view expression);
 
 struct AdmittedCodes {
     /// False: the expression looks ahead or back, or lets through more codes than the limit.

@@ -1,4 +1,4 @@
-#include "core/regular_expression_codes.h"
+#include "core/regular_expression_inspection.h"
 
 #include "core/regular_expression.h"
 #include "core/regular_expression_program.h"
@@ -94,7 +94,38 @@ private:
     const regex::Program& program_;
 };
 
+/// Is there an endless repeat at or below `at`, inside of one already when `inside` is set?
+bool nestsEndless(const regex::Tree& tree, std::int32_t at, bool inside) {
+    const regex::Node& node = tree.nodes[static_cast<std::size_t>(at)];
+    const bool endless = node.kind == regex::NodeKind::Repeat && node.optional < 0;
+    if (endless && inside)
+        return true;
+    return std::any_of(node.children.begin(), node.children.end(), [&](std::int32_t child) {
+        return nestsEndless(tree, child, inside || endless);
+    });
+}
+
+bool letterEscape(std::wstring_view text) {
+    for (std::size_t i = 0; i + 1 < text.size(); ++i)
+        if (text[i] == L'\\' &&
+            std::wstring_view(L"dDwWsSbB").find(text[++i]) != std::wstring_view::npos)
+            return true;
+    return false;
+}
+
 } // namespace
+
+ExpressionTraits traitsOf(std::wstring_view expression) {
+    ExpressionTraits traits;
+    traits.valid = ValidateRegularExpression(expression);
+    if (!traits.valid)
+        return traits;
+    const regex::Tree tree = regex::readTree(std::wstring(expression));
+    traits.hasBackReference = tree.hasBackReference;
+    traits.nestsEndlessRepeats = nestsEndless(tree, tree.root, false);
+    traits.hasLetterEscape = letterEscape(expression);
+    return traits;
+}
 
 AdmittedCodes admittedCodes(std::wstring_view expression,
                             const std::vector<std::int32_t>& positions, std::size_t limit) {
