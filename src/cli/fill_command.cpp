@@ -63,8 +63,8 @@ int runFill(const PlaceOptions& place, const FillOptions& options, Streams strea
     if (options.sdta || both)
         written = fillPage(project, project.session.sdtaPage, options, place.json, streams.out);
     if (options.analyses || both)
-        written = fillPage(project, project.session.asrPage, options, place.json, streams.out) &&
-                  written;
+        written =
+            fillPage(project, project.session.asrPage, options, place.json, streams.out) && written;
     if (!written)
         return Findings;
     return project.unreadable() ? Usage : Fine;

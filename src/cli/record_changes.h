@@ -26,8 +26,7 @@ struct RecordChange {
 /// In key order of `after`; keys are compared in capitals. A record that is new lists all it has.
 template <class Library>
 [[nodiscard]] std::vector<RecordChange> changesBetween(const CPartwrightPlugInApp& app,
-                                                       const Library& before,
-                                                       const Library& after);
+                                                       const Library& before, const Library& after);
 
 extern template std::vector<RecordChange> changesBetween(const CPartwrightPlugInApp&,
                                                          const SdtaLibrary&, const SdtaLibrary&);

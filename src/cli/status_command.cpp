@@ -21,10 +21,10 @@ struct CountColumn {
 };
 
 constexpr CountColumn sdtaColumns[] = {{"Uncompleted", "uncompleted", &GroupCount::uncompleted}};
-constexpr CountColumn asrColumns[] = {{"ASR", "uncompletedAsr", &GroupCount::uncompletedForAsr},
-                                      {"Rapid", "uncompletedRapid",
-                                       &GroupCount::uncompletedForRapid},
-                                      {"Full", "uncompletedFull", &GroupCount::uncompleted}};
+constexpr CountColumn asrColumns[] = {
+    {"ASR", "uncompletedAsr", &GroupCount::uncompletedForAsr},
+    {"Rapid", "uncompletedRapid", &GroupCount::uncompletedForRapid},
+    {"Full", "uncompletedFull", &GroupCount::uncompleted}};
 using CountColumns = std::span<const CountColumn>;
 
 GroupCount total(const std::vector<GroupCount>& lines) {

@@ -109,7 +109,7 @@ void LibraryPageSession<Record>::RebuildKeySets() {
 
 template <class Record>
 std::vector<std::wstring> LibraryPageSession<Record>::runGroupLibrary() {
-    auto changed = engine_.runGroupLibrary(filterSet(), workingLibrary(), prompt_);
+    auto changed = engine_.runGroupLibrary<Record>(filterSet(), workingLibrary(), prompt_);
     modified_ = modified_ || !changed.empty();
     refresh();
     return changed;
@@ -117,7 +117,7 @@ std::vector<std::wstring> LibraryPageSession<Record>::runGroupLibrary() {
 
 template <class Record>
 std::vector<std::wstring> LibraryPageSession<Record>::parseDescriptions() {
-    auto changed = engine_.parseDescriptions(filterSet(), workingLibrary());
+    auto changed = engine_.parseDescriptions<Record>(filterSet(), workingLibrary());
     modified_ = modified_ || !changed.empty();
     refresh();
     return changed;
@@ -182,10 +182,9 @@ void SdtaPageSession::start() {
     selectedParts = partsOfProject(app_, true);
     projectParts = partsOfProject(app_, false);
     RebuildKeySets();
-    engine_.loadForSdta(prompt_);
     filter_ = app_.selectedCount > 0 ? PageFilter::SelectedOnly : PageFilter::AllProject;
     tell(prompt_, LoadGroupNames(app_));
-    engine_.prepare();
+    engine_.load(prompt_);
     refresh();
 }
 
@@ -220,8 +219,7 @@ void AsrPageSession::start() {
     loadAnalysesLibraries(app_, prompt_);
     takeMasters();
     tell(prompt_, LoadGroupNames(app_));
-    engine_.loadForAnalyses(prompt_);
-    engine_.prepare();
+    engine_.load(prompt_);
     loadSdtaLibraries(app_, prompt_);
     filter_ = PageFilter::AllProject;
     level_ = app_.analysisLevel != 0 ? AnalysisLevel::Rapid : AnalysisLevel::SchematicReview;
@@ -286,7 +284,7 @@ bool AsrPageSession::addMissingParts() {
         record.group = found.group;
         record.type = found.type;
         record.family = FamilyNumber(FamilyOfAsrGroup(record.group));
-        engine_.applyDefaults(record);
+        static_cast<void>(ApplyAsrDefaults(app_, record));
         app_.UpdateCompletion(record);
         designLibrary.insert_or_assign(record.PartNum, std::move(record));
         added = true;

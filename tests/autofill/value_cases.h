@@ -1,6 +1,6 @@
 #pragma once
 
-// Case files of this folder: one case a line, its cells between "|", the name of the case first.
+// Case files of this folder: one case a line, its cells between " | ", the name of the case first.
 // Lines that begin with "#" are remarks. A cell in double quotes keeps its blanks.
 
 #include "core/text.h"
@@ -34,7 +34,8 @@ inline std::vector<ValueCase> readCases(const std::string& name) {
         if (trim(text).empty() || text.starts_with(L'#'))
             continue;
         ValueCase row{number, {}};
-        for (const std::wstring_view cell : split(text, L'|'))
+        const std::wstring divided = replaceAll(text, L" |", L"\t");
+        for (const std::wstring_view cell : split(divided, L'\t'))
             row.cells.emplace_back(trimOnce(trim(cell), L'"'));
         cases.push_back(std::move(row));
     }
