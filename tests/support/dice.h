@@ -3,6 +3,7 @@
 // Numbers that look random and are the same on every machine.
 
 #include <cstdint>
+#include <iterator>
 
 namespace partwright::test {
 
@@ -21,7 +22,7 @@ public:
 
     template <class List>
     const auto& pick(const List& list) {
-        return list[roll(list.size())];
+        return list[roll(std::size(list))];
     }
 
 private:
