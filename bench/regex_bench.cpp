@@ -59,6 +59,10 @@ const CPartwrightPlugInApp& app() {
     return loaded;
 }
 
+/// Group detection asks for neither keywords nor units.
+const TypeKeywords noKeywords;
+const UnitTable noUnits;
+
 const std::vector<bench::Part>& parts() {
     static const std::vector<bench::Part> made = [] {
         SynonymTable synonyms;
@@ -74,9 +78,11 @@ const std::vector<bench::Part>& parts() {
 // Distinct descriptions all the way, as a first reading of a large library meets them.
 void groupDetection(benchmark::State& state) {
     const GroupDetector detector(app());
+    const auto& all = parts();
     std::size_t at = 0;
     for ([[maybe_unused]] const auto once : state) {
-        const bench::Part& part = parts()[at++ % parts().size()];
+        const bench::Part& part = all[at == all.size() ? at = 0 : at];
+        ++at;
         benchmark::DoNotOptimize(detector.DetectGroup(part.designators, part.description, false));
     }
     state.SetItemsProcessed(state.iterations());
@@ -84,10 +90,12 @@ void groupDetection(benchmark::State& state) {
 BENCHMARK(groupDetection)->MinTime(2);
 
 void groupDetectionLiteral(benchmark::State& state) {
-    test::LiteralClassifier literal(app(), {}, {});
+    test::LiteralClassifier literal(app(), noKeywords, noUnits);
+    const auto& all = parts();
     std::size_t at = 0;
     for ([[maybe_unused]] const auto once : state) {
-        const bench::Part& part = parts()[at++ % parts().size()];
+        const bench::Part& part = all[at == all.size() ? at = 0 : at];
+        ++at;
         benchmark::DoNotOptimize(literal.DetectGroup(part.designators, part.description, false));
     }
     state.SetItemsProcessed(state.iterations());
@@ -136,7 +144,7 @@ BENCHMARK(ruleOfPartNumber)->MinTime(1);
 
 void compareAnswers() {
     const GroupDetector detector(app());
-    test::LiteralClassifier literal(app(), {}, {});
+    test::LiteralClassifier literal(app(), noKeywords, noUnits);
     for (std::size_t i = 0; i < parts().size(); i += 10)
         demand(detector.DetectGroup(parts()[i].designators, parts()[i].description, false) ==
                    literal.DetectGroup(parts()[i].designators, parts()[i].description, false),

@@ -26,7 +26,7 @@ inline std::vector<Part> sampleParts(std::size_t count) {
     std::vector<Part> parts;
     while (parts.size() < count) {
         const std::wstring place = number(900);
-        switch (random() % 8) {
+        switch (random() % 11) {
         case 0:
             parts.push_back({L"R" + place, L"RES SMD " + number(999) +
                                                pick({L"K OHM ", L" OHM ", L"kOhms ", L"R "}) +
@@ -61,6 +61,21 @@ inline std::vector<Part> sampleParts(std::size_t count) {
         case 6:
             parts.push_back({L"L" + place, L"FIXED IND " + number(99) + L"UH " + number(9) + L"A " +
                                                number(900) + L" MOHM SMD"});
+            break;
+        case 7:
+            parts.push_back({L"R" + place, number(999) + L" kOhms ±1% 0.1W, 1/10W Chip Resistor " +
+                                               pick(sizes) +
+                                               L" (1608 Metric) Automotive AEC-Q200 Thick Film"});
+            break;
+        case 8:
+            parts.push_back({L"C" + place, L"0." + number(990) + L" µF ±10% " + number(200) +
+                                               L"V Ceramic Capacitor X7R " + pick(sizes) +
+                                               L" (1608 Metric)"});
+            break;
+        case 9:
+            parts.push_back({L"Q" + place, L"N-Channel " + number(200) + L" V " + number(99) +
+                                               L"A (Ta) " + number(9) +
+                                               L"W (Ta) Surface Mount MOSFET " + pick(cases)});
             break;
         default:
             parts.push_back({L"J" + place, L"CONN HEADER VERT " + number(99) + L"POS " + number(9) +

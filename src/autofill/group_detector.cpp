@@ -3,6 +3,7 @@
 #include "core/text.h"
 
 #include <algorithm>
+#include <map>
 
 namespace partwright {
 
@@ -11,7 +12,10 @@ std::wstring designatorPrefix(std::wstring_view designator) {
     if (digit == designator.end())
         return {};
     const auto length = static_cast<std::size_t>(digit - designator.begin());
-    return upperCase(trim(designator.substr(0, length)));
+    std::wstring prefix(trim(designator.substr(0, length)));
+    for (wchar_t& c : prefix)
+        c = upperCase(c);
+    return prefix;
 }
 
 GroupDetector::GroupDetector(const CPartwrightPlugInApp& app) {
@@ -41,52 +45,66 @@ GroupDetector::GroupDetector(const CPartwrightPlugInApp& app) {
             continue;
         for (const auto piece : split(typical->second, L',')) {
             const std::wstring prefix = upperCase(trim(piece));
+            if (prefix.empty())
+                continue;
             auto& indices = byPrefix_[prefix];
-            if (!prefix.empty() && (indices.empty() || indices.back() != groups_.size() - 1))
+            if (indices.empty() || indices.back() != groups_.size() - 1)
                 indices.push_back(groups_.size() - 1);
         }
     }
-    expressions_ = RegularExpressionSet(expressions);
+    expressions_ = RegularExpressionSet(expressions, RegularExpressionSet::Reading::InCapitals);
 }
 
-std::vector<std::size_t> GroupDetector::candidates(std::wstring_view refDesList,
-                                                   bool byName) const {
-    std::vector<std::size_t> result;
-    std::wstring last;
-    for (const auto designator : split(refDesList, L',')) {
-        std::wstring prefix = designatorPrefix(designator);
-        if (prefix.empty() || prefix == last)
-            continue;
-        last = std::move(prefix);
-        if (const auto found = byPrefix_.find(last); found != byPrefix_.end())
-            result.insert(result.end(), found->second.begin(), found->second.end());
+const GroupDetector::Indices* GroupDetector::spokenForBy(std::wstring_view designator) const {
+    const auto found = byPrefix_.find(designatorPrefix(designator));
+    return found == byPrefix_.end() ? nullptr : &found->second;
+}
+
+GroupDetector::Indices GroupDetector::spokenForByAll(std::wstring_view refDesList,
+                                                     bool byName) const {
+    Indices result;
+    const Indices* last = nullptr;
+    for (std::wstring_view rest = refDesList; !rest.empty();) {
+        const std::size_t end = std::min(rest.find(L','), rest.size());
+        const Indices* groups = spokenForBy(rest.substr(0, end));
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+        // A part's designators mostly have one prefix.
+        if (groups != nullptr && groups != last)
+            result.insert(result.end(), groups->begin(), groups->end());
+        last = groups;
     }
     if (byName) {
-        const auto first = trim(split(refDesList, L',').front());
+        const auto first = trim(refDesList.substr(0, refDesList.find(L',')));
         for (std::size_t i = 0; i < groups_.size(); ++i)
             if (groups_[i].name == first)
                 result.push_back(i);
     }
     std::sort(result.begin(), result.end());
-    result.erase(std::unique(result.begin(), result.end()), result.end());
     return result;
 }
 
-bool GroupDetector::describes(const Group& group, const std::vector<std::size_t>& matching) const {
+bool GroupDetector::describes(const Group& group, const Indices& matching) const {
     return std::binary_search(matching.begin(), matching.end(), group.rules) &&
            !std::binary_search(matching.begin(), matching.end(), group.excluding);
 }
 
-std::int32_t GroupDetector::DetectGroup(std::wstring_view refDesList, std::wstring_view description,
-                                        bool byName) const {
-    const auto spokenFor = candidates(refDesList, byName);
-    if (spokenFor.empty())
-        return 0;
-    const auto matching = expressions_.matches(upperCase(description));
-    for (const std::size_t index : spokenFor)
+std::int32_t GroupDetector::firstDescribed(const Indices& candidates, std::wstring_view description,
+                                           bool byName) const {
+    const Indices matching = expressions_.matches(description);
+    for (const std::size_t index : candidates)
         if (describes(groups_[index], matching))
             return groups_[index].code;
-    return byName ? 0 : groups_[spokenFor.front()].code;
+    return byName ? 0 : groups_[candidates.front()].code;
+}
+
+std::int32_t GroupDetector::DetectGroup(std::wstring_view refDesList, std::wstring_view description,
+                                        bool byName) const {
+    if (!byName && refDesList.find(L',') == std::wstring_view::npos) {
+        const Indices* candidates = spokenForBy(refDesList);
+        return candidates == nullptr ? 0 : firstDescribed(*candidates, description, byName);
+    }
+    const Indices candidates = spokenForByAll(refDesList, byName);
+    return candidates.empty() ? 0 : firstDescribed(candidates, description, byName);
 }
 
 } // namespace partwright
