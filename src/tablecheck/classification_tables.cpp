@@ -195,8 +195,7 @@ void checkSynonyms(const CPartwrightPlugInApp& app, std::vector<TableFinding>& a
     const RuleTable table = openForCheck(path, synonymForm(), findings);
     std::map<std::wstring, std::size_t> seen;
     for (const RuleRow& row : table.rows)
-        if (const auto [first, isNew] = seen.emplace(upperCase(row.text(L"Find")), row.line);
-            !isNew)
+        if (const auto [first, isNew] = seen.emplace(row.text(L"Find"), row.line); !isNew)
             findings.add(row.line, L"Find",
                          say({L"stands on line ", number(static_cast<std::int64_t>(first->second)),
                               L" already and is never reached"}));

@@ -170,6 +170,11 @@ private:
     Findings& findings_;
 };
 
+bool hasValue(const FilledPart& part) {
+    return std::any_of(part.cells.begin(), part.cells.end(),
+                       [](const std::wstring& value) { return !value.empty(); });
+}
+
 void checkExample(const GroupLibraryRule& rule, std::size_t line, const GroupLibraryTable& table,
                   FillEngine& engine, Findings& findings) {
     const std::wstring id = std::to_wstring(rule.id);
@@ -190,15 +195,16 @@ void checkExample(const GroupLibraryRule& rule, std::size_t line, const GroupLib
                          say({L"rule ", id, L": is decoded otherwise by rule ",
                               std::to_wstring(part.rule)}));
     }
-    const FilledPart filled = engine.fillByWords<SdtaComponent>({}, part.description);
-    const bool any = std::any_of(filled.cells.begin(), filled.cells.end(),
-                                 [](const std::wstring& value) { return !value.empty(); });
-    if (filled.found.group == 0)
+    // A description earns its place when it settles the type, or gives a value in either library.
+    const FilledPart sdta = engine.fillByWords<SdtaComponent>({}, part.description);
+    const FilledPart analyses = engine.fillByWords<AsrComponent>({}, part.description);
+    if (sdta.found.group == 0)
         findings.add(line, L"Example",
                      say({L"rule ", id, L": no group is found for \"", part.description, L"\""}));
-    else if (!any && !ColumnsOfSdtaGroup(filled.found.group).empty())
+    else if (sdta.found.type == 0 && !hasValue(sdta) && !hasValue(analyses))
         findings.add(line, L"Example",
-                     say({L"rule ", id, L": no value is filled from \"", part.description, L"\""}));
+                     say({L"rule ", id, L": neither type nor value comes from \"", part.description,
+                          L"\""}));
 }
 
 } // namespace
