@@ -241,6 +241,8 @@ void CGXGridCore::structureChanged() {
 
 void CGXGridCore::scrollTo(int, int) {}
 
+void CGXGridCore::selectionMoved() {}
+
 void CGXGridCore::currentMovedFrom(std::optional<CellPos>) {}
 
 int CGXGridCore::limitColWidth(int, int width) const {

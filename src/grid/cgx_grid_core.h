@@ -165,6 +165,7 @@ protected:
     virtual void layoutChanged();
     virtual void structureChanged();
     virtual void scrollTo(int row, int col);
+    virtual void selectionMoved();
     virtual void currentMovedFrom(std::optional<CellPos> before);
     /// Is asked before the current cell moves; false keeps it where it is.
     virtual bool leaveCell() { return true; }

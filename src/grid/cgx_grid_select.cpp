@@ -65,12 +65,14 @@ void CGXGridCore::selectRange(const CellRange& range) {
         cellsChanged(old);
     selection_.assign(1, range);
     cellsChanged(range);
+    selectionMoved();
     selectionChanged();
 }
 
 void CGXGridCore::addSelection(const CellRange& range) {
     selection_.push_back(range);
     cellsChanged(range);
+    selectionMoved();
     selectionChanged();
 }
 
@@ -80,6 +82,7 @@ void CGXGridCore::clearSelection() {
     for (const CellRange& old : selection_)
         cellsChanged(old);
     selection_.clear();
+    selectionMoved();
     selectionChanged();
 }
 

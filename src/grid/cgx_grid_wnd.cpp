@@ -101,7 +101,7 @@ void CGXGridWnd::cellsChanged(const CellRange& range) {
         viewport()->update(0, 0, geometry_.rowHeaderWidth(), viewport()->height());
     if (range.top == 0)
         viewport()->update(0, 0, viewport()->width(), geometry_.headerHeight());
-    const QRect area = geometry_.rangeRect(clipped(range)).adjusted(-2, -2, 2, 2);
+    const QRect area = geometry_.rangeRect(clipped(range)).adjusted(-2, -2, handleSize, handleSize);
     if (area.intersects(viewport()->rect()))
         viewport()->update(area);
 }
@@ -149,6 +149,20 @@ void CGXGridWnd::updateCurrentArea(CellPos pos) {
                            .adjusted(-frameReach, -frameReach, frameReach, frameReach));
     viewport()->update(geometry_.cellRect(pos.row, 0));
     viewport()->update(geometry_.cellRect(0, pos.col));
+}
+
+/// The headers show what is selected, and the fill handle comes and goes.
+void CGXGridWnd::selectionMoved() {
+    viewport()->update(0, 0, geometry_.rowHeaderWidth(), viewport()->height());
+    viewport()->update(0, 0, viewport()->width(), geometry_.headerHeight());
+    if (const auto current = currentCell())
+        updateCurrentArea(*current);
+    if (!selection().empty()) {
+        const CellRange& range = selection().back();
+        const QRect area = geometry_.rangeRect(range);
+        viewport()->update(QRect(area.right(), area.bottom(), 1, 1)
+                               .adjusted(-frameReach, -frameReach, frameReach, frameReach));
+    }
 }
 
 void CGXGridWnd::currentMovedFrom(std::optional<CellPos> before) {

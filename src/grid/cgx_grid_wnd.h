@@ -83,6 +83,7 @@ protected:
     void layoutChanged() override;
     void structureChanged() override;
     void scrollTo(int row, int col) override;
+    void selectionMoved() override;
     void currentMovedFrom(std::optional<CellPos> before) override;
     bool leaveCell() override { return commitEdit(); }
 

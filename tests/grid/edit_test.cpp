@@ -11,13 +11,14 @@
 #include <QTest>
 #include <QTreeWidget>
 #include <QVBoxLayout>
-
 #include <functional>
 
 namespace partwright::grid {
 namespace {
 
-QString s(const char* text) { return QString::fromLatin1(text); }
+QString s(const char* text) {
+    return QString::fromLatin1(text);
+}
 
 /// Four rows; column 1 text, 2 drop-down, 3 check box, 4 read-only. Refuses what holds "bad" and
 /// logs its events.
@@ -89,8 +90,7 @@ public:
         QTest::keyClick(target(), key, modifiers);
     }
     void click(int row, int col) {
-        QTest::mouseClick(viewport(), Qt::LeftButton, Qt::NoModifier,
-                          cellRect(row, col).center());
+        QTest::mouseClick(viewport(), Qt::LeftButton, Qt::NoModifier, cellRect(row, col).center());
     }
     QStringList takeLog() { return std::exchange(log, {}); }
 
@@ -274,8 +274,8 @@ TEST(GridEdit, DropDownTakesOneEntryAndTellsOnce) {
     sheet.key(Qt::Key_Down);
     EXPECT_EQ(sheet.takeLog(), QStringList{s("list 2,2")}) << "moving in the list changes nothing";
     sheet.key(Qt::Key_Return);
-    EXPECT_EQ(sheet.takeLog(), (QStringList{s("modified green"), s("validate 2,2 green"),
-                                            s("commit 2,2 >green")}));
+    EXPECT_EQ(sheet.takeLog(),
+              (QStringList{s("modified green"), s("validate 2,2 green"), s("commit 2,2 >green")}));
     EXPECT_EQ(sheet.text(2, 2), s("green"));
     EXPECT_FALSE(sheet.isEditing());
     EXPECT_TRUE(sheet.hasFocus());
