@@ -1,0 +1,143 @@
+#pragma once
+
+// The library file, and in what its two kinds differ.
+//
+//   sep=,
+//   |, FLIB, ~, ~, ... L, |
+//   |,
+//   |, File: /projects/board/SDTALib_Board.csv
+//   |, Project: SDTA Library
+//   |,
+//   *,PMET,FAMILY,GROUP,PART#,CAT#,DESCR,Type,Pw-RT,...,Manufacturer,Notes,Color,*
+//   >,SDTA-M, Diode,Diode Rectifier,"""1N4148""","""""","""100 V""",DiodeRect,0.5,...,"""""",,<
+//   |,
+//   |,End of File
+//
+// Only rows count on reading: the first field's mark tells them. Line 1 is never a row. Seven cells
+// stand by position behind the mark, the values behind them by the columns of the group, and the
+// maker and the notes where the latest header row says.
+//
+// Reader and writer are written once over the record type; Dialect<Record> answers what differs,
+// beside the numbers and names of Kind<Record>.
+
+#include "core/library_kind.h"
+#include "core/text.h"
+
+#include <array>
+#include <string_view>
+
+namespace partwright {
+
+namespace library_file {
+
+inline constexpr char headerMark = '*';
+inline constexpr char rowMark = '>';
+inline constexpr char rowEnd = '<';
+
+/// Cells behind the row mark.
+enum Cell : std::size_t {
+    rowKind,
+    familyName,
+    groupName,
+    partNumber,
+    catalogNumber,
+    description,
+    typeName,
+    firstValue
+};
+
+inline constexpr std::array<std::wstring_view, firstValue> cellNames = {
+    L"PMET", L"FAMILY", L"GROUP", L"PART#", L"CAT#", L"DESCR", L"Type"};
+inline constexpr std::wstring_view makerColumn = L"Manufacturer";
+inline constexpr std::wstring_view notesColumn = L"Notes";
+inline constexpr std::wstring_view colorColumn = L"Color";
+
+/// A column of the Analyses library whose values are pins.
+[[nodiscard]] inline bool isPinColumn(std::wstring_view column) {
+    return column.find(L"Pin") != std::wstring_view::npos;
+}
+
+/// Name of a type; for "Default", of the type that stands behind it, where the group has one.
+template <class Record>
+[[nodiscard]] std::wstring_view typeBehindDefault(const CPartwrightPlugInApp& app,
+                                                  std::int32_t group) {
+    const auto& defaults = Kind<Record>::defaultTypes(app);
+    if (group <= 0 || static_cast<std::size_t>(group) >= defaults.size())
+        return defaultTypeName;
+    return namesOf<Record>(app, group, defaults[static_cast<std::size_t>(group)]).second;
+}
+
+} // namespace library_file
+
+template <class Record>
+struct Dialect;
+
+template <>
+struct Dialect<SdtaComponent> {
+    static constexpr std::wstring_view rowKind = L"SDTA-M";
+    static constexpr std::wstring_view title = L"SDTA Library";
+    static constexpr std::wstring_view beforeFamily = L" ";
+    /// Reading: keys become capital letters, and no group's rows are dropped.
+    static constexpr bool readsUpperCase = true;
+    static constexpr std::wstring_view droppedGroup = {};
+    /// Reading: the family cell counts for a record without a group.
+    static constexpr bool readsFamily = true;
+    /// Writing: a deleted record is left out; maker and notes stand in three quotes.
+    static constexpr bool writesDeleted = false;
+    static constexpr bool quotesNotes = true;
+    /// A value is stored as it is, pins included.
+    static constexpr bool encodesValues = false;
+
+    static bool knowsGroups(const CPartwrightPlugInApp& app) {
+        return app.sdtaGroupNames.size() > 1;
+    }
+    /// Where the names of the groups come from.
+    static const std::wstring& groupTable(const CPartwrightPlugInApp& app) {
+        return app.descrRulesPath;
+    }
+    static std::wstring_view family(const CPartwrightPlugInApp&, std::int32_t group) {
+        return Kind<SdtaComponent>::family(group);
+    }
+    static std::wstring_view type(const CPartwrightPlugInApp& app, std::int32_t group,
+                                  std::int32_t type) {
+        const auto name = namesOf<SdtaComponent>(app, group, type).second;
+        return name == defaultTypeName ? library_file::typeBehindDefault<SdtaComponent>(app, group)
+                                       : name;
+    }
+};
+
+template <>
+struct Dialect<AsrComponent> {
+    static constexpr std::wstring_view rowKind = L"DORVANE";
+    static constexpr std::wstring_view title = L"Analyses Library";
+    static constexpr std::wstring_view beforeFamily = {};
+    static constexpr bool readsUpperCase = false;
+    static constexpr std::wstring_view droppedGroup = L"PCB";
+    static constexpr bool readsFamily = false;
+    static constexpr bool writesDeleted = true;
+    static constexpr bool quotesNotes = false;
+    static constexpr bool encodesValues = true;
+
+    /// The two names that are forced into every list say nothing about the table having been read.
+    static bool knowsGroups(const CPartwrightPlugInApp& app) {
+        for (std::size_t i = 1; i < app.asrGroupNames.size(); ++i)
+            if (app.asrGroupNames[i] != notApplicableGroup && app.asrGroupNames[i] != L"PCB" &&
+                app.asrGroupNames[i] != L"Mechanical")
+                return true;
+        return false;
+    }
+    static const std::wstring& groupTable(const CPartwrightPlugInApp& app) {
+        return app.asrPropertyLibraryPath;
+    }
+    static std::wstring_view family(const CPartwrightPlugInApp& app, std::int32_t group) {
+        const auto name = app.asrGroupFamily.find(group);
+        return name == app.asrGroupFamily.end() ? std::wstring_view() : trim(name->second);
+    }
+    static std::wstring_view type(const CPartwrightPlugInApp& app, std::int32_t group,
+                                  std::int32_t type) {
+        return type == 0 && group != 0 ? library_file::typeBehindDefault<AsrComponent>(app, group)
+                                       : namesOf<AsrComponent>(app, group, type).second;
+    }
+};
+
+} // namespace partwright

@@ -1,0 +1,458 @@
+#include "library/library_writer.h"
+
+#include "core/cell_text.h"
+#include "core/messages.h"
+#include "core/number.h"
+#include "core/text.h"
+#include "library/library_dialect.h"
+#include "library/row_buffer.h"
+#include "library/text_table.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <optional>
+
+namespace partwright {
+
+namespace {
+
+using namespace library_file;
+
+constexpr std::size_t bannerFillers = 34;
+constexpr std::wstring_view bannerColumn = L"File";
+
+/// A pin number as the host's tools write it; none when it has more than seven digits.
+std::optional<std::wstring> toBase36(double number) {
+    constexpr double limit = 78'364'164'096.0; // 36 to the seventh
+    if (number >= limit)
+        return std::nullopt;
+    auto rest = static_cast<std::uint64_t>(number);
+    std::wstring digits;
+    do {
+        digits.insert(digits.begin(), L"0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ"[rest % 36]);
+        rest /= 36;
+    } while (rest != 0);
+    return digits;
+}
+
+/// An Analyses value as it stands in the file, before it is made a cell: hyphens as backslashes;
+/// a list of pins in capital letters; a single pin that is a number in base 36. `buffer` holds
+/// the answer where it differs from the value.
+std::wstring_view encodeValue(std::wstring_view value, bool isPin, wchar_t mark,
+                              std::wstring& buffer) {
+    if (value.empty() || value.front() == L'-')
+        return value;
+    if (value.find(L'-') != std::wstring_view::npos) {
+        buffer = replaceAll(value, L"-", L"\\");
+        if (isPin)
+            buffer = upperCase(buffer);
+        return buffer;
+    }
+    if (!isPin || !holdsDigit(value))
+        return value;
+    const auto number = wholeNumber(value, mark);
+    const bool allDigits = std::all_of(value.begin(), value.end(), isDigit);
+    if (number && (allDigits || *number > std::numeric_limits<double>::min()))
+        if (auto digits = toBase36(*number))
+            return buffer = std::move(*digits);
+    return value;
+}
+
+bool isAscii(std::string_view bytes) {
+    return std::all_of(bytes.begin(), bytes.end(),
+                       [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+/// A name that holds the separator or a quote, as one cell.
+std::wstring nameCell(std::wstring_view name, wchar_t separator) {
+    if (name.find(separator) == std::wstring_view::npos &&
+        name.find(L'"') == std::wstring_view::npos)
+        return std::wstring(name);
+    return L'"' + replaceAll(name, L"\"", L"\"\"") + L'"';
+}
+
+/// The texts that the rows of one group share, in the bytes of the file at work. A text that the
+/// code page cannot hold is none.
+struct GroupText {
+    Names columns;
+    std::vector<bool> pins;
+    std::string header;
+    /// Up to the family, and from there to the part number.
+    std::string start;
+    bool hasFamily = false;
+    std::optional<std::string> group;
+    /// By type position; the last one serves the positions out of range.
+    std::vector<std::optional<std::string>> types;
+};
+
+template <class Record>
+class LibraryFormatter {
+public:
+    LibraryFormatter(const CPartwrightPlugInApp& app, TextForm form)
+        : app_(app), form_(form), separator_(static_cast<char>(app.writtenSeparator())),
+          mark_(app.decimalMark()), out_(form.codePage, separator_) {}
+
+    [[nodiscard]] bool banner(std::wstring_view path);
+    void groupStart(std::int32_t group);
+    void groupHeader(std::int32_t group) { out_.raw(groupText(group).header); }
+    [[nodiscard]] bool row(const Record& record);
+    void lineEnd() { out_.raw(form_.crLf ? "\r\n" : "\n"); }
+    void end();
+
+    [[nodiscard]] std::string take() { return out_.take(); }
+    /// Column of the text that could not be encoded.
+    [[nodiscard]] std::wstring_view failedColumn() const { return failed_; }
+
+private:
+    [[nodiscard]] const GroupText& groupText(std::int32_t group);
+    [[nodiscard]] GroupText prepare(std::int32_t group) const;
+    [[nodiscard]] std::string joined(const std::vector<std::wstring_view>& cells) const;
+    [[nodiscard]] std::optional<std::string> name(std::wstring_view text) const;
+    [[nodiscard]] bool names(const Record& record, const GroupText& group);
+    [[nodiscard]] bool values(const Record& record, const GroupText& group);
+    [[nodiscard]] bool notes(std::wstring_view text);
+    [[nodiscard]] bool encodedCell(std::wstring_view text, bool isValue);
+    /// Remembers the column when the cell could not be put down.
+    bool put(bool done, std::wstring_view column) {
+        if (!done)
+            failed_ = column;
+        return done;
+    }
+
+    const CPartwrightPlugInApp& app_;
+    TextForm form_;
+    char separator_;
+    wchar_t mark_;
+    RowBuffer out_;
+    std::map<std::int32_t, GroupText> groups_;
+    const GroupText* current_ = nullptr;
+    std::int32_t currentGroup_ = 0;
+    std::wstring_view failed_;
+    std::wstring buffer_;
+};
+
+template <class Record>
+std::optional<std::string> LibraryFormatter<Record>::name(std::wstring_view text) const {
+    std::string bytes;
+    const auto cell = nameCell(text, static_cast<wchar_t>(separator_));
+    return encodeInto(bytes, cell, form_.codePage) ? std::optional(bytes) : std::nullopt;
+}
+
+template <class Record>
+std::string LibraryFormatter<Record>::joined(const std::vector<std::wstring_view>& cells) const {
+    std::string line;
+    for (const std::wstring_view cell : cells) {
+        if (!line.empty())
+            line += separator_;
+        line += encodeUtf8(cell); // names of columns are ASCII
+    }
+    return line;
+}
+
+template <class Record>
+GroupText LibraryFormatter<Record>::prepare(std::int32_t number) const {
+    using Rules = Dialect<Record>;
+    GroupText text;
+    text.columns = Kind<Record>::columns(number);
+    std::vector<std::wstring_view> cells{L"*"};
+    cells.insert(cells.end(), cellNames.begin(), cellNames.end());
+    cells.insert(cells.end(), text.columns.begin(), text.columns.end());
+    cells.insert(cells.end(), {makerColumn, notesColumn, colorColumn, L"*"});
+    text.header = joined(cells);
+    for (const std::wstring_view column : text.columns)
+        text.pins.push_back(isPinColumn(column));
+
+    const auto family = name(Rules::family(app_, number));
+    const auto group = name(namesOf<Record>(app_, number, 0).first);
+    text.hasFamily = family && !family->empty();
+    text.start = joined({L">", Rules::rowKind, Rules::beforeFamily}) + family.value_or("");
+    if (family && group)
+        text.group = separator_ + *group + separator_;
+    const auto types = Kind<Record>::groupTypes(app_).find(namesOf<Record>(app_, number, 0).first);
+    const auto known = types == Kind<Record>::groupTypes(app_).end() ? 0 : types->second.size();
+    for (std::size_t type = 0; type <= known; ++type)
+        text.types.push_back(name(Rules::type(app_, number, static_cast<std::int32_t>(type))));
+    return text;
+}
+
+template <class Record>
+const GroupText& LibraryFormatter<Record>::groupText(std::int32_t group) {
+    if (current_ == nullptr || currentGroup_ != group) {
+        auto known = groups_.find(group);
+        if (known == groups_.end())
+            known = groups_.emplace(group, prepare(group)).first;
+        current_ = &known->second;
+        currentGroup_ = group;
+    }
+    return *current_;
+}
+
+template <class Record>
+bool LibraryFormatter<Record>::banner(std::wstring_view path) {
+    std::vector<std::wstring_view> fillers{L"|", L" FLIB"};
+    fillers.insert(fillers.end(), bannerFillers, L" ~");
+    fillers.insert(fillers.end(), {L" L", L" |"});
+    out_.raw("sep=");
+    out_.separator();
+    lineEnd();
+    out_.raw(joined(fillers));
+    lineEnd();
+    out_.raw("|");
+    out_.separator();
+    lineEnd();
+    out_.raw("|");
+    out_.separator();
+    out_.raw(" File: ");
+    if (!put(out_.plain(path), bannerColumn))
+        return false;
+    lineEnd();
+    out_.raw("|");
+    out_.separator();
+    out_.raw(" Project: ");
+    out_.raw(encodeUtf8(Dialect<Record>::title));
+    lineEnd();
+    return true;
+}
+
+template <class Record>
+void LibraryFormatter<Record>::groupStart(std::int32_t group) {
+    out_.raw("|");
+    out_.separator();
+    lineEnd();
+    groupHeader(group);
+    lineEnd();
+}
+
+template <class Record>
+void LibraryFormatter<Record>::end() {
+    out_.raw("|");
+    out_.separator();
+    lineEnd();
+    out_.raw("|");
+    out_.separator();
+    out_.raw("End of File");
+    lineEnd();
+}
+
+template <class Record>
+bool LibraryFormatter<Record>::names(const Record& record, const GroupText& group) {
+    out_.raw(group.start);
+    if (!group.hasFamily && record.family > 0 &&
+        static_cast<std::size_t>(record.family) < familyNames().size())
+        static_cast<void>(out_.plain(familyNames()[static_cast<std::size_t>(record.family)]));
+    if (!put(group.group.has_value(), cellNames[groupName]))
+        return false;
+    out_.raw(*group.group);
+    buffer_ = record.PartNum;
+    for (wchar_t& c : buffer_)
+        c = upperCase(c);
+    if (!put(out_.quoted(buffer_), cellNames[partNumber]))
+        return false;
+    out_.separator();
+    if (!put(out_.quoted(record.CatNum), cellNames[catalogNumber]))
+        return false;
+    out_.separator();
+    if (!put(out_.quoted(record.Description), cellNames[description]))
+        return false;
+    out_.separator();
+    const auto last = group.types.size() - 1;
+    const auto type =
+        record.type < 0 ? last : std::min(static_cast<std::size_t>(record.type), last);
+    if (!put(group.types[type].has_value(), cellNames[typeName]))
+        return false;
+    out_.raw(*group.types[type]);
+    out_.separator();
+    return true;
+}
+
+/// A value, the maker or the notes of an Analyses record. A quote in it would break the row, and
+/// "<" at its start would end it.
+template <class Record>
+bool LibraryFormatter<Record>::encodedCell(std::wstring_view text, bool isValue) {
+    text = text.substr(0, cell::maximumLength);
+    if (text.find_first_of(L"\"%(<,;\r\n") == std::wstring_view::npos)
+        return out_.plain(text);
+    const bool needsQuotes = text.find(L'"') != std::wstring_view::npos || RowBuffer::endsRow(text);
+    // The separator is quoted by the cell rule only where the three quotes do not do it already.
+    const wchar_t separator = needsQuotes ? L'\n' : static_cast<wchar_t>(separator_);
+    const std::wstring cell = ToCsvCell(text, separator, isValue);
+    return needsQuotes ? out_.quoted(cell) : out_.plain(cell);
+}
+
+template <class Record>
+bool LibraryFormatter<Record>::values(const Record& record, const GroupText& group) {
+    for (std::size_t i = 0; i < group.columns.size(); ++i) {
+        const std::wstring_view value = cell::toFile(record.LPar[i]);
+        bool done = false;
+        if constexpr (Dialect<Record>::encodesValues) {
+            done = encodedCell(trim(encodeValue(value, group.pins[i], mark_, buffer_)), true);
+        } else {
+            done = out_.bareOrQuoted(value);
+        }
+        if (!put(done, group.columns[i]))
+            return false;
+        out_.separator();
+    }
+    return true;
+}
+
+template <class Record>
+bool LibraryFormatter<Record>::notes(std::wstring_view text) {
+    return Dialect<Record>::quotesNotes ? out_.quoted(text) : encodedCell(text, false);
+}
+
+template <class Record>
+bool LibraryFormatter<Record>::row(const Record& record) {
+    const GroupText& group = groupText(record.group);
+    if (!names(record, group) || !values(record, group) ||
+        !put(notes(record.Manufacturer), makerColumn))
+        return false;
+    out_.separator();
+    if (!put(notes(record.Notes), notesColumn))
+        return false;
+    out_.separator();
+    out_.separator();
+    out_.raw("<");
+    return true;
+}
+
+template <class Record>
+SaveResult saveLibrary(const CPartwrightPlugInApp& app, std::span<const Record* const> records,
+                       const std::wstring& path, SaveForm wanted) {
+    SaveResult result;
+    result.path = path;
+    const auto fault = app.libraryFaults.find(path);
+    if (fault != app.libraryFaults.end() && fault->second != LibraryFault::None) {
+        result.status = SaveStatus::Refused;
+        result.message = message::saveWouldLose(
+            path, fault->second == LibraryFault::Unreadable
+                      ? message::fileUnreadable()
+                      : message::groupTableMissing(Dialect<Record>::groupTable(app)));
+        return result;
+    }
+    TextForm form = formOnDisk(path);
+    if (wanted == SaveForm::Utf8)
+        form.codePage = CodePage::Utf8;
+    FormattedLibrary text = formatLibrary<Record>(app, records, path, form);
+    if (!text.encodable) {
+        result.status = SaveStatus::Unencodable;
+        result.message = message::characterNotInCodePage(path, text.part, text.column);
+        result.part = std::move(text.part);
+        result.column = std::move(text.column);
+        return result;
+    }
+    const WriteResult written = writeTextFile(path, text.bytes);
+    if (written.status == WriteStatus::OpenFailed) {
+        result.status = SaveStatus::OpenFailed;
+        result.message = message::failedToOpenForWriting(path);
+    } else if (written.status == WriteStatus::WriteFailed) {
+        result.status = SaveStatus::WriteFailed;
+        result.message = message::failedToWrite(path, written.reason);
+    }
+    return result;
+}
+
+template <class Record>
+std::wstring headerText(const CPartwrightPlugInApp& app, std::int32_t group) {
+    LibraryFormatter<Record> formatter(app, {});
+    formatter.groupHeader(group);
+    return decode(formatter.take(), CodePage::Utf8);
+}
+
+template <class Record>
+std::wstring rowText(const CPartwrightPlugInApp& app, const Record& record) {
+    LibraryFormatter<Record> formatter(app, {});
+    static_cast<void>(formatter.row(record)); // UTF-8 holds every character
+    return decode(formatter.take(), CodePage::Utf8);
+}
+
+} // namespace
+
+template <class Record>
+RecordList<Record> recordsByGroup(const std::map<std::wstring, Record, std::less<>>& library) {
+    RecordList<Record> records;
+    records.reserve(library.size());
+    for (const auto& [key, record] : library)
+        if (Dialect<Record>::writesDeleted || record.group >= 0)
+            records.push_back(&record);
+    std::stable_sort(records.begin(), records.end(),
+                     [](const Record* a, const Record* b) { return a->group < b->group; });
+    return records;
+}
+
+template RecordList<SdtaComponent> recordsByGroup<SdtaComponent>(const SdtaLibrary&);
+template RecordList<AsrComponent> recordsByGroup<AsrComponent>(const AsrLibrary&);
+
+template <class Record>
+FormattedLibrary formatLibrary(const CPartwrightPlugInApp& app,
+                               std::span<const Record* const> records, std::wstring_view path,
+                               TextForm form) {
+    LibraryFormatter<Record> formatter(app, form);
+    FormattedLibrary result;
+    result.encodable = formatter.banner(path);
+    std::optional<std::int32_t> group;
+    for (const Record* record : records) {
+        if (!result.encodable)
+            break;
+        if (!Dialect<Record>::writesDeleted && record->group < 0)
+            continue;
+        if (group != record->group)
+            formatter.groupStart(record->group);
+        group = record->group;
+        result.encodable = formatter.row(*record);
+        formatter.lineEnd();
+        if (!result.encodable)
+            result.part = record->PartNum;
+    }
+    if (!result.encodable) {
+        result.column = formatter.failedColumn();
+        return result;
+    }
+    formatter.end();
+    result.bytes = formatter.take();
+    // Characters of the old code page that happen to read as UTF-8 would come back as others.
+    if (form.codePage == CodePage::Windows1252 && !isAscii(result.bytes) &&
+        isValidUtf8(result.bytes))
+        return formatLibrary<Record>(app, records, path, {CodePage::Utf8, form.crLf});
+    return result;
+}
+
+template FormattedLibrary formatLibrary<SdtaComponent>(const CPartwrightPlugInApp&,
+                                                       std::span<const SdtaComponent* const>,
+                                                       std::wstring_view, TextForm);
+template FormattedLibrary formatLibrary<AsrComponent>(const CPartwrightPlugInApp&,
+                                                      std::span<const AsrComponent* const>,
+                                                      std::wstring_view, TextForm);
+
+SaveResult SaveSdtaLibrary(const CPartwrightPlugInApp& app,
+                           std::span<const SdtaComponent* const> records, std::wstring_view path,
+                           SaveForm form) {
+    return saveLibrary<SdtaComponent>(
+        app, records, path.empty() ? app.sdtaLibraryPath : std::wstring(path), form);
+}
+
+SaveResult SaveAnalysesLibrary(const CPartwrightPlugInApp& app,
+                               std::span<const AsrComponent* const> records, std::wstring_view path,
+                               SaveForm form) {
+    return saveLibrary<AsrComponent>(app, records,
+                                     path.empty() ? app.asrLibraryPath : std::wstring(path), form);
+}
+
+std::wstring GroupHeaderRow(const CPartwrightPlugInApp& app, std::int32_t group) {
+    return headerText<SdtaComponent>(app, group);
+}
+
+std::wstring ComponentRow(const CPartwrightPlugInApp& app, const SdtaComponent& record) {
+    return rowText(app, record);
+}
+
+std::wstring AnalysesGroupHeaderRow(const CPartwrightPlugInApp& app, std::int32_t group) {
+    return headerText<AsrComponent>(app, group);
+}
+
+std::wstring AnalysesComponentRow(const CPartwrightPlugInApp& app, const AsrComponent& record) {
+    return rowText(app, record);
+}
+
+} // namespace partwright

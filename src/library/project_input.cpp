@@ -1,0 +1,116 @@
+#include "library/project_input.h"
+
+#include "core/messages.h"
+#include "core/paths.h"
+#include "core/text.h"
+#include "library/field_scanner.h"
+#include "library/text_table.h"
+
+#include <algorithm>
+
+namespace partwright {
+
+namespace {
+
+constexpr int maximumTries = 5;
+constexpr std::chrono::milliseconds pauseBetweenTries{1000};
+constexpr std::wstring_view projectMark = L"#Project filename";
+constexpr std::wstring_view selectedText = L"Yes";
+
+enum Column : std::size_t { designator, partNumber, maker, description, catalogNumber, selection };
+constexpr std::size_t columnCount = 6;
+
+/// "#Project filename: C:\Work\Board.DSN" -> "Board"; a file name without "." has no name.
+std::wstring projectNameOf(std::wstring_view line) {
+    const auto colon = line.find(L':');
+    std::wstring_view path = colon == std::wstring_view::npos ? L"" : line.substr(colon + 1);
+    const auto dot = path.rfind(L'.');
+    path = path.substr(0, dot == std::wstring_view::npos ? 0 : dot);
+    const auto separator =
+        std::find_if(path.rbegin(), path.rend(), [](wchar_t c) { return isPathSeparator(c); });
+    return std::wstring(trim(path.substr(static_cast<std::size_t>(path.rend() - separator))));
+}
+
+std::array<std::wstring, columnCount> readFields(std::wstring_view line, wchar_t separator) {
+    std::array<std::wstring, columnCount> fields;
+    std::wstring buffer;
+    for (std::wstring& field : fields)
+        if (const auto text = NextField(line, separator, buffer))
+            field = trim(trimOf(trim(*text), L"\""));
+    return fields;
+}
+
+void storePlacement(CPartwrightPlugInApp& app, std::wstring_view line, wchar_t separator) {
+    auto fields = readFields(line, separator);
+    if (fields[designator].empty() || fields[partNumber].empty())
+        return;
+    ProjectEntry entry;
+    entry.selected = equalsNoCase(fields[selection], selectedText) ? 1 : 0;
+    app.selectedCount += entry.selected;
+    entry.values[app.columnPartNumber] = std::move(fields[partNumber]);
+    entry.values[app.columnManufacturer] = std::move(fields[maker]);
+    entry.values[app.columnDescription] = std::move(fields[description]);
+    entry.values[app.columnCatalogNumber] = std::move(fields[catalogNumber]);
+    app.projectEntries[std::move(fields[designator])] = std::move(entry);
+}
+
+void storeColumns(CPartwrightPlugInApp& app, std::wstring_view line, wchar_t separator) {
+    std::array<std::wstring, maximumCells> cells;
+    SplitStarRow(line, separator, cells);
+    app.columnPartNumber = cells[partNumber];
+    app.columnManufacturer = cells[maker];
+    app.columnDescription = cells[description];
+    app.columnCatalogNumber = cells[catalogNumber];
+}
+
+} // namespace
+
+LoadResult LoadProjectInput(CPartwrightPlugInApp& app, Clock& clock) {
+    if (app.libraryFolder.empty())
+        return {};
+    app.projectInputPath = app.projectInputFolder + std::wstring(projectInputName);
+    LoadResult result{FileStatus::Absent, app.projectInputPath, {}};
+    TextFile file;
+    for (int tries = 1; tries <= maximumTries; ++tries) {
+        file = readTextFile(app.projectInputPath);
+        if (file.status != FileStatus::OpenFailed)
+            break;
+        if (tries < maximumTries)
+            clock.pause(pauseBetweenTries);
+    }
+    result.status = file.status;
+    if (file.status == FileStatus::Absent)
+        return result;
+    app.projectInputPresent = 1;
+    app.projectEntries.clear();
+    if (file.status == FileStatus::OpenFailed)
+        result.message = message::failedToOpen(app.projectInputPath);
+    else
+        parseProjectInput(app, file.bytes, file.form.codePage);
+    return result;
+}
+
+void parseProjectInput(CPartwrightPlugInApp& app, std::string_view bytes, CodePage codePage) {
+    const auto firstEnd = bytes.find('\n');
+    if (firstEnd == std::string_view::npos || firstEnd + 1 == bytes.size())
+        return; // fewer than two lines
+    const auto separator = static_cast<wchar_t>(findSeparator(bytes));
+    const std::wstring_view header = separator == L';' ? L"#REFDES;P/N;MFG;DESCR;CPN;SELECT"
+                                                       : L"#REFDES,P/N,MFG,DESCR,CPN,SELECT";
+    LineReader reader(bytes);
+    bool inTable = false;
+    for (std::string_view narrow; reader.next(narrow);) {
+        const std::wstring text = decode(narrow, codePage);
+        const std::wstring_view line = trim(text);
+        if (line.find(projectMark) != std::wstring_view::npos) {
+            app.projectName = projectNameOf(line);
+        } else if (line.find(header) != std::wstring_view::npos) {
+            storeColumns(app, line, separator);
+            inTable = true;
+        } else if (inTable) {
+            storePlacement(app, line, separator);
+        }
+    }
+}
+
+} // namespace partwright
