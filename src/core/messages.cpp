@@ -21,7 +21,7 @@ std::wstring completenessStatus(std::int32_t uncompleted, std::int32_t total) {
 }
 
 std::wstring failedToOpen(std::wstring_view path) {
-    return join({L"Failed to Open File\n", path, L"."});
+    return join({failedToOpenStart, path, L"."});
 }
 
 std::wstring failedToOpenForWriting(std::wstring_view path) {

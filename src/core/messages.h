@@ -14,6 +14,8 @@ inline constexpr std::wstring_view caption = L"Partwright";
 inline constexpr std::wstring_view commandLineError = L"Command Line Error.";
 inline constexpr std::wstring_view operationCompleted =
     L"Operation has been completed successfully.";
+/// How the box of a file that cannot be read begins.
+inline constexpr std::wstring_view failedToOpenStart = L"Failed to Open File\n";
 inline constexpr std::wstring_view indexFieldError = L"Error in Index Field";
 inline constexpr std::wstring_view confirmAutoFillTitle = L"Confirm Auto-Fill Operation";
 inline constexpr std::wstring_view confirmAutoFill =

@@ -125,6 +125,7 @@ struct BiCodeEntry {
 struct GroupRule {
     std::wstring rules;
     std::wstring excluding;
+    friend bool operator==(const GroupRule&, const GroupRule&) = default;
 };
 
 } // namespace partwright

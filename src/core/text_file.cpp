@@ -102,9 +102,15 @@ private:
     int handle_;
 };
 
+bool isRegular(int file) {
+    struct stat state {};
+    return ::fstat(file, &state) == 0 && (state.st_mode & S_IFMT) == S_IFREG;
+}
+
+/// False for what is no regular file: a folder has no bytes, and a device may never end.
 bool readAll(int file, std::string& bytes) {
     struct stat state {};
-    if (::fstat(file, &state) != 0 || (state.st_mode & S_IFMT) == S_IFDIR)
+    if (!isRegular(file) || ::fstat(file, &state) != 0)
         return false;
     std::size_t filled = 0;
     bytes.resize(static_cast<std::size_t>(state.st_size) + 1);
@@ -216,7 +222,7 @@ TextFile readTextFile(std::wstring_view path) {
 WriteResult writeTextFile(std::wstring_view path, std::string_view bytes) {
     const File file(path, true);
     std::string before;
-    if (!file.isOpen() || !readAll(file.handle(), before))
+    if (!file.isOpen() || (isRegular(file.handle()) && !readAll(file.handle(), before)))
         return failure(WriteStatus::OpenFailed, errno);
     if (!reserveSpace(file.handle(), bytes.size())) {
         const WriteResult result = failure(WriteStatus::WriteFailed, errno);

@@ -1,5 +1,6 @@
 #include "editing/page_session.h"
 
+#include "autofill/defaults.h"
 #include "core/cell_text.h"
 #include "core/text.h"
 #include "editing/library_save.h"
@@ -70,6 +71,11 @@ const PartSelection& PageSession::filterSet() const {
     return isDesign_ ? designParts : publicParts;
 }
 
+void PageSession::tellAll(const std::vector<LoadResult>& results) {
+    for (const LoadResult& result : results)
+        tell(prompt_, result);
+}
+
 template <class Record>
 void LibraryPageSession<Record>::refresh() {
     if (isDesign_ && addMissingParts())
@@ -109,18 +115,20 @@ void LibraryPageSession<Record>::RebuildKeySets() {
 
 template <class Record>
 std::vector<std::wstring> LibraryPageSession<Record>::runGroupLibrary() {
-    auto changed = engine_.runGroupLibrary(filterSet(), workingLibrary(), prompt_);
-    modified_ = modified_ || !changed.empty();
+    FillReport report = engine_.runGroupLibrary<Record>(filterSet(), workingLibrary());
+    for (const std::wstring& text : report.messages)
+        prompt_.tell(text, PromptIcon::None);
+    modified_ = modified_ || !report.parts.empty();
     refresh();
-    return changed;
+    return std::move(report.parts);
 }
 
 template <class Record>
 std::vector<std::wstring> LibraryPageSession<Record>::parseDescriptions() {
-    auto changed = engine_.parseDescriptions(filterSet(), workingLibrary());
-    modified_ = modified_ || !changed.empty();
+    FillReport report = engine_.parseDescriptions<Record>(filterSet(), workingLibrary());
+    modified_ = modified_ || !report.parts.empty();
     refresh();
-    return changed;
+    return std::move(report.parts);
 }
 
 template <class Record>
@@ -182,10 +190,9 @@ void SdtaPageSession::start() {
     selectedParts = partsOfProject(app_, true);
     projectParts = partsOfProject(app_, false);
     RebuildKeySets();
-    engine_.loadForSdta(prompt_);
     filter_ = app_.selectedCount > 0 ? PageFilter::SelectedOnly : PageFilter::AllProject;
     tell(prompt_, LoadGroupNames(app_));
-    engine_.prepare();
+    tellAll(engine_.load());
     refresh();
 }
 
@@ -220,8 +227,7 @@ void AsrPageSession::start() {
     loadAnalysesLibraries(app_, prompt_);
     takeMasters();
     tell(prompt_, LoadGroupNames(app_));
-    engine_.loadForAnalyses(prompt_);
-    engine_.prepare();
+    tellAll(engine_.load());
     loadSdtaLibraries(app_, prompt_);
     filter_ = PageFilter::AllProject;
     level_ = app_.analysisLevel != 0 ? AnalysisLevel::Rapid : AnalysisLevel::SchematicReview;
@@ -286,7 +292,7 @@ bool AsrPageSession::addMissingParts() {
         record.group = found.group;
         record.type = found.type;
         record.family = FamilyNumber(FamilyOfAsrGroup(record.group));
-        engine_.applyDefaults(record);
+        static_cast<void>(ApplyAsrDefaults(app_, record));
         app_.UpdateCompletion(record);
         designLibrary.insert_or_assign(record.PartNum, std::move(record));
         added = true;

@@ -17,11 +17,11 @@
 // Keys and part numbers of working maps are in capitals; with several records that differ only in
 // case the last one wins.
 
+#include "autofill/fill_engine.h"
 #include "core/application.h"
 #include "core/library_kind.h"
 #include "core/ports/prompt.h"
 #include "editing/analysis_level.h"
-#include "editing/fill_engine.h"
 #include "editing/library_save.h"
 
 #include <cstdint>
@@ -98,6 +98,9 @@ public:
     PartSelection publicParts;
 
 protected:
+    /// Shows what loaders have to say.
+    void tellAll(const std::vector<LoadResult>& results);
+
     CPartwrightPlugInApp& app_;
     FillEngine& engine_;
     Prompt& prompt_;

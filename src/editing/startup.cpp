@@ -33,8 +33,8 @@ void loadAtStart(CPartwrightPlugInApp& app, Clock& clock, Prompt& prompt,
     findProgramFolder(app, options);
     const auto setting = [&app](std::wstring& value, std::wstring_view name) {
         // A value that is missing stays empty: the ordinary case of a first run.
-        static_cast<void>(ReadRegistryValue(app.hostTool, RegistryOperation::Read, value,
-                                            settingsSection, name));
+        static_cast<void>(
+            ReadRegistryValue(app.hostTool, RegistryOperation::Read, value, settingsSection, name));
     };
     if (app.hostTool == 1)
         setting(app.hostLibFolder, L"LibFolder");

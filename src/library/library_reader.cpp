@@ -155,8 +155,11 @@ void LibraryParser<Record>::takeHeader(std::string_view line) {
 
 template <class Record>
 bool LibraryParser<Record>::isTooLong(std::string_view cell) const {
+    constexpr std::size_t longestCharacter = 4; // bytes, in UTF-8
     if (cell.size() <= cell::maximumLength)
         return false;
+    if (cell.size() > (cell::maximumLength + 2) * longestCharacter)
+        return true;
     return decode(trimQuotes(cell), codePage_).size() > cell::maximumLength;
 }
 

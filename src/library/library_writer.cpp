@@ -9,7 +9,7 @@
 #include "library/text_table.h"
 
 #include <algorithm>
-#include <cmath>
+#include <bitset>
 #include <limits>
 #include <optional>
 
@@ -21,6 +21,8 @@ using namespace library_file;
 
 constexpr std::size_t bannerFillers = 34;
 constexpr std::wstring_view bannerColumn = L"File";
+/// A guess at a row's bytes that few libraries exceed.
+constexpr std::size_t expectedRow = 256;
 
 /// A pin number as the host's tools write it; none when it has more than seven digits.
 std::optional<std::wstring> toBase36(double number) {
@@ -76,12 +78,13 @@ std::wstring nameCell(std::wstring_view name, wchar_t separator) {
 /// code page cannot hold is none.
 struct GroupText {
     Names columns;
-    std::vector<bool> pins;
+    std::bitset<Kind<AsrComponent>::maximumColumns> pins;
     std::string header;
-    /// Up to the family, and from there to the part number.
-    std::string start;
-    bool hasFamily = false;
-    std::optional<std::string> group;
+    /// A row up to the part number, where the group names the family.
+    std::optional<std::string> start;
+    /// The same in two pieces, for a family that each record names itself.
+    std::string beforeFamily;
+    std::optional<std::string> behindFamily;
     /// By type position; the last one serves the positions out of range.
     std::vector<std::optional<std::string>> types;
 };
@@ -89,15 +92,18 @@ struct GroupText {
 template <class Record>
 class LibraryFormatter {
 public:
-    LibraryFormatter(const CPartwrightPlugInApp& app, TextForm form)
-        : app_(app), form_(form), separator_(static_cast<char>(app.writtenSeparator())),
-          mark_(app.decimalMark()), out_(form.codePage, separator_) {}
+    LibraryFormatter(const CPartwrightPlugInApp& app, TextForm form, std::size_t records = 0)
+        : app_(app), codePage_(form.codePage),
+          separator_(static_cast<char>(app.writtenSeparator())), mark_(app.decimalMark()),
+          lineEnd_(form.crLf ? "\r\n" : "\n"), rowEnd_(separator_ + ("<" + lineEnd_)),
+          out_(form.codePage, separator_, (records + 1) * expectedRow) {}
 
     [[nodiscard]] bool banner(std::wstring_view path);
     void groupStart(std::int32_t group);
     void groupHeader(std::int32_t group) { out_.raw(groupText(group).header); }
+    /// With its line end.
     [[nodiscard]] bool row(const Record& record);
-    void lineEnd() { out_.raw(form_.crLf ? "\r\n" : "\n"); }
+    void lineEnd() { out_.raw(lineEnd_); }
     void end();
 
     [[nodiscard]] std::string take() { return out_.take(); }
@@ -110,9 +116,10 @@ private:
     [[nodiscard]] std::string joined(const std::vector<std::wstring_view>& cells) const;
     [[nodiscard]] std::optional<std::string> name(std::wstring_view text) const;
     [[nodiscard]] bool names(const Record& record, const GroupText& group);
-    [[nodiscard]] bool values(const Record& record, const GroupText& group);
+    [[nodiscard]] bool start(const Record& record, const GroupText& group);
+    [[nodiscard]] bool value(std::wstring_view text, bool isPin);
     [[nodiscard]] bool notes(std::wstring_view text);
-    [[nodiscard]] bool encodedCell(std::wstring_view text, bool isValue);
+    [[nodiscard]] bool ruledCell(std::wstring_view text, bool isValue);
     /// Remembers the column when the cell could not be put down.
     bool put(bool done, std::wstring_view column) {
         if (!done)
@@ -121,9 +128,11 @@ private:
     }
 
     const CPartwrightPlugInApp& app_;
-    TextForm form_;
+    CodePage codePage_;
     char separator_;
     wchar_t mark_;
+    std::string lineEnd_;
+    std::string rowEnd_;
     RowBuffer out_;
     std::map<std::int32_t, GroupText> groups_;
     const GroupText* current_ = nullptr;
@@ -136,7 +145,7 @@ template <class Record>
 std::optional<std::string> LibraryFormatter<Record>::name(std::wstring_view text) const {
     std::string bytes;
     const auto cell = nameCell(text, static_cast<wchar_t>(separator_));
-    return encodeInto(bytes, cell, form_.codePage) ? std::optional(bytes) : std::nullopt;
+    return encodeInto(bytes, cell, codePage_) ? std::optional(bytes) : std::nullopt;
 }
 
 template <class Record>
@@ -160,19 +169,26 @@ GroupText LibraryFormatter<Record>::prepare(std::int32_t number) const {
     cells.insert(cells.end(), text.columns.begin(), text.columns.end());
     cells.insert(cells.end(), {makerColumn, notesColumn, colorColumn, L"*"});
     text.header = joined(cells);
-    for (const std::wstring_view column : text.columns)
-        text.pins.push_back(isPinColumn(column));
+    for (std::size_t i = 0; i < text.columns.size(); ++i)
+        text.pins[i] = isPinColumn(text.columns[i]);
 
     const auto family = name(Rules::family(app_, number));
     const auto group = name(namesOf<Record>(app_, number, 0).first);
-    text.hasFamily = family && !family->empty();
-    text.start = joined({L">", Rules::rowKind, Rules::beforeFamily}) + family.value_or("");
-    if (family && group)
-        text.group = separator_ + *group + separator_;
+    text.beforeFamily = joined({L">", Rules::rowKind, Rules::beforeFamily});
+    if (group)
+        text.behindFamily = separator_ + *group + separator_;
+    if (family && !family->empty() && group)
+        text.start = text.beforeFamily + *family + *text.behindFamily;
+    const auto cellOf = [this](std::wstring_view type) {
+        auto cell = name(type);
+        if (cell)
+            *cell += separator_;
+        return cell;
+    };
     const auto types = Kind<Record>::groupTypes(app_).find(namesOf<Record>(app_, number, 0).first);
     const auto known = types == Kind<Record>::groupTypes(app_).end() ? 0 : types->second.size();
     for (std::size_t type = 0; type <= known; ++type)
-        text.types.push_back(name(Rules::type(app_, number, static_cast<std::int32_t>(type))));
+        text.types.push_back(cellOf(Rules::type(app_, number, static_cast<std::int32_t>(type))));
     return text;
 }
 
@@ -204,8 +220,10 @@ bool LibraryFormatter<Record>::banner(std::wstring_view path) {
     out_.raw("|");
     out_.separator();
     out_.raw(" File: ");
-    if (!put(out_.plain(path), bannerColumn))
+    std::string pathBytes;
+    if (!put(encodeInto(pathBytes, removeAll(path, L"\r\n"), codePage_), bannerColumn))
         return false;
+    out_.raw(pathBytes);
     lineEnd();
     out_.raw("|");
     out_.separator();
@@ -236,84 +254,89 @@ void LibraryFormatter<Record>::end() {
 }
 
 template <class Record>
+bool LibraryFormatter<Record>::start(const Record& record, const GroupText& group) {
+    if (group.start) {
+        out_.raw(*group.start);
+        return true;
+    }
+    if (!group.behindFamily)
+        return false;
+    out_.raw(group.beforeFamily);
+    if (record.family > 0 && static_cast<std::size_t>(record.family) < familyNames().size())
+        out_.raw(encodeUtf8(familyNames()[static_cast<std::size_t>(record.family)]));
+    out_.raw(*group.behindFamily);
+    return true;
+}
+
+template <class Record>
 bool LibraryFormatter<Record>::names(const Record& record, const GroupText& group) {
-    out_.raw(group.start);
-    if (!group.hasFamily && record.family > 0 &&
-        static_cast<std::size_t>(record.family) < familyNames().size())
-        static_cast<void>(out_.plain(familyNames()[static_cast<std::size_t>(record.family)]));
-    if (!put(group.group.has_value(), cellNames[groupName]))
+    const bool isUpper = std::none_of(record.PartNum.begin(), record.PartNum.end(), [](wchar_t c) {
+        return (c >= L'a' && c <= L'z') || static_cast<char32_t>(c) >= 0x80;
+    });
+    if (!isUpper)
+        buffer_ = upperCase(record.PartNum);
+    if (!put(start(record, group), cellNames[groupName]) ||
+        !put(out_.quotedCell(isUpper ? record.PartNum : buffer_), cellNames[partNumber]) ||
+        !put(out_.quotedCell(record.CatNum), cellNames[catalogNumber]) ||
+        !put(out_.quotedCell(record.Description), cellNames[description]))
         return false;
-    out_.raw(*group.group);
-    buffer_ = record.PartNum;
-    for (wchar_t& c : buffer_)
-        c = upperCase(c);
-    if (!put(out_.quoted(buffer_), cellNames[partNumber]))
-        return false;
-    out_.separator();
-    if (!put(out_.quoted(record.CatNum), cellNames[catalogNumber]))
-        return false;
-    out_.separator();
-    if (!put(out_.quoted(record.Description), cellNames[description]))
-        return false;
-    out_.separator();
     const auto last = group.types.size() - 1;
     const auto type =
         record.type < 0 ? last : std::min(static_cast<std::size_t>(record.type), last);
     if (!put(group.types[type].has_value(), cellNames[typeName]))
         return false;
     out_.raw(*group.types[type]);
-    out_.separator();
     return true;
 }
 
-/// A value, the maker or the notes of an Analyses record. A quote in it would break the row, and
+/// A cell of an Analyses record that its rules may change. A quote in it would break the row, and
 /// "<" at its start would end it.
 template <class Record>
-bool LibraryFormatter<Record>::encodedCell(std::wstring_view text, bool isValue) {
+bool LibraryFormatter<Record>::ruledCell(std::wstring_view text, bool isValue) {
     text = text.substr(0, cell::maximumLength);
-    if (text.find_first_of(L"\"%(<,;\r\n") == std::wstring_view::npos)
-        return out_.plain(text);
-    const bool needsQuotes = text.find(L'"') != std::wstring_view::npos || RowBuffer::endsRow(text);
+    const bool needsQuotes = RowBuffer::needsQuotes(text);
     // The separator is quoted by the cell rule only where the three quotes do not do it already.
     const wchar_t separator = needsQuotes ? L'\n' : static_cast<wchar_t>(separator_);
     const std::wstring cell = ToCsvCell(text, separator, isValue);
-    return needsQuotes ? out_.quoted(cell) : out_.plain(cell);
+    return needsQuotes ? out_.quotedCell(cell) : out_.plainCell(cell);
 }
 
 template <class Record>
-bool LibraryFormatter<Record>::values(const Record& record, const GroupText& group) {
-    for (std::size_t i = 0; i < group.columns.size(); ++i) {
-        const std::wstring_view value = cell::toFile(record.LPar[i]);
-        bool done = false;
-        if constexpr (Dialect<Record>::encodesValues) {
-            done = encodedCell(trim(encodeValue(value, group.pins[i], mark_, buffer_)), true);
-        } else {
-            done = out_.bareOrQuoted(value);
-        }
-        if (!put(done, group.columns[i]))
-            return false;
-        out_.separator();
-    }
-    return true;
+bool LibraryFormatter<Record>::value(std::wstring_view text, bool isPin) {
+    using Buffer = RowBuffer;
+    if (text == cell::noValue)
+        return out_.simpleCell(cell::shownNoValue, 0);
+    if constexpr (!Dialect<Record>::encodesValues)
+        return out_.bareOrQuotedCell(text);
+    // A digit alone is its own base 36.
+    const unsigned numbers = isPin && text.size() > 1 ? Buffer::digit : 0;
+    constexpr unsigned classes = Buffer::lineEnd | Buffer::quote | Buffer::ending | Buffer::ruled |
+                                 Buffer::hyphen | Buffer::blank;
+    return (text.size() <= cell::maximumLength && out_.simpleCell(text, classes | numbers)) ||
+           ruledCell(trim(encodeValue(text, isPin, mark_, buffer_)), true);
 }
 
 template <class Record>
 bool LibraryFormatter<Record>::notes(std::wstring_view text) {
-    return Dialect<Record>::quotesNotes ? out_.quoted(text) : encodedCell(text, false);
+    using Buffer = RowBuffer;
+    if constexpr (Dialect<Record>::quotesNotes)
+        return out_.quotedCell(text);
+    constexpr unsigned classes = Buffer::lineEnd | Buffer::quote | Buffer::ending | Buffer::ruled;
+    return (text.size() <= cell::maximumLength && out_.simpleCell(text, classes)) ||
+           ruledCell(text, false);
 }
 
 template <class Record>
 bool LibraryFormatter<Record>::row(const Record& record) {
     const GroupText& group = groupText(record.group);
-    if (!names(record, group) || !values(record, group) ||
-        !put(notes(record.Manufacturer), makerColumn))
+    if (!names(record, group))
         return false;
-    out_.separator();
-    if (!put(notes(record.Notes), notesColumn))
+    for (std::size_t i = 0; i < group.columns.size(); ++i)
+        if (!put(value(record.LPar[i], group.pins[i]), group.columns[i]))
+            return false;
+    if (!put(notes(record.Manufacturer), makerColumn) || !put(notes(record.Notes), notesColumn))
         return false;
-    out_.separator();
-    out_.separator();
-    out_.raw("<");
+    out_.raw(rowEnd_);
     return true;
 }
 
@@ -364,20 +387,23 @@ template <class Record>
 std::wstring rowText(const CPartwrightPlugInApp& app, const Record& record) {
     LibraryFormatter<Record> formatter(app, {});
     static_cast<void>(formatter.row(record)); // UTF-8 holds every character
-    return decode(formatter.take(), CodePage::Utf8);
+    std::string bytes = formatter.take();
+    bytes.pop_back(); // the line end
+    return decode(bytes, CodePage::Utf8);
 }
 
 } // namespace
 
 template <class Record>
 RecordList<Record> recordsByGroup(const std::map<std::wstring, Record, std::less<>>& library) {
-    RecordList<Record> records;
-    records.reserve(library.size());
+    std::map<std::int32_t, RecordList<Record>> groups;
     for (const auto& [key, record] : library)
         if (Dialect<Record>::writesDeleted || record.group >= 0)
-            records.push_back(&record);
-    std::stable_sort(records.begin(), records.end(),
-                     [](const Record* a, const Record* b) { return a->group < b->group; });
+            groups[record.group].push_back(&record);
+    RecordList<Record> records;
+    records.reserve(library.size());
+    for (const auto& [number, group] : groups)
+        records.insert(records.end(), group.begin(), group.end());
     return records;
 }
 
@@ -388,7 +414,7 @@ template <class Record>
 FormattedLibrary formatLibrary(const CPartwrightPlugInApp& app,
                                std::span<const Record* const> records, std::wstring_view path,
                                TextForm form) {
-    LibraryFormatter<Record> formatter(app, form);
+    LibraryFormatter<Record> formatter(app, form, records.size());
     FormattedLibrary result;
     result.encodable = formatter.banner(path);
     std::optional<std::int32_t> group;
@@ -401,7 +427,6 @@ FormattedLibrary formatLibrary(const CPartwrightPlugInApp& app,
             formatter.groupStart(record->group);
         group = record->group;
         result.encodable = formatter.row(*record);
-        formatter.lineEnd();
         if (!result.encodable)
             result.part = record->PartNum;
     }

@@ -1,22 +1,44 @@
 #include "library/row_buffer.h"
 
-#include "core/cell_text.h"
 #include "core/text.h"
+
+#include <algorithm>
 
 namespace partwright {
 
-bool RowBuffer::narrowed(std::wstring_view text) {
-    char* to = room(text.size());
-    unsigned found = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const auto c = static_cast<char32_t>(text[i]);
-        found |= c < 0x80 ? special_[c] : 1U;
-        to[i] = static_cast<char>(c);
-    }
-    if (found != 0)
-        return false;
-    used_ += text.size();
-    return true;
+RowBuffer::RowBuffer(CodePage codePage, char separator, std::size_t expected)
+    : codePage_(codePage), separator_(separator) {
+    for (std::size_t c = 0; c <= ' '; ++c)
+        classes_[c] = blank;
+    for (std::size_t c = '0'; c <= '9'; ++c)
+        classes_[c] = digit;
+    for (const char c : {'\r', '\n'})
+        classes_[static_cast<std::size_t>(c)] |= lineEnd;
+    for (const char c : {'%', '(', ')'})
+        classes_[static_cast<std::size_t>(c)] |= ruled;
+    for (const char c : {separator, '<'})
+        classes_[static_cast<std::size_t>(c)] |= ending;
+    classes_['"'] |= quote;
+    classes_['-'] |= hyphen;
+    bytes_.reserve(expected);
+}
+
+/// The buffer's size runs ahead of its use by small steps: each step is filled with zeros first,
+/// which is cheap as long as the step stays in the processor's cache.
+void RowBuffer::grow(std::size_t size) {
+    constexpr std::size_t step = 65536;
+    bytes_.resize(used_ + std::max(size, step));
+}
+
+std::string RowBuffer::take() {
+    bytes_.resize(used_);
+    used_ = 0;
+    return std::move(bytes_);
+}
+
+bool RowBuffer::needsQuotes(std::wstring_view text) {
+    const auto start = dropLeadingBlanks(text);
+    return (!start.empty() && start.front() == L'<') || text.find(L'"') != std::wstring_view::npos;
 }
 
 bool RowBuffer::encoded(std::wstring_view text) {
@@ -26,30 +48,25 @@ bool RowBuffer::encoded(std::wstring_view text) {
     return complete;
 }
 
-bool RowBuffer::plain(std::wstring_view text) {
-    return narrowed(text) || encoded(removeAll(text, L"\r\n"));
+bool RowBuffer::plainCell(std::wstring_view text) {
+    const bool complete = encoded(removeAll(text, L"\r\n"));
+    separator();
+    return complete;
 }
 
-bool RowBuffer::quoted(std::wstring_view text) {
-    constexpr std::string_view quotes = "\"\"\"";
-    text = text.substr(0, cell::maximumLength);
-    raw(quotes);
-    if (!narrowed(text) && !encoded(replaceAll(removeAll(text, L"\r\n"), L"\"", L"\"\"")))
-        return false;
-    raw(quotes);
-    return true;
+bool RowBuffer::quotedSlowly(std::wstring_view text) {
+    raw("\"\"\"");
+    const bool complete = encoded(replaceAll(removeAll(text, L"\r\n"), L"\"", L"\"\""));
+    raw("\"\"\"");
+    separator();
+    return complete;
 }
 
-bool RowBuffer::bareOrQuoted(std::wstring_view text) {
-    text = text.substr(0, cell::maximumLength);
-    const bool ends = endsRow(text);
-    if (!ends && narrowed(text))
-        return true;
+bool RowBuffer::bareOrQuotedSlowly(std::wstring_view text) {
     const auto separator = static_cast<wchar_t>(separator_);
-    if (ends || text.find(L'"') != std::wstring_view::npos ||
-        text.find(separator) != std::wstring_view::npos)
-        return quoted(text);
-    return plain(text);
+    if (needsQuotes(text) || text.find(separator) != std::wstring_view::npos)
+        return quotedCell(text);
+    return plainCell(text);
 }
 
 } // namespace partwright

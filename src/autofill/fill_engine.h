@@ -1,0 +1,113 @@
+#pragma once
+
+// The auto-fill engine of a run: its compiled tables, its rule files, and what the pages and the
+// command line ask of it. Every text is first rewritten by the synonyms; the stored description
+// stays as it is.
+//
+//   FillEngine engine(app);
+//   engine.load();
+//   engine.classify(L"R1,R2", L"RES 4K7 1% 0603")  ->  group 10, type 27
+//
+// Classifications are remembered, so that no refresh classifies the same text twice.
+
+#include "autofill/classifier.h"
+#include "autofill/compiled_tables.h"
+#include "autofill/group_library.h"
+#include "autofill/param_rules.h"
+#include "autofill/synonyms.h"
+#include "autofill/type_keywords.h"
+#include "core/application.h"
+#include "core/library_kind.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace partwright {
+
+struct Classification {
+    std::int32_t group = 0;
+    std::int32_t type = 0;
+};
+
+/// A part as its description tells it.
+struct FilledPart {
+    Classification found;
+    /// Values by slot.
+    std::vector<std::wstring> cells;
+    std::wstring notes;
+};
+
+/// What a command did.
+struct FillReport {
+    /// Part numbers of the records gone through, in key order.
+    std::vector<std::wstring> parts;
+    /// Texts to show.
+    std::vector<std::wstring> messages;
+};
+
+class FillEngine {
+public:
+    explicit FillEngine(CPartwrightPlugInApp& app);
+
+    /// Reads the rule files that are not there yet and prepares the classification for the
+    /// application's group list. To be run again when that list was read again.
+    [[nodiscard]] std::vector<LoadResult> load();
+
+    /// Group and type of an SDTA record, by the words of its description and its designators.
+    [[nodiscard]] Classification classify(std::wstring_view designators,
+                                          std::wstring_view description);
+    /// Group and type of an Analyses record whose SDTA group is known.
+    [[nodiscard]] Classification classifyForAnalyses(std::int32_t sdtaGroup,
+                                                     std::wstring_view description) const;
+
+    /// Classification, refined by the values, and the values themselves; no defaults.
+    template <class Record>
+    [[nodiscard]] FilledPart fill(std::wstring_view designators,
+                                  std::wstring_view description) const;
+
+    /// The same for a decoded description: without designators the words alone decide, and
+    /// designators without words decide nothing.
+    template <class Record>
+    [[nodiscard]] FilledPart fillByWords(std::wstring_view designators,
+                                         std::wstring_view description) const;
+
+    /// The description of a part number as it stands. The group library is read at first use; what
+    /// it has to say is among the messages.
+    [[nodiscard]] PartDescription describe(std::wstring_view partNumber);
+
+    [[nodiscard]] const FillTables& tables() const { return tables_; }
+
+    /// The two commands over the records of a library whose key is in the selection.
+    template <class Record>
+    FillReport runGroupLibrary(const PartSelection& selection,
+                               typename Kind<Record>::Library& library);
+    template <class Record>
+    FillReport parseDescriptions(const PartSelection& selection,
+                                 typename Kind<Record>::Library& library);
+
+private:
+    /// Group and type from a text that is rewritten already.
+    [[nodiscard]] Classification classified(std::int32_t group, std::wstring_view text) const;
+    [[nodiscard]] Classification convertedToAnalyses(std::int32_t sdtaGroup,
+                                                     std::wstring_view text) const;
+    template <class Record>
+    [[nodiscard]] FilledPart filled(std::int32_t group, std::wstring_view text) const;
+
+    CPartwrightPlugInApp& app_;
+    FillTables tables_;
+    ParamFiller filler_;
+    TypeKeywords keywords_;
+    SynonymTable synonyms_;
+    std::optional<Classifier> classifier_;
+    GroupLibrary groupLibrary_;
+    bool groupLibraryLoaded_ = false;
+    /// Designators and description, joined, to classification.
+    std::unordered_map<std::wstring, Classification> known_;
+    std::map<std::int32_t, GroupRule> preparedRules_;
+};
+
+} // namespace partwright

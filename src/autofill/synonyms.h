@@ -1,0 +1,68 @@
+#pragma once
+
+// Rewrites a description into the words and units that the other tables read. The stored text of a
+// part is never changed; what is rewritten is only what classification and filling look at.
+//
+//   Find,Replace,Note
+//   <n> {KOHMS|KOHM},<1>kohm,             "4,7 kOhms"      ->  "4.7kohm"
+//   [CAP|CAPACITOR]<i>P<d>,<1>.<2>pF,     "CAP 4p7"        ->  "CAP 4.7pF"
+//   STM32*,<0> MICROCONTROLLER,           "STM32F103C8T6"  ->  "STM32F103C8T6 MICROCONTROLLER"
+//
+// At each place of the text the first entry in file order that matches there is applied, and the
+// reading goes on behind it: replaced text is not read again. A place begins a match when it does
+// not continue a word, and a number also not behind one of - + ± ~ @ . # * < > ^; right behind a
+// match everything begins. A match must not end inside of a word or a number. A replacement stands
+// alone between blanks.
+//
+// In Find, letters match in any case, and so do the look-alikes of some signs (micro, ohm, degree,
+// dashes, blanks). A blank stands for no blank or some. Further:
+//   <n>      a number: digits with "." or a decimal ",", or thousands with ","
+//   <i> <d>  digits; one digit
+//   <b>      at least one blank
+//   {A|B|}   the first of these that fits, here possibly nothing
+//   \m       exactly this character
+//   *        at the end: the rest of a part number; the whole must hold a digit
+//   [A|B]    in front: some of these words must stand in the text, [!A|B]: none of them; $UPPER,
+//            $LOWER and $NOBLANK stand for a text without small letters, capitals or blanks
+// In Replace, <1> is the first of the numbers and digits matched, <0> the whole match as it stands
+// and <u> the same as it was compared. The rewritten text begins with a blank, so that its first
+// word stands between separators like all others; an empty text and "-" stay as they are.
+
+#include "core/application.h"
+#include "library/load_result.h"
+#include "library/rule_table.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace partwright {
+
+class SynonymTable {
+public:
+    SynonymTable();
+    explicit SynonymTable(const RuleTable& table);
+
+    /// An empty table gives the text as it stands.
+    [[nodiscard]] std::wstring rewrite(std::wstring_view text) const;
+
+    /// Lines of the file whose entry cannot be read; they match nothing.
+    [[nodiscard]] const std::vector<std::size_t>& faultyLines() const { return faultyLines_; }
+    [[nodiscard]] std::size_t size() const;
+
+private:
+    struct Entries;
+    std::shared_ptr<const Entries> entries_;
+    std::vector<std::size_t> faultyLines_;
+};
+
+/// The columns that are read.
+[[nodiscard]] RuleTableForm synonymForm();
+
+/// From "DescrSynonyms.csv" beside the program; without the file the table is empty.
+LoadResult LoadSynonyms(const CPartwrightPlugInApp& app, SynonymTable& synonyms);
+
+} // namespace partwright

@@ -1,0 +1,50 @@
+#include "cli/commands.h"
+#include "cli/project.h"
+#include "core/messages.h"
+#include "core/text_file.h"
+#include "library/library_reader.h"
+
+#include <filesystem>
+
+namespace partwright::cli {
+
+namespace {
+
+LoadResult load(CPartwrightPlugInApp& app, SdtaLibrary& target, std::wstring_view path) {
+    return LoadSdtaLibrary(app, target, path);
+}
+LoadResult load(CPartwrightPlugInApp& app, AsrLibrary& target, std::wstring_view path) {
+    return LoadAnalysesLibrary(app, target, path);
+}
+
+template <class Record>
+int convert(Tables& tables, const ConvertOptions& options) {
+    const std::wstring in = pathText(std::filesystem::path(options.in));
+    const std::wstring out = pathText(std::filesystem::path(options.out));
+    typename Kind<Record>::Library library;
+    const LoadResult result = load(tables.app, library, in);
+    if (result.status != FileStatus::Ok) {
+        tables.prompt.tell(result.status == FileStatus::Absent ? message::sourceFileNotFound(in)
+                                                               : message::failedToOpen(in),
+                           PromptIcon::None);
+        return Usage;
+    }
+    // What was not understood on reading would be lost in the copy as well.
+    if (const auto fault = tables.app.libraryFaults.find(in);
+        fault != tables.app.libraryFaults.end())
+        tables.app.libraryFaults[out] = fault->second;
+    return saveLibraryFile<Record>(tables.app, library, out, false, tables.prompt) ==
+                   SaveOutcome::Saved
+               ? Fine
+               : Findings;
+}
+
+} // namespace
+
+int runConvert(const PlaceOptions& place, const ConvertOptions& options, Streams streams) {
+    Tables tables(place, streams);
+    return options.analyses ? convert<AsrComponent>(tables, options)
+                            : convert<SdtaComponent>(tables, options);
+}
+
+} // namespace partwright::cli

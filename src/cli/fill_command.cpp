@@ -1,0 +1,73 @@
+#include "cli/commands.h"
+#include "cli/project.h"
+#include "cli/record_changes.h"
+#include "core/encoding.h"
+
+#include <nlohmann/json.hpp>
+
+#include <ostream>
+
+namespace partwright::cli {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+template <class Record>
+void printText(std::ostream& out, const RecordChange& change) {
+    out << encodeUtf8(Kind<Record>::name) << '\t' << encodeUtf8(change.partNumber);
+    for (const FieldChange& field : change.fields)
+        out << '\t' << encodeUtf8(field.name) << ": " << encodeUtf8(field.before) << " -> "
+            << encodeUtf8(field.after);
+    out << '\n';
+}
+
+template <class Record>
+void printJson(std::ostream& out, const RecordChange& change) {
+    Json line = {{"library", encodeUtf8(Kind<Record>::name)},
+                 {"partNumber", encodeUtf8(change.partNumber)},
+                 {"added", change.added}};
+    for (const FieldChange& field : change.fields)
+        line["changes"][encodeUtf8(field.name)] = {encodeUtf8(field.before),
+                                                   encodeUtf8(field.after)};
+    out << line.dump() << '\n';
+}
+
+/// The auto-fill commands of one page, then its save. False when the library was not written.
+template <class Record>
+bool fillPage(Project& project, LibraryPageSession<Record>& page, const FillOptions& options,
+              bool json, std::ostream& out) {
+    const auto before = Kind<Record>::designLibrary(project.app);
+    page.setFilter(pageFilter(page, options.filter, options.filterGiven));
+    page.refresh();
+    const bool all = !options.groupLibrary && !options.descriptions;
+    if (options.groupLibrary || all)
+        page.runGroupLibrary();
+    if (options.descriptions || all)
+        page.parseDescriptions();
+    for (const RecordChange& change : changesBetween(project.app, before, page.designLibrary)) {
+        if (json)
+            printJson<Record>(out, change);
+        else
+            printText<Record>(out, change);
+    }
+    return options.dryRun || page.save(false) == SaveOutcome::Saved;
+}
+
+} // namespace
+
+int runFill(const PlaceOptions& place, const FillOptions& options, Streams streams) {
+    Project project(place, streams);
+    const bool both = !options.sdta && !options.analyses;
+    bool written = true;
+    if (options.sdta || both)
+        written = fillPage(project, project.session.sdtaPage, options, place.json, streams.out);
+    if (options.analyses || both)
+        written =
+            fillPage(project, project.session.asrPage, options, place.json, streams.out) && written;
+    if (!written)
+        return Findings;
+    return project.unreadable() ? Usage : Fine;
+}
+
+} // namespace partwright::cli

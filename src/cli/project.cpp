@@ -1,0 +1,65 @@
+#include "cli/project.h"
+
+#include "core/paths.h"
+#include "core/text_file.h"
+#include "editing/startup.h"
+
+#include <filesystem>
+
+namespace partwright::cli {
+
+namespace {
+
+std::wstring folder(const std::string& argument) {
+    return pathText(std::filesystem::path(argument));
+}
+
+StartOptions startOptions(const PlaceOptions& place) {
+    return {folder(place.program), folder(place.publicFolder)};
+}
+
+} // namespace
+
+Tables::Tables(const PlaceOptions& place, Streams streams) : prompt(streams.err), engine(app) {
+    app.hostTool = place.host;
+    loadTables(app, prompt, startOptions(place));
+    for (const LoadResult& result : engine.load())
+        tell(prompt, result);
+}
+
+Project::Project(const PlaceOptions& place, Streams streams)
+    : prompt(streams.err), engine(app), session(app, engine, prompt) {
+    app.hostTool = place.host;
+    app.libraryFolder = folder(place.library);
+    app.projectInputFolder = withSeparator(folder(place.input));
+    loadAtStart(app, clock_, prompt, startOptions(place));
+    session.start();
+}
+
+PageFilter pageFilter(const PageSession& page, FilterChoice choice, bool given) {
+    if (!given)
+        return page.filter();
+    switch (choice) {
+    case FilterChoice::Selected:
+        return page.filters().front(); // "Project Only" on the Analyses page
+    case FilterChoice::Project:
+        return PageFilter::AllProject;
+    case FilterChoice::Full:
+        break;
+    }
+    return PageFilter::FullLibrary;
+}
+
+const char* filterName(PageFilter filter) {
+    switch (filter) {
+    case PageFilter::SelectedOnly:
+        return "selected";
+    case PageFilter::AllProject:
+        return "project";
+    case PageFilter::FullLibrary:
+        break;
+    }
+    return "full";
+}
+
+} // namespace partwright::cli

@@ -1,0 +1,47 @@
+#pragma once
+
+// A project opened from the command line: the application, the engine and both pages, started in
+// the order of the window.
+
+#include "cli/commands.h"
+#include "cli/console.h"
+#include "core/application.h"
+#include "core/system_clock.h"
+#include "autofill/fill_engine.h"
+#include "editing/main_session.h"
+
+namespace partwright::cli {
+
+/// The folder of the tables is known, no project is open.
+class Tables {
+public:
+    Tables(const PlaceOptions& place, Streams streams);
+
+    CPartwrightPlugInApp app;
+    ConsolePrompt prompt;
+    FillEngine engine;
+};
+
+class Project {
+public:
+    Project(const PlaceOptions& place, Streams streams);
+
+    CPartwrightPlugInApp app;
+    ConsolePrompt prompt;
+    FillEngine engine;
+    MainSession session;
+
+    /// A library or table was there and could not be read.
+    [[nodiscard]] bool unreadable() const { return prompt.unreadable(); }
+
+private:
+    SystemClock clock_;
+};
+
+/// The filter of a page for a choice; without one, the filter that the page opens with.
+[[nodiscard]] PageFilter pageFilter(const PageSession& page, FilterChoice choice, bool given);
+
+/// The word of a filter in the output.
+[[nodiscard]] const char* filterName(PageFilter filter);
+
+} // namespace partwright::cli

@@ -1,0 +1,76 @@
+#include "cli/record_changes.h"
+
+#include "core/cell_text.h"
+#include "core/text.h"
+
+namespace partwright::cli {
+
+namespace {
+
+/// Every text of a record by name, in the order of the file.
+template <class Record>
+std::vector<std::pair<std::wstring, std::wstring>> fieldsOf(const CPartwrightPlugInApp& app,
+                                                            const Record& record) {
+    const auto [group, type] = namesOf<Record>(app, record.group, record.type);
+    std::vector<std::pair<std::wstring, std::wstring>> fields = {
+        {L"Group", std::wstring(group)},
+        {L"Type", std::wstring(type)},
+        {L"CatNum", record.CatNum},
+        {L"Description", record.Description},
+        {L"Manufacturer", record.Manufacturer}};
+    const Names columns = Kind<Record>::columns(record.group);
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        fields.emplace_back(columns[i], cell::toFile(record.LPar[i]));
+    fields.emplace_back(L"Notes", record.Notes);
+    return fields;
+}
+
+template <class Record>
+RecordChange compare(const CPartwrightPlugInApp& app, const Record& before, const Record& after) {
+    RecordChange change;
+    change.partNumber = after.PartNum;
+    auto old = fieldsOf(app, before);
+    const auto takeOld = [&old](const std::wstring& name) {
+        for (auto& [oldName, text] : old)
+            if (oldName == name)
+                return std::exchange(text, {});
+        return std::wstring();
+    };
+    for (auto& [name, text] : fieldsOf(app, after))
+        if (std::wstring was = takeOld(name); was != text)
+            change.fields.push_back({name, std::move(was), text});
+    for (const auto& [name, text] : old) // columns that the new group does not have
+        if (!text.empty())
+            change.fields.push_back({name, text, {}});
+    return change;
+}
+
+} // namespace
+
+template <class Library>
+std::vector<RecordChange> changesBetween(const CPartwrightPlugInApp& app, const Library& before,
+                                         const Library& after) {
+    std::map<std::wstring, const typename Library::mapped_type*, std::less<>> old;
+    for (const auto& [key, record] : before)
+        old[upperCase(key)] = &record;
+    std::vector<RecordChange> changes;
+    for (const auto& [key, record] : after) {
+        const auto found = old.find(key);
+        if (found != old.end() && *found->second == record)
+            continue;
+        RecordChange change = found == old.end()
+                                  ? compare(app, typename Library::mapped_type{}, record)
+                                  : compare(app, *found->second, record);
+        change.added = found == old.end();
+        if (change.added || !change.fields.empty())
+            changes.push_back(std::move(change));
+    }
+    return changes;
+}
+
+template std::vector<RecordChange> changesBetween(const CPartwrightPlugInApp&, const SdtaLibrary&,
+                                                  const SdtaLibrary&);
+template std::vector<RecordChange> changesBetween(const CPartwrightPlugInApp&, const AsrLibrary&,
+                                                  const AsrLibrary&);
+
+} // namespace partwright::cli

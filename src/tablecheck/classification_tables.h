@@ -1,0 +1,19 @@
+#pragma once
+
+// The checks of the tables that classify parts.
+
+#include "autofill/unit_table.h"
+#include "core/application.h"
+#include "tablecheck/finding.h"
+
+#include <vector>
+
+namespace partwright {
+
+void checkGroupRules(const CPartwrightPlugInApp& app, std::vector<TableFinding>& all);
+void checkTypeKeywords(const CPartwrightPlugInApp& app, const UnitTable& units,
+                       std::vector<TableFinding>& all);
+void checkDirectKeys(const CPartwrightPlugInApp& app, std::vector<TableFinding>& all);
+void checkSynonyms(const CPartwrightPlugInApp& app, std::vector<TableFinding>& all);
+
+} // namespace partwright
