@@ -12,6 +12,7 @@
 
 #include "autofill/classifier.h"
 #include "autofill/compiled_tables.h"
+#include "autofill/fill_commands.h"
 #include "autofill/group_library.h"
 #include "autofill/param_rules.h"
 #include "autofill/synonyms.h"
@@ -39,14 +40,6 @@ struct FilledPart {
     /// Values by slot.
     std::vector<std::wstring> cells;
     std::wstring notes;
-};
-
-/// What a command did.
-struct FillReport {
-    /// Part numbers of the records gone through, in key order.
-    std::vector<std::wstring> parts;
-    /// Texts to show.
-    std::vector<std::wstring> messages;
 };
 
 class FillEngine {
@@ -81,15 +74,15 @@ public:
 
     [[nodiscard]] const FillTables& tables() const { return tables_; }
 
-    /// The two commands over the records of a library whose key is in the selection.
-    template <class Record>
-    FillReport runGroupLibrary(const PartSelection& selection,
-                               typename Kind<Record>::Library& library);
-    template <class Record>
-    FillReport parseDescriptions(const PartSelection& selection,
-                                 typename Kind<Record>::Library& library);
+    /// The two commands over a library (fill_commands.h).
+    FillReport runGroupLibrary(const PartSelection& selection, SdtaLibrary& library);
+    FillReport runGroupLibrary(const PartSelection& selection, AsrLibrary& library);
+    FillReport parseDescriptions(const PartSelection& selection, SdtaLibrary& library);
+    FillReport parseDescriptions(const PartSelection& selection, AsrLibrary& library);
 
 private:
+    /// Texts to show, if reading the group library gave any.
+    std::vector<std::wstring> needGroupLibrary();
     /// Group and type from a text that is rewritten already.
     [[nodiscard]] Classification classified(std::int32_t group, std::wstring_view text) const;
     [[nodiscard]] Classification convertedToAnalyses(std::int32_t sdtaGroup,
@@ -102,6 +95,7 @@ private:
     ParamFiller filler_;
     TypeKeywords keywords_;
     SynonymTable synonyms_;
+    FillTools tools_;
     std::optional<Classifier> classifier_;
     GroupLibrary groupLibrary_;
     bool groupLibraryLoaded_ = false;

@@ -17,11 +17,10 @@
 // Keys and part numbers of working maps are in capitals; with several records that differ only in
 // case the last one wins.
 
-#include "autofill/fill_engine.h"
 #include "core/application.h"
 #include "core/library_kind.h"
 #include "core/ports/prompt.h"
-#include "editing/analysis_level.h"
+#include "autofill/fill_engine.h"
 #include "editing/library_save.h"
 
 #include <cstdint>
@@ -33,6 +32,10 @@ namespace partwright {
 /// The filter radios of the pages. The Analyses page calls AllProject "Project Only" and has no
 /// SelectedOnly.
 enum class PageFilter { SelectedOnly, AllProject, FullLibrary };
+
+/// Analysis levels, in the order of the radios: "Schematic Review (ASR)", "Auto Stress Calculation
+/// (Rapid )", "Tessara (Full)".
+enum class AnalysisLevel { SchematicReview, Rapid, Full };
 
 /// One line of a page's list.
 struct GroupCount {
