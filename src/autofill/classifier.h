@@ -23,6 +23,9 @@ public:
                                            std::wstring_view description, bool byName) const {
         return groups_.DetectGroup(refDesList, description, byName);
     }
+    [[nodiscard]] std::int32_t DetectGroupByWords(std::wstring_view description) const {
+        return groups_.DetectGroupByWords(description);
+    }
     void DetectType(std::int32_t family, std::int32_t& group, std::wstring_view description,
                     std::int32_t& type) const {
         types_.DetectType(family, group, description, type);

@@ -7,6 +7,25 @@
 
 namespace partwright {
 
+namespace {
+
+/// An expression that ends in this takes every text.
+constexpr std::wstring_view catchAll = L"|.*";
+
+std::wstring withoutCatchAll(const std::wstring& rules) {
+    if (rules == catchAll.substr(1))
+        return {};
+    return rules.ends_with(catchAll) ? rules.substr(0, rules.size() - catchAll.size()) : rules;
+}
+
+/// `matching` is ascending.
+bool describes(std::size_t rules, std::size_t excluding, const std::vector<std::size_t>& matching) {
+    return std::binary_search(matching.begin(), matching.end(), rules) &&
+           !std::binary_search(matching.begin(), matching.end(), excluding);
+}
+
+} // namespace
+
 std::wstring designatorPrefix(std::wstring_view designator) {
     const auto digit = std::find_if(designator.begin(), designator.end(), isDigit);
     if (digit == designator.end())
@@ -20,18 +39,22 @@ std::wstring designatorPrefix(std::wstring_view designator) {
 
 GroupDetector::GroupDetector(const CPartwrightPlugInApp& app) {
     std::vector<std::wstring> expressions;
+    std::map<std::wstring, std::size_t> known;
     // Valid as written is what counts; the text that runs is in capitals like the description.
-    const auto prepare = [&expressions](const std::wstring& text) {
+    const auto prepare = [&](const std::wstring& text) {
         if (text.empty() || !ValidateRegularExpression(text))
             return noExpression;
-        expressions.push_back(upperCase(text));
-        return expressions.size() - 1;
+        const auto [place, fresh] = known.try_emplace(upperCase(text), expressions.size());
+        if (fresh)
+            expressions.push_back(place->first);
+        return place->second;
     };
     std::map<std::int32_t, Group> byCode;
     for (const auto& [code, rule] : app.GroupRuleTable) {
         Group& group = byCode[code];
         group.rules = prepare(rule.rules);
         group.excluding = prepare(rule.excluding);
+        group.words = prepare(withoutCatchAll(rule.rules));
         if (const auto name = app.groupNamesByCode.find(code); name != app.groupNamesByCode.end())
             group.name = name->second;
     }
@@ -83,16 +106,11 @@ GroupDetector::Indices GroupDetector::spokenForByAll(std::wstring_view refDesLis
     return result;
 }
 
-bool GroupDetector::describes(const Group& group, const Indices& matching) const {
-    return std::binary_search(matching.begin(), matching.end(), group.rules) &&
-           !std::binary_search(matching.begin(), matching.end(), group.excluding);
-}
-
 std::int32_t GroupDetector::firstDescribed(const Indices& candidates, std::wstring_view description,
                                            bool byName) const {
     const Indices matching = expressions_.matches(description);
     for (const std::size_t index : candidates)
-        if (describes(groups_[index], matching))
+        if (describes(groups_[index].rules, groups_[index].excluding, matching))
             return groups_[index].code;
     return byName ? 0 : groups_[candidates.front()].code;
 }
@@ -105,6 +123,14 @@ std::int32_t GroupDetector::DetectGroup(std::wstring_view refDesList, std::wstri
     }
     const Indices candidates = spokenForByAll(refDesList, byName);
     return candidates.empty() ? 0 : firstDescribed(candidates, description, byName);
+}
+
+std::int32_t GroupDetector::DetectGroupByWords(std::wstring_view description) const {
+    const auto matching = expressions_.matches(description);
+    for (const Group& group : groups_)
+        if (describes(group.words, group.excluding, matching))
+            return group.code;
+    return 0;
 }
 
 } // namespace partwright

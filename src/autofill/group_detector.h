@@ -33,6 +33,10 @@ public:
     [[nodiscard]] std::int32_t DetectGroup(std::wstring_view refDesList,
                                            std::wstring_view description, bool byName) const;
 
+    /// By the words alone, as if every designator were typical. A group that takes whatever its
+    /// designators bring has an expression that ends in "|.*"; here only what stands before counts.
+    [[nodiscard]] std::int32_t DetectGroupByWords(std::wstring_view description) const;
+
 private:
     static constexpr std::size_t noExpression = static_cast<std::size_t>(-1);
     struct Group {
@@ -41,6 +45,8 @@ private:
         /// Indices into the set; a group without rules counts in the second search only.
         std::size_t rules = noExpression;
         std::size_t excluding = noExpression;
+        /// The rules without their catch-all.
+        std::size_t words = noExpression;
     };
     using Indices = std::vector<std::size_t>;
     /// The groups that one designator speaks for, ascending; null when there are none.
@@ -50,7 +56,6 @@ private:
     [[nodiscard]] Indices spokenForByAll(std::wstring_view refDesList, bool byName) const;
     [[nodiscard]] std::int32_t firstDescribed(const Indices& candidates,
                                               std::wstring_view description, bool byName) const;
-    [[nodiscard]] bool describes(const Group& group, const Indices& matching) const;
 
     std::vector<Group> groups_;
     /// Prefix to indices of groups.

@@ -8,6 +8,8 @@
 
 namespace partwright::cli {
 
+enum ExitCode : int { Fine = 0, Findings = 1, Usage = 2 };
+
 struct Streams {
     std::istream& in;
     std::ostream& out;

@@ -1,6 +1,7 @@
 #include "cli/console.h"
 
 #include "core/encoding.h"
+#include "core/messages.h"
 
 #include <ostream>
 
@@ -8,7 +9,7 @@ namespace partwright::cli {
 
 PromptAnswer ConsolePrompt::show(std::wstring_view /*title*/, std::wstring_view text,
                                  PromptIcon /*icon*/, PromptButtons buttons) {
-    ++shown_;
+    unreadable_ = unreadable_ || text.starts_with(message::failedToOpenStart);
     err_ << encodeUtf8(text) << '\n';
     return buttons == PromptButtons::YesNo ? PromptAnswer::No : PromptAnswer::Ok;
 }

@@ -16,12 +16,12 @@ public:
     PromptAnswer show(std::wstring_view title, std::wstring_view text, PromptIcon icon,
                       PromptButtons buttons) override;
 
-    /// Number of warnings shown so far.
-    [[nodiscard]] int shown() const { return shown_; }
+    /// A file that is there could not be opened for reading.
+    [[nodiscard]] bool unreadable() const { return unreadable_; }
 
 private:
     std::ostream& err_;
-    int shown_ = 0;
+    bool unreadable_ = false;
 };
 
 } // namespace partwright::cli

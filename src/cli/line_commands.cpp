@@ -46,16 +46,6 @@ void addPart(Json& answer, const CPartwrightPlugInApp& app, const FilledPart& pa
     answer["notes"] = encodeUtf8(part.notes);
 }
 
-void addFilled(Json& answer, Tables& tables, bool analyses, std::wstring_view designators,
-               std::wstring_view description) {
-    if (analyses)
-        addPart<AsrComponent>(answer, tables.app,
-                              tables.engine.fill<AsrComponent>(designators, description));
-    else
-        addPart<SdtaComponent>(answer, tables.app,
-                               tables.engine.fill<SdtaComponent>(designators, description));
-}
-
 /// Calls `answer` for each line and prints what it makes.
 template <class Answer>
 int answerLines(Streams streams, Answer answer) {
@@ -73,7 +63,12 @@ int runClassify(const PlaceOptions& place, const LineOptions& options, Streams s
     return answerLines(streams, [&](const Fields& fields) {
         Json answer = {{"refdes", encodeUtf8(fields.first)},
                        {"description", encodeUtf8(fields.second)}};
-        addFilled(answer, tables, options.analyses, fields.first, fields.second);
+        if (options.analyses)
+            addPart<AsrComponent>(answer, tables.app,
+                                  tables.engine.fill<AsrComponent>(fields.first, fields.second));
+        else
+            addPart<SdtaComponent>(answer, tables.app,
+                                   tables.engine.fill<SdtaComponent>(fields.first, fields.second));
         return answer;
     });
 }
@@ -81,13 +76,21 @@ int runClassify(const PlaceOptions& place, const LineOptions& options, Streams s
 int runDescribe(const PlaceOptions& place, const LineOptions& options, Streams streams) {
     Tables tables(place, streams);
     return answerLines(streams, [&](const Fields& fields) {
-        const PartDescription part = tables.engine.describe(fields.first, tables.prompt);
+        const PartDescription part = tables.engine.describe(fields.first);
+        for (const std::wstring& text : part.messages)
+            tables.prompt.tell(text, PromptIcon::None);
         Json answer = {{"partNumber", encodeUtf8(fields.first)},
                        {"description", encodeUtf8(part.description)},
                        {"manufacturer", encodeUtf8(part.manufacturer)},
                        {"rule", part.rule}};
-        if (options.fill)
-            addFilled(answer, tables, options.analyses, fields.second, part.description);
+        if (options.fill && options.analyses)
+            addPart<AsrComponent>(
+                answer, tables.app,
+                tables.engine.fillByWords<AsrComponent>(fields.second, part.description));
+        else if (options.fill)
+            addPart<SdtaComponent>(
+                answer, tables.app,
+                tables.engine.fillByWords<SdtaComponent>(fields.second, part.description));
         return answer;
     });
 }

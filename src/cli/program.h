@@ -11,8 +11,6 @@
 
 namespace partwright::cli {
 
-enum ExitCode : int { Fine = 0, Findings = 1, Usage = 2 };
-
 /// Runs one command; `arguments` are those behind the program's name.
 int run(std::vector<std::string> arguments, std::istream& in, std::ostream& out, std::ostream& err);
 

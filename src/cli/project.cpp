@@ -23,7 +23,8 @@ StartOptions startOptions(const PlaceOptions& place) {
 Tables::Tables(const PlaceOptions& place, Streams streams) : prompt(streams.err), engine(app) {
     app.hostTool = place.host;
     loadTables(app, prompt, startOptions(place));
-    engine.load(prompt);
+    for (const LoadResult& result : engine.load())
+        tell(prompt, result);
 }
 
 Project::Project(const PlaceOptions& place, Streams streams)

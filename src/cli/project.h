@@ -7,7 +7,7 @@
 #include "cli/console.h"
 #include "core/application.h"
 #include "core/system_clock.h"
-#include "editing/fill_engine.h"
+#include "autofill/fill_engine.h"
 #include "editing/main_session.h"
 
 namespace partwright::cli {

@@ -32,7 +32,7 @@ nlohmann::ordered_json json(const TableFinding& finding) {
 
 int runTables(const PlaceOptions& place, Streams streams) {
     Tables tables(place, streams);
-    const std::vector<TableFinding> findings = checkTables(tables.app);
+    const std::vector<TableFinding> findings = checkTables(tables.app, tables.engine);
     if (place.json) {
         auto answer = nlohmann::ordered_json::array();
         for (const TableFinding& finding : findings)

@@ -100,7 +100,9 @@ public:
     std::map<std::int32_t, std::wstring> GroupRefDesTable;
     std::map<std::int32_t, std::wstring> groupNamesByCode;
 
-    /// Faults of the four library files, by path.
+    DatasheetLinks datasheetLinks;
+
+    /// Faults of the four library files and of the link table, by path.
     std::map<std::wstring, LibraryFault, std::less<>> libraryFaults;
 
     [[nodiscard]] wchar_t decimalMark() const;

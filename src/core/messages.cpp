@@ -21,7 +21,7 @@ std::wstring completenessStatus(std::int32_t uncompleted, std::int32_t total) {
 }
 
 std::wstring failedToOpen(std::wstring_view path) {
-    return join({L"Failed to Open File\n", path, L"."});
+    return join({failedToOpenStart, path, L"."});
 }
 
 std::wstring failedToOpenForWriting(std::wstring_view path) {
@@ -59,6 +59,77 @@ std::wstring groupTableMissing(std::wstring_view tablePath) {
 
 std::wstring fileUnreadable() {
     return L"The file was there and could not be opened.";
+}
+
+std::wstring foundCheckId(std::int32_t checkId) {
+    return L" Found CheckID = " + std::to_wstring(checkId);
+}
+
+std::wstring foundThermalCheckId(std::int32_t checkId) {
+    return L" Found in LedSet CheckID = " + std::to_wstring(checkId);
+}
+
+std::wstring valueOutOfRange(std::wstring_view value, std::wstring_view explanation) {
+    return join({L"Value ", value, L" out of range:  ", explanation});
+}
+
+std::wstring mustBeFromList(std::wstring_view value) {
+    return join({L" /", value, L"/ Must be from list"});
+}
+
+std::wstring longCell(std::wstring_view header) {
+    return join({header, L" can't exceed 255 characters"});
+}
+
+std::wstring cellBeginsWithRowEnd(std::wstring_view header) {
+    return join({header, L" can't begin with \"<\""});
+}
+
+std::wstring powerShouldBeBelow(std::wstring_view limit) {
+    return join({L"For the selected type power should be < ", limit});
+}
+
+std::wstring powerShouldBeAtLeast(std::wstring_view limit) {
+    return join({L"For the selected type power should be >= ", limit});
+}
+
+std::wstring selectedForDeletion(std::size_t rows) {
+    return join({L"You have selected ", std::to_wstring(rows), rows >= 2 ? L" rows" : L" row",
+                 L" for deletion.\n"});
+}
+
+std::wstring partlyDeletable(std::size_t blocked, std::size_t deletable) {
+    return join({std::to_wstring(blocked), L" of them ", blocked >= 2 ? L"are" : L"is",
+                 L" present in the project and cannot be deleted.\nThe remaining ",
+                 std::to_wstring(deletable), L" will be deleted now.\n"});
+}
+
+std::wstring allBlocked(std::size_t rows) {
+    return join({rows >= 2 ? L"All selected Part Numbers are" : L"This Part Number is",
+                 L" present in the project and cannot be deleted."});
+}
+
+std::wstring rowNotFound(bool backward) {
+    return join({backward ? L"Previous " : L"Next ",
+                 L" row containing the desired parameter with the required search conditions was "
+                 L"not found"});
+}
+
+std::wstring componentTableTitle(std::wstring_view groupName, std::size_t quantity) {
+    return join(
+        {L"Component Table\t\tGroup: ", groupName, L" \tQuantity: ", std::to_wstring(quantity)});
+}
+
+std::wstring calculatorTitle(std::wstring_view partNumber) {
+    return join({L"Power Dissipation Calculator (Part Number: ", partNumber, L")"});
+}
+
+std::wstring junctionOutOfRange(std::wstring_view low, std::wstring_view high) {
+    return join({L"Value of Tj should be between ", low, L" and ", high, L"."});
+}
+
+std::wstring referenceOutOfRange(std::wstring_view high) {
+    return join({L"Value of Ts should be between 0 and ", high, L"."});
 }
 
 } // namespace partwright::message

@@ -3,6 +3,7 @@
 // Every text that the program shows in a box, one function each: a search for its words leads here
 // and to the one place that shows it. Arguments are typed; a user's text is never a format.
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -13,6 +14,8 @@ inline constexpr std::wstring_view caption = L"Partwright";
 inline constexpr std::wstring_view commandLineError = L"Command Line Error.";
 inline constexpr std::wstring_view operationCompleted =
     L"Operation has been completed successfully.";
+/// How the box of a file that cannot be read begins.
+inline constexpr std::wstring_view failedToOpenStart = L"Failed to Open File\n";
 inline constexpr std::wstring_view indexFieldError = L"Error in Index Field";
 inline constexpr std::wstring_view confirmAutoFillTitle = L"Confirm Auto-Fill Operation";
 inline constexpr std::wstring_view confirmAutoFill =
@@ -46,5 +49,79 @@ inline constexpr std::wstring_view confirmAutoFill =
 [[nodiscard]] std::wstring groupTableMissing(std::wstring_view tablePath);
 /// The cause of the refusal: the file was there and could not be read.
 [[nodiscard]] std::wstring fileUnreadable();
+
+// --- Change Component dialogs: cells -------------------------------------------------------------
+
+inline constexpr std::wstring_view failedValidationId = L"Failed Validation ID.";
+inline constexpr std::wstring_view valueTypeOrRangeError = L"Value Type or Range Error.";
+inline constexpr std::wstring_view notApplicableIsIllegal = L"'N/A' is illegal in this cell.";
+inline constexpr std::wstring_view emptyCatalogNumber =
+    L"Field 'Catalog Number' can't be a zero-length sting.";
+inline constexpr std::wstring_view emptyDescription =
+    L"Field 'Description' can't be a zero-length sting.";
+inline constexpr std::wstring_view longCatalogNumber = L"Catalog Number can't exceed 20 characters";
+inline constexpr std::wstring_view longDescription = L"Description can't exceed 255 characters";
+
+/// A rule asks for a comparison that does not exist.
+[[nodiscard]] std::wstring foundCheckId(std::int32_t checkId);
+/// A combination rule that does not exist.
+[[nodiscard]] std::wstring foundThermalCheckId(std::int32_t checkId);
+[[nodiscard]] std::wstring valueOutOfRange(std::wstring_view value, std::wstring_view explanation);
+[[nodiscard]] std::wstring mustBeFromList(std::wstring_view value);
+/// Any other column than the two with texts of their own.
+[[nodiscard]] std::wstring longCell(std::wstring_view header);
+/// The mark that would end a library row.
+[[nodiscard]] std::wstring cellBeginsWithRowEnd(std::wstring_view header);
+[[nodiscard]] std::wstring powerShouldBeBelow(std::wstring_view limit);
+[[nodiscard]] std::wstring powerShouldBeAtLeast(std::wstring_view limit);
+
+// --- Change Component dialogs: the "Parameter Description" line ----------------------------------
+
+inline constexpr std::wstring_view datasheetHint = L"Link to corresponding Datasheet file.";
+inline constexpr std::wstring_view pinLibraryHint = L"Check to use Pin Library data";
+inline constexpr std::wstring_view calcOutputHint = L"Check to calculate output supply current";
+inline constexpr std::wstring_view notesHint = L"Notes";
+inline constexpr std::wstring_view manufacturerHint = L"Product manufacturer";
+inline constexpr std::wstring_view typeHint = L"Component Type. See option List.";
+inline constexpr std::wstring_view notApplicableHint = L"  (Not applicable for selected type)";
+inline constexpr std::wstring_view typeChangeHint =
+    L"  <Type Changing results in clearing all data>";
+inline constexpr std::wstring_view chooseTypeFirst = L"You must choose Type first time";
+
+// --- Change Component dialogs: rows --------------------------------------------------------------
+
+inline constexpr std::wstring_view notAllFilledIn =
+    L"\nNot all columns are filled in for some components. Do you want to continue?";
+inline constexpr std::wstring_view selectRowsForDeleting =
+    L"Select row(s) for deleting by click on row header.";
+inline constexpr std::wstring_view deleteQuestion = L"Choose Yes to delete or No to exit.";
+inline constexpr std::wstring_view tableIsEmpty = L"The Components Table is empty.";
+inline constexpr std::wstring_view noSelection = L"There is no selection.";
+inline constexpr std::wstring_view emptyPartNumberCell = L"Part Number cell is empty.";
+inline constexpr std::wstring_view selectRowInTable =
+    L"You should select a row in the Component Table.";
+
+[[nodiscard]] std::wstring selectedForDeletion(std::size_t rows);
+[[nodiscard]] std::wstring partlyDeletable(std::size_t blocked, std::size_t deletable);
+[[nodiscard]] std::wstring allBlocked(std::size_t rows);
+[[nodiscard]] std::wstring rowNotFound(bool backward);
+[[nodiscard]] std::wstring componentTableTitle(std::wstring_view groupName, std::size_t quantity);
+
+// --- New component dialogs -----------------------------------------------------------------------
+
+inline constexpr std::wstring_view changeGroupTitle = L"Change component's group";
+inline constexpr std::wstring_view addComponentTitle = L"Add new component";
+inline constexpr std::wstring_view copyComponentTitle = L"Copy component";
+inline constexpr std::wstring_view enterPartNumber = L"You should enter a new Part Number.";
+inline constexpr std::wstring_view duplicatePartNumber = L"You cannot duplicate Part Number.";
+
+// --- Power dissipation calculator ----------------------------------------------------------------
+
+inline constexpr std::wstring_view ojaBelowOjc = L"Value of Oja should be more than Ojc";
+inline constexpr std::wstring_view ojcOutOfRange = L"Value of Ojc should be between 0 and Oja";
+
+[[nodiscard]] std::wstring calculatorTitle(std::wstring_view partNumber);
+[[nodiscard]] std::wstring junctionOutOfRange(std::wstring_view low, std::wstring_view high);
+[[nodiscard]] std::wstring referenceOutOfRange(std::wstring_view high);
 
 } // namespace partwright::message

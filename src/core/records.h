@@ -91,6 +91,9 @@ struct ProjectEntry {
 /// Part number, in capitals, to the designators that carry it, joined by ",".
 using PartSelection = std::map<std::wstring, std::wstring, std::less<>>;
 
+/// Part number to the file of its data sheet.
+using DatasheetLinks = std::map<std::wstring, std::wstring, std::less<>>;
+
 /// A group of an Analyses family.
 struct FamilyGroup {
     std::int32_t code = 0;
@@ -122,6 +125,7 @@ struct BiCodeEntry {
 struct GroupRule {
     std::wstring rules;
     std::wstring excluding;
+    friend bool operator==(const GroupRule&, const GroupRule&) = default;
 };
 
 } // namespace partwright

@@ -1,5 +1,6 @@
 #include "editing/page_session.h"
 
+#include "autofill/defaults.h"
 #include "core/cell_text.h"
 #include "core/text.h"
 #include "editing/library_save.h"
@@ -70,6 +71,11 @@ const PartSelection& PageSession::filterSet() const {
     return isDesign_ ? designParts : publicParts;
 }
 
+void PageSession::tellAll(const std::vector<LoadResult>& results) {
+    for (const LoadResult& result : results)
+        tell(prompt_, result);
+}
+
 template <class Record>
 void LibraryPageSession<Record>::refresh() {
     if (isDesign_ && addMissingParts())
@@ -109,18 +115,20 @@ void LibraryPageSession<Record>::RebuildKeySets() {
 
 template <class Record>
 std::vector<std::wstring> LibraryPageSession<Record>::runGroupLibrary() {
-    auto changed = engine_.runGroupLibrary<Record>(filterSet(), workingLibrary(), prompt_);
-    modified_ = modified_ || !changed.empty();
+    FillReport report = engine_.runGroupLibrary(filterSet(), workingLibrary());
+    for (const std::wstring& text : report.messages)
+        prompt_.tell(text, PromptIcon::None);
+    modified_ = modified_ || !report.changed.empty();
     refresh();
-    return changed;
+    return std::move(report.changed);
 }
 
 template <class Record>
 std::vector<std::wstring> LibraryPageSession<Record>::parseDescriptions() {
-    auto changed = engine_.parseDescriptions<Record>(filterSet(), workingLibrary());
-    modified_ = modified_ || !changed.empty();
+    FillReport report = engine_.parseDescriptions(filterSet(), workingLibrary());
+    modified_ = modified_ || !report.changed.empty();
     refresh();
-    return changed;
+    return std::move(report.changed);
 }
 
 template <class Record>
@@ -184,7 +192,7 @@ void SdtaPageSession::start() {
     RebuildKeySets();
     filter_ = app_.selectedCount > 0 ? PageFilter::SelectedOnly : PageFilter::AllProject;
     tell(prompt_, LoadGroupNames(app_));
-    engine_.load(prompt_);
+    tellAll(engine_.load());
     refresh();
 }
 
@@ -219,7 +227,7 @@ void AsrPageSession::start() {
     loadAnalysesLibraries(app_, prompt_);
     takeMasters();
     tell(prompt_, LoadGroupNames(app_));
-    engine_.load(prompt_);
+    tellAll(engine_.load());
     loadSdtaLibraries(app_, prompt_);
     filter_ = PageFilter::AllProject;
     level_ = app_.analysisLevel != 0 ? AnalysisLevel::Rapid : AnalysisLevel::SchematicReview;

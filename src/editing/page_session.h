@@ -20,7 +20,7 @@
 #include "core/application.h"
 #include "core/library_kind.h"
 #include "core/ports/prompt.h"
-#include "editing/fill_engine.h"
+#include "autofill/fill_engine.h"
 #include "editing/library_save.h"
 
 #include <cstdint>
@@ -101,6 +101,9 @@ public:
     PartSelection publicParts;
 
 protected:
+    /// Shows what loaders have to say.
+    void tellAll(const std::vector<LoadResult>& results);
+
     CPartwrightPlugInApp& app_;
     FillEngine& engine_;
     Prompt& prompt_;

@@ -1,6 +1,7 @@
 #include "tablecheck/classification_tables.h"
 
 #include "autofill/rule_language.h"
+#include "autofill/synonyms.h"
 #include "autofill/type_keywords.h"
 #include "core/cell_text.h"
 #include "core/library_kind.h"
@@ -186,6 +187,21 @@ void checkDirectKeys(const CPartwrightPlugInApp& app, std::vector<TableFinding>&
         else
             findings.add(row.line, L"MethodID", L"is neither 14 nor 20");
     }
+}
+
+void checkSynonyms(const CPartwrightPlugInApp& app, std::vector<TableFinding>& all) {
+    const std::wstring path = app.programFolder + L"DescrSynonyms.csv";
+    Findings findings(all, path);
+    const RuleTable table = openForCheck(path, synonymForm(), findings);
+    std::map<std::wstring, std::size_t> seen;
+    for (const RuleRow& row : table.rows)
+        if (const auto [first, isNew] = seen.emplace(row.text(L"Find"), row.line); !isNew)
+            findings.add(row.line, L"Find",
+                         say({L"stands on line ", number(static_cast<std::int64_t>(first->second)),
+                              L" already and is never reached"}));
+    const SynonymTable synonyms(table);
+    for (const std::size_t line : synonyms.faultyLines())
+        findings.add(line, L"Find", L"the entry cannot be read");
 }
 
 } // namespace partwright

@@ -4,7 +4,7 @@
 // engine itself never complains about a table: a broken row is skipped and a part stays empty.
 // This is where a person who edits a table learns what the engine would skip in silence.
 //
-//   for (const TableFinding& finding : checkTables(app))
+//   for (const TableFinding& finding : checkTables(app, engine))
 //       ... finding.file, finding.line, finding.column, finding.text
 //
 // What is checked, by file:
@@ -21,6 +21,7 @@
 //   Conv_BiCode.csv              every SDTA group reaches an Analyses group
 //   GLibData.glb                 expressions, index rows, lists, examples, conflicts
 
+#include "autofill/fill_engine.h"
 #include "core/application.h"
 #include "tablecheck/finding.h"
 
@@ -28,8 +29,9 @@
 
 namespace partwright {
 
-/// Reads the tables of the application's programFolder itself; of `app` only the resolved paths and
-/// the loaded tables are used. Findings stand in the order of the list above.
-[[nodiscard]] std::vector<TableFinding> checkTables(const CPartwrightPlugInApp& app);
+/// `app` has its tables loaded, and `engine` its rule files; the files are read once more for the
+/// places of the findings, which stand in the order of the list above.
+[[nodiscard]] std::vector<TableFinding> checkTables(const CPartwrightPlugInApp& app,
+                                                    FillEngine& engine);
 
 } // namespace partwright

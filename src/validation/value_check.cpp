@@ -63,7 +63,7 @@ CheckResult compare(double v, std::int32_t checkId, double p1, double p2) {
 /// The operand cells of a combination rule with their numbers.
 class Operands {
 public:
-    Operands(const std::vector<std::wstring>& row, std::wstring_view list, wchar_t mark) {
+    Operands(std::span<const std::wstring> row, std::wstring_view list, wchar_t mark) {
         std::size_t i = 0;
         for (const std::int32_t position : thermalOperands(list)) {
             if (i == maximumOperands)
@@ -114,7 +114,7 @@ CheckResult CheckValue(std::wstring_view value, std::wstring_view checkType, std
     return number ? compare(*number, checkId, bound1, bound2) : CheckResult::Failed;
 }
 
-CheckResult CheckThermalRule(const std::vector<std::wstring>& rowValues, std::int32_t validationId,
+CheckResult CheckThermalRule(std::span<const std::wstring> rowValues, std::int32_t validationId,
                              std::wstring_view operands, wchar_t decimalMark) {
     const Operands a(rowValues, operands, decimalMark);
     bool passed = true;

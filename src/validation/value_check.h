@@ -12,6 +12,7 @@
 
 #include <cstdint>
 #include <map>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -58,7 +59,7 @@ enum class CheckResult {
 /// The four combinations: 101 first at least second; 102 power times resistance at most 150
 /// degrees; 103 junction temperature from power, reference temperature and the resistance that "at"
 /// picks; 104 the same from 25 degrees. A rule whose cells are not all filled passes.
-[[nodiscard]] CheckResult CheckThermalRule(const std::vector<std::wstring>& rowValues,
+[[nodiscard]] CheckResult CheckThermalRule(std::span<const std::wstring> rowValues,
                                            std::int32_t validationId, std::wstring_view operands,
                                            wchar_t decimalMark);
 

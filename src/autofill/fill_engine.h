@@ -5,20 +5,20 @@
 // stays as it is.
 //
 //   FillEngine engine(app);
-//   engine.load(prompt);
+//   engine.load();
 //   engine.classify(L"R1,R2", L"RES 4K7 1% 0603")  ->  group 10, type 27
 //
 // Classifications are remembered, so that no refresh classifies the same text twice.
 
 #include "autofill/classifier.h"
 #include "autofill/compiled_tables.h"
+#include "autofill/fill_commands.h"
 #include "autofill/group_library.h"
 #include "autofill/param_rules.h"
 #include "autofill/synonyms.h"
 #include "autofill/type_keywords.h"
 #include "core/application.h"
 #include "core/library_kind.h"
-#include "core/ports/prompt.h"
 
 #include <cstdint>
 #include <optional>
@@ -48,7 +48,7 @@ public:
 
     /// Reads the rule files that are not there yet and prepares the classification for the
     /// application's group list. To be run again when that list was read again.
-    void load(Prompt& prompt);
+    [[nodiscard]] std::vector<LoadResult> load();
 
     /// Group and type of an SDTA record, by the words of its description and its designators.
     [[nodiscard]] Classification classify(std::wstring_view designators,
@@ -59,32 +59,49 @@ public:
 
     /// Classification, refined by the values, and the values themselves; no defaults.
     template <class Record>
-    [[nodiscard]] FilledPart fill(std::wstring_view designators, std::wstring_view description);
+    [[nodiscard]] FilledPart fill(std::wstring_view designators,
+                                  std::wstring_view description) const;
 
-    /// Loads the group library at first use.
-    [[nodiscard]] PartDescription describe(std::wstring_view partNumber, Prompt& prompt);
+    /// The same for a decoded description: without designators the words alone decide, and
+    /// designators without words decide nothing.
+    template <class Record>
+    [[nodiscard]] FilledPart fillByWords(std::wstring_view designators,
+                                         std::wstring_view description) const;
 
-    /// The two commands over the records of a library whose key is in the selection; the part
-    /// numbers of those gone through, in key order.
-    template <class Record>
-    std::vector<std::wstring> runGroupLibrary(const PartSelection& selection,
-                                              typename Kind<Record>::Library& library,
-                                              Prompt& prompt);
-    template <class Record>
-    std::vector<std::wstring> parseDescriptions(const PartSelection& selection,
-                                                typename Kind<Record>::Library& library);
+    /// The description of a part number as it stands. The group library is read at first use; what
+    /// it has to say is among the messages.
+    [[nodiscard]] PartDescription describe(std::wstring_view partNumber);
+
+    [[nodiscard]] const FillTables& tables() const { return tables_; }
+
+    /// The two commands over a library (fill_commands.h).
+    FillReport runGroupLibrary(const PartSelection& selection, SdtaLibrary& library);
+    FillReport runGroupLibrary(const PartSelection& selection, AsrLibrary& library);
+    FillReport parseDescriptions(const PartSelection& selection, SdtaLibrary& library);
+    FillReport parseDescriptions(const PartSelection& selection, AsrLibrary& library);
 
 private:
+    /// Texts to show, if reading the group library gave any.
+    std::vector<std::wstring> needGroupLibrary();
+    /// Group and type from a text that is rewritten already.
+    [[nodiscard]] Classification classified(std::int32_t group, std::wstring_view text) const;
+    [[nodiscard]] Classification convertedToAnalyses(std::int32_t sdtaGroup,
+                                                     std::wstring_view text) const;
+    template <class Record>
+    [[nodiscard]] FilledPart filled(std::int32_t group, std::wstring_view text) const;
+
     CPartwrightPlugInApp& app_;
     FillTables tables_;
     ParamFiller filler_;
     TypeKeywords keywords_;
-    Synonyms synonyms_;
+    SynonymTable synonyms_;
+    FillTools tools_;
     std::optional<Classifier> classifier_;
     GroupLibrary groupLibrary_;
     bool groupLibraryLoaded_ = false;
     /// Designators and description, joined, to classification.
     std::unordered_map<std::wstring, Classification> known_;
+    std::map<std::int32_t, GroupRule> preparedRules_;
 };
 
 } // namespace partwright

@@ -1,0 +1,151 @@
+#include "autofill/fill_engine.h"
+
+#include "library/small_tables.h"
+
+#include <utility>
+
+namespace partwright {
+
+namespace {
+
+FillReport withMessages(std::vector<std::wstring> messages, FillReport report) {
+    report.messages.insert(report.messages.begin(), messages.begin(), messages.end());
+    return report;
+}
+
+} // namespace
+
+FillEngine::FillEngine(CPartwrightPlugInApp& app)
+    : app_(app), tables_(compiledFillTables()),
+      filler_(tables_, app_), tools_{app_, filler_, [this](std::wstring_view text) {
+                                         return synonyms_.rewrite(text);
+                                     }} {}
+
+std::vector<LoadResult> FillEngine::load() {
+    std::vector<LoadResult> results;
+    if (keywords_.TypeKeywordTable.empty())
+        results.push_back(LoadTypeKeywords(app_, keywords_));
+    if (synonyms_.size() == 0)
+        results.push_back(LoadSynonyms(app_, synonyms_));
+    if (app_.DirectKeyTable.empty())
+        results.push_back(LoadManagementTable(app_));
+    if (app_.sdtaDefaultLPar.empty())
+        results.push_back(LoadSdtaDefaultLPar(app_));
+    if (!classifier_ || app_.GroupRuleTable != preparedRules_) {
+        classifier_.emplace(app_, keywords_, tables_.units);
+        preparedRules_ = app_.GroupRuleTable;
+        known_.clear();
+    }
+    return results;
+}
+
+Classification FillEngine::classify(std::wstring_view designators, std::wstring_view description) {
+    std::wstring key(designators);
+    key += L'\0';
+    key += description;
+    const auto known = known_.find(key);
+    if (known != known_.end())
+        return known->second;
+    const std::wstring text = synonyms_.rewrite(description);
+    const Classification found =
+        classified(classifier_->DetectGroup(designators, text, false), text);
+    known_.emplace(std::move(key), found);
+    return found;
+}
+
+Classification FillEngine::classifyForAnalyses(std::int32_t sdtaGroup,
+                                               std::wstring_view description) const {
+    return convertedToAnalyses(sdtaGroup, synonyms_.rewrite(description));
+}
+
+Classification FillEngine::classified(std::int32_t group, std::wstring_view text) const {
+    Classification found{group, 0};
+    classifier_->DetectType(Kind<SdtaComponent>::method, found.group, text, found.type);
+    return found;
+}
+
+Classification FillEngine::convertedToAnalyses(std::int32_t sdtaGroup,
+                                               std::wstring_view text) const {
+    Classification found{analysesGroupOf(app_, sdtaGroup), 0};
+    classifier_->DetectType(Kind<AsrComponent>::method, found.group, text, found.type);
+    return found;
+}
+
+template <class Record>
+FilledPart FillEngine::filled(std::int32_t group, std::wstring_view text) const {
+    constexpr std::int32_t method = Kind<Record>::method;
+    FilledPart part;
+    part.cells.resize(Kind<Record>::fillCells);
+    part.found = classified(group, text);
+    if constexpr (method == Kind<AsrComponent>::method)
+        part.found = convertedToAnalyses(part.found.group, text);
+    const ScannedText scanned(text);
+    filler_.RefineTypeByRule(method, part.found.group, part.found.type, scanned);
+    filler_.FillParamsFromDescription(part.found.group, part.found.type, part.cells, scanned,
+                                      method, part.notes);
+    return part;
+}
+
+template <class Record>
+FilledPart FillEngine::fill(std::wstring_view designators, std::wstring_view description) const {
+    const std::wstring text = synonyms_.rewrite(description);
+    return filled<Record>(classifier_->DetectGroup(designators, text, false), text);
+}
+
+template <class Record>
+FilledPart FillEngine::fillByWords(std::wstring_view designators,
+                                   std::wstring_view description) const {
+    const std::wstring text = synonyms_.rewrite(description);
+    const std::int32_t group = designators.empty()
+                                   ? classifier_->DetectGroupByWords(text)
+                                   : classifier_->DetectGroup(designators, text, true);
+    return filled<Record>(group, text);
+}
+
+std::vector<std::wstring> FillEngine::needGroupLibrary() {
+    if (std::exchange(groupLibraryLoaded_, true))
+        return {};
+    LoadResult result = LoadGroupLibrary(app_.groupLibraryPath, app_.decimalMark(), groupLibrary_);
+    if (result.message.empty())
+        return {};
+    return {std::move(result.message)};
+}
+
+PartDescription FillEngine::describe(std::wstring_view partNumber) {
+    std::vector<std::wstring> messages = needGroupLibrary();
+    PartDescription part = groupLibrary_.DescribePartNumber(partNumber);
+    part.messages.insert(part.messages.begin(), messages.begin(), messages.end());
+    return part;
+}
+
+FillReport FillEngine::runGroupLibrary(const PartSelection& selection, SdtaLibrary& library) {
+    auto messages = needGroupLibrary();
+    return withMessages(std::move(messages),
+                        RunGroupLibrary(tools_, *classifier_, groupLibrary_, selection, library));
+}
+
+FillReport FillEngine::runGroupLibrary(const PartSelection& selection, AsrLibrary& library) {
+    auto messages = needGroupLibrary();
+    return withMessages(std::move(messages), RunAsrGroupLibrary(tools_, *classifier_, groupLibrary_,
+                                                                selection, library));
+}
+
+FillReport FillEngine::parseDescriptions(const PartSelection& selection, SdtaLibrary& library) {
+    return ParseDescriptionsForSelection(tools_, selection, library);
+}
+
+FillReport FillEngine::parseDescriptions(const PartSelection& selection, AsrLibrary& library) {
+    return ParseAsrDescriptionsForSelection(tools_, selection, library);
+}
+
+template FilledPart FillEngine::fill<SdtaComponent>(std::wstring_view, std::wstring_view) const;
+template FilledPart FillEngine::fill<AsrComponent>(std::wstring_view, std::wstring_view) const;
+template FilledPart FillEngine::fillByWords<SdtaComponent>(std::wstring_view,
+                                                           std::wstring_view) const;
+template FilledPart FillEngine::fillByWords<AsrComponent>(std::wstring_view,
+                                                          std::wstring_view) const;
+
+template FilledPart FillEngine::filled<SdtaComponent>(std::int32_t, std::wstring_view) const;
+template FilledPart FillEngine::filled<AsrComponent>(std::int32_t, std::wstring_view) const;
+
+} // namespace partwright

@@ -1,0 +1,272 @@
+// The editing of one cell: what happens while its editor is open, and whether its text is accepted.
+
+#include "core/cell_text.h"
+#include "core/messages.h"
+#include "core/text.h"
+#include "editing/table_session.h"
+
+#include <algorithm>
+
+namespace partwright {
+
+namespace {
+
+/// What a custom capacitor starts as, and two parameters that this process does not have.
+constexpr std::wstring_view firstCustomProcess = L"CKR";
+constexpr std::size_t unusedByFirstProcess[] = {3, 4};
+
+} // namespace
+
+TableOutcome TableSession::modify(CellAt at, std::wstring_view text) {
+    TableOutcome outcome;
+    if (isReadOnly(at.column))
+        return outcome;
+    if (at.column == typeColumn) {
+        modifyType(at, text, outcome);
+        return outcome;
+    }
+    CleanText cleaned = clean(at.column, text);
+    if (cleaned.text != text)
+        outcome.editorText = std::move(cleaned.text);
+    if (cleaned.complaint)
+        setLine(outcome, std::move(*cleaned.complaint));
+    else if (at.column < typeColumn)
+        setLine(outcome, {});
+    return outcome;
+}
+
+void TableSession::modifyType(CellAt at, std::wstring_view text, TableOutcome& outcome) {
+    const std::wstring stored = table_.type(at.row);
+    if (text.empty())
+        outcome.editorText = stored;
+    if (text.empty() || text == stored) {
+        // The old type is back in the editor: its values come back with it.
+        if (typeEdit_)
+            outcome.changedRows = cancelEdit().changedRows;
+        return;
+    }
+    if (!setup().typeChoices.holds(text))
+        return;
+    if (stored.empty()) {
+        commitType(at, text, outcome);
+        outcome.isCommitted = outcome.accepted;
+        return;
+    }
+    applyTypeEdit(at, text);
+    outcome.changedRows = {at.row};
+}
+
+void TableSession::applyTypeEdit(CellAt at, std::wstring_view text) {
+    if (typeEdit_ && typeEdit_->at == at && typeEdit_->applied == text)
+        return;
+    if (!typeEdit_ || typeEdit_->at != at) {
+        beginStep();
+        table_.keep(at.row);
+    }
+    ChangeRowType(at.row, text);
+    typeEdit_ = TypeEdit{at, std::wstring(text)};
+}
+
+TableOutcome TableSession::cancelEdit() {
+    TableOutcome outcome;
+    if (!typeEdit_)
+        return outcome;
+    table_.cancelStep();
+    outcome.changedRows = {typeEdit_->at.row};
+    typeEdit_.reset();
+    return outcome;
+}
+
+void TableSession::beginStep() {
+    cancelEdit();
+    table_.beginStep();
+}
+
+void TableSession::endStep(TableOutcome& outcome) {
+    table_.endStep();
+    typeEdit_.reset();
+    std::sort(outcome.changedRows.begin(), outcome.changedRows.end());
+}
+
+TableOutcome TableSession::commit(CellAt at, std::wstring_view text) {
+    TableOutcome outcome;
+    if (isReadOnly(at.column))
+        return outcome;
+    if (at.column == typeColumn) {
+        commitType(at, text, outcome);
+        return outcome;
+    }
+    CleanText cleaned = clean(at.column, text);
+    if (cleaned.complaint)
+        setLine(outcome, std::move(*cleaned.complaint));
+    if (cleaned.text != text)
+        outcome.editorText = cleaned.text;
+    if (at.column < typeColumn) {
+        outcome.accepted = !cleaned.text.empty();
+        if (outcome.accepted)
+            storeText(at, cleaned.text, outcome);
+        else
+            outcome.boxes.push_back(
+                {std::wstring(at.column == catalogNumberColumn ? message::emptyCatalogNumber
+                                                               : message::emptyDescription),
+                 PromptIcon::Warning});
+        return outcome;
+    }
+    if (isChoice(at.column))
+        commitChoice(at, cleaned.text, outcome);
+    else
+        commitValue(at, cleaned.text, outcome);
+    return outcome;
+}
+
+void TableSession::commitType(CellAt at, std::wstring_view text, TableOutcome& outcome) {
+    const std::wstring& stored = table_.type(at.row);
+    if (text.empty() || text == stored) {
+        outcome.editorText = stored;
+        outcome.changedRows = cancelEdit().changedRows;
+        return;
+    }
+    if (!setup().typeChoices.holds(text)) {
+        outcome.accepted = false;
+        setLine(outcome, message::mustBeFromList(text));
+        return;
+    }
+    applyTypeEdit(at, text);
+    outcome.changedRows = {at.row};
+    if (auto stop = checks_->atCommit(table_, at, text)) {
+        outcome.accepted = false;
+        take(outcome, std::move(*stop));
+        return;
+    }
+    table_.write(at.row, at.column, text);
+    endStep(outcome);
+}
+
+/// What a list offers, or what the cell had; the list of another type's cell is never typed into
+/// it. These cells cannot be emptied.
+void TableSession::commitChoice(CellAt at, std::wstring_view text, TableOutcome& outcome) {
+    const std::wstring stored = table_.text(at.row, at.column);
+    if (text.empty() || text == stored) {
+        outcome.editorText = stored;
+        return;
+    }
+    if (!choices(at)->holds(text)) {
+        outcome.accepted = false;
+        setLine(outcome, message::mustBeFromList(text));
+        return;
+    }
+    if (column(at.column).choices != ColumnChoices::Process ||
+        setup().group != setup().kind->processGroup || stored.empty()) {
+        commitValue(at, text, outcome);
+        return;
+    }
+    beginStep();
+    table_.keep(at.row);
+    changeRowProcess(at.row, text);
+    outcome.changedRows = {at.row};
+    endStep(outcome);
+}
+
+void TableSession::commitValue(CellAt at, std::wstring_view text, TableOutcome& outcome) {
+    if (auto stop = checks_->atCommit(table_, at, text)) {
+        outcome.accepted = false;
+        take(outcome, std::move(*stop));
+        return;
+    }
+    if (column(at.column).kind == ColumnKind::Parameter && !isChoice(at.column) &&
+        text == cell::notApplicable) {
+        outcome.accepted = false;
+        outcome.boxes.push_back({std::wstring(message::notApplicableIsIllegal)});
+        return;
+    }
+    CellFinding finding =
+        CheckCellOnCommit(question(at, text, true), rules_.rules, setup().decimalMark);
+    outcome.accepted = finding.passed;
+    take(outcome, std::move(finding));
+    if (outcome.accepted)
+        storeText(at, text, outcome);
+}
+
+void TableSession::storeText(CellAt at, std::wstring_view text, TableOutcome& outcome) {
+    if (table_.text(at.row, at.column) == text)
+        return;
+    beginStep();
+    table_.keep(at.row);
+    table_.write(at.row, at.column, text);
+    outcome.changedRows.push_back(at.row);
+    endStep(outcome);
+}
+
+/// A text that the library file gives back whole: one line, not too long, and not taken for the
+/// end of its row.
+TableSession::CleanText TableSession::clean(std::size_t column, std::wstring_view text) const {
+    const TableColumn& of = this->column(column);
+    CleanText result{std::wstring(text), std::nullopt};
+    for (wchar_t& c : result.text)
+        if (c < L' ')
+            c = L' ';
+    const bool isCatalog = of.kind == ColumnKind::CatalogNumber;
+    if (isCatalog)
+        result.text = upperCase(result.text);
+    if (column > typeColumn && trim(result.text).starts_with(L'<')) {
+        result.text.erase(0, result.text.find_first_not_of(L" <"));
+        result.complaint = message::cellBeginsWithRowEnd(of.header);
+    }
+    const std::size_t limit = isCatalog ? maximumCatalogNumber : cell::maximumLength;
+    if (result.text.size() > limit) {
+        result.text.resize(limit);
+        result.complaint = isCatalog ? std::wstring(message::longCatalogNumber)
+                           : of.kind == ColumnKind::Description
+                               ? std::wstring(message::longDescription)
+                               : message::longCell(of.header);
+    }
+    return result;
+}
+
+void TableSession::ChangeRowType(std::size_t row, std::wstring_view type) {
+    ClearRowForType(row);
+    ApplyTypeDefaults(row, type);
+    if (setup().processColumn != 0 && setup().group == setup().kind->processGroup)
+        followProcess(row, type);
+}
+
+void TableSession::changeRowProcess(std::size_t row, std::wstring_view process) {
+    ClearRowForType(row);
+    table_.write(row, setup().processColumn, process);
+    ApplyTypeDefaults(row, process);
+}
+
+void TableSession::ClearRowForType(std::size_t row) {
+    for (std::size_t column = typeColumn + 1; column <= setup().lastParameter; ++column)
+        table_.write(row, column, {});
+    table_.flag(row, false);
+}
+
+void TableSession::ApplyTypeDefaults(std::size_t row, std::wstring_view type) {
+    const PropertyView* property = setup().property(type);
+    if (property == nullptr)
+        return;
+    for (std::size_t column = typeColumn + 1; column <= setup().lastParameter; ++column) {
+        const ColumnChoices list = this->column(column).choices;
+        if (list == ColumnChoices::None) {
+            if (property->isUnused(this->column(column).parameter))
+                table_.write(row, column, cell::notApplicable);
+        } else if (list == ColumnChoices::Option) {
+            const OptionColumn& option = *setup().option(column)->first;
+            table_.write(row, column,
+                         setup().resolved(type) == option.type ? option.defaultValue
+                                                               : cell::notApplicable);
+        }
+    }
+}
+
+/// The process of a capacitor is chosen for one type alone.
+void TableSession::followProcess(std::size_t row, std::wstring_view type) {
+    const bool isCustom = type == customTypeName;
+    table_.write(row, setup().processColumn, isCustom ? firstCustomProcess : cell::notApplicable);
+    for (const std::size_t parameter : unusedByFirstProcess)
+        if (isCustom && typeColumn + parameter <= setup().lastParameter)
+            table_.write(row, typeColumn + parameter, cell::notApplicable);
+}
+
+} // namespace partwright

@@ -1,0 +1,77 @@
+#include "library/datasheet_links.h"
+
+#include "core/encoding.h"
+#include "core/messages.h"
+#include "core/text.h"
+#include "core/text_file.h"
+#include "library/rule_table.h"
+
+namespace partwright {
+
+namespace {
+
+constexpr std::wstring_view tableName = L"DataSheetLinkTable.csv";
+constexpr std::wstring_view partColumn = L"PartNum";
+constexpr std::wstring_view fileColumn = L"FileName";
+constexpr std::wstring_view linkColumns[] = {partColumn, fileColumn};
+
+/// A cell of the table: one line, in quotes when it holds the separator. The brackets of a file
+/// name stay what they are, or the link would lead nowhere.
+std::wstring linkCell(std::wstring_view text) {
+    const std::wstring line = removeAll(text, L"\r\n");
+    return line.find(L',') == std::wstring::npos ? line : L'"' + line + L'"';
+}
+
+std::wstring formatLinks(const DatasheetLinks& links, std::wstring_view lineEnd) {
+    std::wstring text;
+    for (const std::wstring_view column : linkColumns)
+        text.append(column).append(L",");
+    text += lineEnd;
+    for (const auto& [part, file] : links)
+        if (!file.empty())
+            text.append(linkCell(part))
+                .append(L",")
+                .append(linkCell(file))
+                .append(L",")
+                .append(lineEnd);
+    return text;
+}
+
+} // namespace
+
+std::wstring datasheetLinksPath(const CPartwrightPlugInApp& app) {
+    return app.libraryFolder + std::wstring(tableName);
+}
+
+LoadResult LoadDatasheetLinks(CPartwrightPlugInApp& app) {
+    const std::wstring path = datasheetLinksPath(app);
+    const RuleTable table = readRuleTable(path, {.columns = linkColumns});
+    app.libraryFaults.erase(path);
+    if (table.status == FileStatus::OpenFailed)
+        app.libraryFaults[path] = LibraryFault::Unreadable;
+    if (table.status == FileStatus::Ok)
+        app.datasheetLinks.clear();
+    for (const RuleRow& row : table.rows)
+        if (!row.text(partColumn).empty())
+            app.datasheetLinks.insert_or_assign(row.text(partColumn), row.text(fileColumn));
+    return resultOf(table, path);
+}
+
+LinkSaveResult SaveDatasheetLinks(const CPartwrightPlugInApp& app) {
+    const std::wstring path = datasheetLinksPath(app);
+    if (app.libraryFaults.contains(path))
+        return {false, message::saveWouldLose(path, message::fileUnreadable())};
+    const TextForm form = formOnDisk(path);
+    const std::wstring text = formatLinks(app.datasheetLinks, form.crLf ? L"\r\n" : L"\n");
+    std::string bytes;
+    if (!encodeInto(bytes, text, form.codePage))
+        bytes = encodeUtf8(text);
+    const WriteResult written = writeTextFile(path, bytes);
+    if (written.status == WriteStatus::OpenFailed)
+        return {false, message::failedToOpenForWriting(path)};
+    if (written.status == WriteStatus::WriteFailed)
+        return {false, message::failedToWrite(path, written.reason)};
+    return {true, {}};
+}
+
+} // namespace partwright

@@ -1,0 +1,30 @@
+#pragma once
+
+// The links from parts to their data sheets: DataSheetLinkTable.csv beside the design libraries,
+// a rule table with the columns "PartNum" and "FileName". A file name is relative to the folder of
+// data sheets. The table is written whole; one that is there and could not be read is marked, and
+// never written over.
+
+#include "core/application.h"
+#include "library/load_result.h"
+
+#include <string>
+
+namespace partwright {
+
+[[nodiscard]] std::wstring datasheetLinksPath(const CPartwrightPlugInApp& app);
+
+/// Fills app.datasheetLinks; an absent table leaves it as it is.
+LoadResult LoadDatasheetLinks(CPartwrightPlugInApp& app);
+
+struct LinkSaveResult {
+    bool isSaved = false;
+    /// What to show; empty when the table was saved.
+    std::wstring message;
+};
+
+/// Writes the links that name a file. The table keeps the form it has on disk, unless that cannot
+/// hold a character: then it becomes UTF-8.
+[[nodiscard]] LinkSaveResult SaveDatasheetLinks(const CPartwrightPlugInApp& app);
+
+} // namespace partwright
