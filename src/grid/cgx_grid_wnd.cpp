@@ -157,16 +157,20 @@ void CGXGridWnd::selectionMoved() {
     viewport()->update(0, 0, viewport()->width(), geometry_.headerHeight());
     if (const auto current = currentCell())
         updateCurrentArea(*current);
-    if (!selection().empty()) {
-        const CellRange& range = selection().back();
-        const QRect area = geometry_.rangeRect(range);
-        viewport()->update(QRect(area.right(), area.bottom(), 1, 1)
-                               .adjusted(-frameReach, -frameReach, frameReach, frameReach));
-    }
+    updateHandleArea();
+}
+
+void CGXGridWnd::updateHandleArea() {
+    if (selection().empty())
+        return;
+    const QRect area = geometry_.rangeRect(selection().back());
+    viewport()->update(QRect(area.right(), area.bottom(), 1, 1)
+                           .adjusted(-frameReach, -frameReach, frameReach, frameReach));
 }
 
 void CGXGridWnd::currentMovedFrom(std::optional<CellPos> before) {
     lead_.reset();
+    updateHandleArea();
     if (before)
         updateCurrentArea(*before);
     if (const auto now = currentCell()) {

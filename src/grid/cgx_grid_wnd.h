@@ -122,6 +122,7 @@ private:
     void relayout();
     void updateScrollBars();
     void updateCurrentArea(CellPos pos);
+    void updateHandleArea();
     [[nodiscard]] QFont zoomedFont() const;
     [[nodiscard]] PaintState paintState() const;
     bool showToolTip(QPoint place, QPoint global);
