@@ -143,8 +143,6 @@ void CGXGridWnd::scrollTo(int row, int col) {
 }
 
 void CGXGridWnd::updateCurrentArea(CellPos pos) {
-    if (pos.row > rowCount() || pos.col > colCount())
-        return;
     viewport()->update(geometry_.cellRect(pos.row, pos.col)
                            .adjusted(-frameReach, -frameReach, frameReach, frameReach));
     viewport()->update(geometry_.cellRect(pos.row, 0));
