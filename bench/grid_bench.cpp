@@ -202,10 +202,11 @@ void firstPaintOfManyRows(benchmark::State& state) {
 
 double moveDown(CGXGridWnd& grid) {
     constexpr int moves = 200;
-    grid.setCurrentCell(1, 1);
+    const int first = grid.rowCount() - moves;
+    grid.setCurrentCell(first, 1);
     return seconds([&] {
                for (int i = 0; i < moves; ++i) {
-                   grid.setCurrentCell(i + 2, 1 + i % colCount);
+                   grid.setCurrentCell(first + i, 1 + i % colCount);
                    QApplication::processEvents();
                }
            }) /

@@ -115,7 +115,9 @@ void CGXGridWnd::layoutChanged() {
 void CGXGridWnd::structureChanged() {
     lead_.reset();
     endDrag();
-    if (edit_ && rowOfKey(edit_->key) < 0)
+    if (edit_)
+        edit_->row = rowOfKey(edit_->key, edit_->row);
+    if (edit_ && edit_->row < 0)
         closeEditor();
     layoutChanged();
     if (QAccessible::isActive()) {

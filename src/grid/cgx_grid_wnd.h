@@ -111,10 +111,10 @@ private:
 
     struct Edit {
         RowKey key = 0;
+        int row = 0;
         int col = 0;
         /// The text was typed over the cell: Left and Right leave it.
         bool typedOver = false;
-        bool refused = false;
         CellEditor* editor = nullptr;
     };
 
