@@ -3,7 +3,6 @@
 #include "core/decimal_mark.h"
 #include "core/encoding.h"
 #include "core/number.h"
-#include "core/regular_expression.h"
 #include "core/text.h"
 #include "core/text_file.h"
 #include "support/dice.h"
@@ -112,15 +111,6 @@ TEST(DecimalMark, ThreeWays) {
     EXPECT_EQ(readCheckedNumber(L"0,5", L','), 0.5);
     EXPECT_FALSE(readCheckedNumber(L"0,5", L'.'));
     EXPECT_FALSE(readCheckedNumber(L"5 V", L'.'));
-}
-
-TEST(RegularExpression, Validity) {
-    EXPECT_TRUE(ValidateRegularExpression(L"(RES|R[0-9]+).*"));
-    EXPECT_FALSE(ValidateRegularExpression(L"(a"));
-    EXPECT_FALSE(ValidateRegularExpression(L"*a"));
-    EXPECT_FALSE(ValidateRegularExpression(std::wstring(5000, L'a')));
-    EXPECT_FALSE(ValidateRegularExpression(std::wstring(100'000, L'(')));
-    EXPECT_FALSE(ValidateRegularExpression(std::wstring(201, L'(') + std::wstring(201, L')')));
 }
 
 TEST(Encoding, EveryByteComesBack) {
