@@ -54,6 +54,7 @@ CAboutDlg::CAboutDlg(QWidget* parent) : QDialog(parent) {
 
 CPartwrightPlugInDlg::CPartwrightPlugInDlg(MainSession& session, QWidget* parent)
     : QDialog(parent), session_(session) {
+    look::initialiseImages();
     setWindowTitle(tr("Partwright"));
     setWindowIcon(QIcon(QStringLiteral(":/images/partwright.svg")));
     setObjectName(QStringLiteral("mainDialog"));

@@ -39,6 +39,8 @@ CMyListCtrl::CMyListCtrl(QWidget* parent) : QTableWidget(0, ColumnCount, parent)
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setTabKeyNavigation(false);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // the columns share what it leaves
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
     verticalHeader()->hide();
     look::paintHeader(*horizontalHeader());
     connect(this, &QTableWidget::cellDoubleClicked, this,
