@@ -48,19 +48,18 @@ void addPart(Json& answer, const CPartwrightPlugInApp& app, const FilledPart& pa
 
 /// Calls `answer` for each line and prints what it makes.
 template <class Answer>
-int answerLines(Streams streams, Answer answer) {
+int answerLines(const ConsolePrompt& prompt, Streams streams, Answer answer) {
     std::string line;
-    while (std::getline(streams.in, line))
+    while (streams.out && std::getline(streams.in, line))
         streams.out << answer(fieldsOf(line)).dump() << '\n';
-    streams.out.flush();
-    return Fine;
+    return prompt.unreadable() || streams.in.bad() ? Usage : Fine;
 }
 
 } // namespace
 
 int runClassify(const PlaceOptions& place, const LineOptions& options, Streams streams) {
     Tables tables(place, streams);
-    return answerLines(streams, [&](const Fields& fields) {
+    return answerLines(tables.prompt, streams, [&](const Fields& fields) {
         Json answer = {{"refdes", encodeUtf8(fields.first)},
                        {"description", encodeUtf8(fields.second)}};
         if (options.analyses)
@@ -75,7 +74,7 @@ int runClassify(const PlaceOptions& place, const LineOptions& options, Streams s
 
 int runDescribe(const PlaceOptions& place, const LineOptions& options, Streams streams) {
     Tables tables(place, streams);
-    return answerLines(streams, [&](const Fields& fields) {
+    return answerLines(tables.prompt, streams, [&](const Fields& fields) {
         const PartDescription part = tables.engine.describe(fields.first);
         for (const std::wstring& text : part.messages)
             tables.prompt.tell(text, PromptIcon::None);
