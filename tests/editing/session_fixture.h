@@ -2,6 +2,7 @@
 
 // A dialog's session over the shipped tables, with a prompt that is told what will come.
 
+#include "core/messages.h"
 #include "core/paths.h"
 #include "core/text_file.h"
 #include "editing/component_table_session.h"
