@@ -35,6 +35,7 @@ std::vector<LoadResult> FillEngine::load() {
         classifier_.emplace(app_, keywords_, tables_.units);
         preparedRules_ = app_.GroupRuleTable;
         known_.clear();
+        knownForAnalyses_.clear();
     }
     return results;
 }
@@ -43,19 +44,26 @@ Classification FillEngine::classify(std::wstring_view designators, std::wstring_
     std::wstring key(designators);
     key += L'\0';
     key += description;
-    const auto known = known_.find(key);
-    if (known != known_.end())
-        return known->second;
-    const std::wstring text = synonyms_.rewrite(description);
-    const Classification found =
-        classified(classifier_->DetectGroup(designators, text, false), text);
-    known_.emplace(std::move(key), found);
-    return found;
+    const auto [known, isNew] = known_.try_emplace(std::move(key));
+    if (isNew) {
+        ++workedOut_;
+        const std::wstring text = synonyms_.rewrite(description);
+        known->second = classified(classifier_->DetectGroup(designators, text, false), text);
+    }
+    return known->second;
 }
 
 Classification FillEngine::classifyForAnalyses(std::int32_t sdtaGroup,
-                                               std::wstring_view description) const {
-    return convertedToAnalyses(sdtaGroup, synonyms_.rewrite(description));
+                                               std::wstring_view description) {
+    std::wstring key = std::to_wstring(sdtaGroup);
+    key += L'\0';
+    key += description;
+    const auto [known, isNew] = knownForAnalyses_.try_emplace(std::move(key));
+    if (isNew) {
+        ++workedOut_;
+        known->second = convertedToAnalyses(sdtaGroup, synonyms_.rewrite(description));
+    }
+    return known->second;
 }
 
 Classification FillEngine::classified(std::int32_t group, std::wstring_view text) const {

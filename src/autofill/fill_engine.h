@@ -55,7 +55,7 @@ public:
                                           std::wstring_view description);
     /// Group and type of an Analyses record whose SDTA group is known.
     [[nodiscard]] Classification classifyForAnalyses(std::int32_t sdtaGroup,
-                                                     std::wstring_view description) const;
+                                                     std::wstring_view description);
 
     /// Classification, refined by the values, and the values themselves; no defaults.
     template <class Record>
@@ -73,6 +73,9 @@ public:
     [[nodiscard]] PartDescription describe(std::wstring_view partNumber);
 
     [[nodiscard]] const FillTables& tables() const { return tables_; }
+
+    /// How many answers of classify and classifyForAnalyses were worked out, not remembered.
+    [[nodiscard]] std::size_t workedOut() const { return workedOut_; }
 
     /// The two commands over a library (fill_commands.h).
     FillReport runGroupLibrary(const PartSelection& selection, SdtaLibrary& library);
@@ -99,8 +102,11 @@ private:
     std::optional<Classifier> classifier_;
     GroupLibrary groupLibrary_;
     bool groupLibraryLoaded_ = false;
-    /// Designators and description, joined, to classification.
+    /// Designators and description, joined, to classification; for Analyses the SDTA group and the
+    /// description.
     std::unordered_map<std::wstring, Classification> known_;
+    std::unordered_map<std::wstring, Classification> knownForAnalyses_;
+    std::size_t workedOut_ = 0;
     std::map<std::int32_t, GroupRule> preparedRules_;
 };
 

@@ -228,7 +228,7 @@ void AsrPageSession::start() {
     takeMasters();
     tell(prompt_, LoadGroupNames(app_));
     tellAll(engine_.load());
-    loadSdtaLibraries(app_, prompt_);
+    reloadSdtaLibraries(app_, prompt_);
     filter_ = PageFilter::AllProject;
     level_ = app_.analysisLevel != 0 ? AnalysisLevel::Rapid : AnalysisLevel::SchematicReview;
     projectParts = partsOfProject(app_, false);

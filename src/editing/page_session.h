@@ -17,10 +17,10 @@
 // Keys and part numbers of working maps are in capitals; with several records that differ only in
 // case the last one wins.
 
+#include "autofill/fill_engine.h"
 #include "core/application.h"
 #include "core/library_kind.h"
 #include "core/ports/prompt.h"
-#include "autofill/fill_engine.h"
 #include "editing/library_save.h"
 
 #include <cstdint>

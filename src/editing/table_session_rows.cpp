@@ -22,7 +22,7 @@ TableOutcome TableSession::deleteRows(std::vector<std::size_t> selected) {
         return outcome;
     beginStep();
     table_.remove(outcome.removedRows);
-    endStep(outcome);
+    endStep();
     return outcome;
 }
 
@@ -50,7 +50,7 @@ TableOutcome TableSession::add(const GroupChoice& choice) {
     } else {
         table_.depart({std::move(row), choice.group, choice.family});
     }
-    endStep(outcome);
+    endStep();
     announce(choice.partNumber);
     return outcome;
 }
@@ -67,7 +67,7 @@ TableOutcome TableSession::copy(std::size_t row, const GroupChoice& choice) {
     const std::size_t at = table_.append(std::move(copied));
     outcome.insertedRows = {at};
     outcome.current = CellAt{at, partNumberColumn};
-    endStep(outcome);
+    endStep();
     announce(choice.partNumber);
     return outcome;
 }
@@ -80,7 +80,7 @@ TableOutcome TableSession::changeGroup(std::size_t row, const GroupChoice& choic
     table_.depart({table_.row(row), choice.group, choice.family});
     outcome.removedRows = {row};
     table_.remove(outcome.removedRows);
-    endStep(outcome);
+    endStep();
     return outcome;
 }
 
