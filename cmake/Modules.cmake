@@ -1,4 +1,4 @@
-# partwright_module(Core core SOURCES a.cpp b.cpp DEPENDS RE2 Partwright::Other)
+# partwright_module(Core core SOURCES a.cpp b.cpp DEPENDS Partwright::Other)
 #
 # One folder of src/ is one static library with the alias Partwright::<Name>. What it links is its
 # wall: nothing else of the tree can be included from it.

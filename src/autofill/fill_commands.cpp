@@ -1,22 +1,26 @@
-// The two auto-fill commands of the window. They walk a library in key order and change records in
-// place; what one record gets is the same for both kinds of library but for the numbers of Kind.
+#include "autofill/fill_commands.h"
 
 #include "autofill/defaults.h"
-#include "autofill/fill_engine.h"
 #include "core/cell_text.h"
 #include "core/completion.h"
 #include "core/text.h"
+#include "library/small_tables.h"
 
 #include <algorithm>
+#include <type_traits>
 
 namespace partwright {
 
 namespace {
 
-constexpr std::wstring_view decodedMark = L"GLib";
-constexpr std::wstring_view parsedMark = L"Descr";
+/// The designators of a part that the selection holds; null when it does not.
+const std::wstring* designatorsOf(const PartSelection& selection, std::wstring_view partNumber) {
+    auto found = selection.find(partNumber);
+    if (found == selection.end()) // the Analyses library keeps part numbers as they were written
+        found = selection.find(upperCase(partNumber));
+    return found == selection.end() ? nullptr : &found->second;
+}
 
-/// Recomputes the flags, and once more when the defaults of the type filled a cell.
 template <class Record>
 void complete(const CPartwrightPlugInApp& app, const CompletionRules<Record>& rules,
               Record& record) {
@@ -25,91 +29,164 @@ void complete(const CPartwrightPlugInApp& app, const CompletionRules<Record>& ru
         rules.update(record);
 }
 
-/// The number is no key of a part, or none that the command is for.
-const std::wstring* selected(const PartSelection& selection, std::wstring_view key) {
-    if (key.empty() || key == emptyMark)
-        return nullptr;
-    const auto found = selection.find(key);
-    return found == selection.end() ? nullptr : &found->second;
+/// The walk of the group library over one library.
+template <class Record>
+class GroupLibraryWalk {
+public:
+    GroupLibraryWalk(const FillTools& tools, const Classifier& classifier,
+                     GroupLibrary& groupLibrary, const PartSelection& selection)
+        : tools_(tools), classifier_(classifier), groupLibrary_(groupLibrary),
+          selection_(selection), completion_(tools.app) {}
+
+    FillReport run(typename Kind<Record>::Library& library) {
+        for (auto& [key, record] : library)
+            if (isWanted(key, record) && identify(trim(key), record))
+                report_.changed.push_back(key);
+        return std::move(report_);
+    }
+
+private:
+    static constexpr bool isAnalyses = std::is_same_v<Record, AsrComponent>;
+
+    [[nodiscard]] bool isWanted(std::wstring_view key, const Record& record) const {
+        if (record.completed != 0 || key.empty() || equalsNoCase(key, emptyMark))
+            return false;
+        if (isAnalyses && record.group == 0)
+            return false;
+        return designatorsOf(selection_, key) != nullptr;
+    }
+
+    PartDescription describe(std::wstring_view partNumber) {
+        PartDescription part = groupLibrary_.DescribePartNumber(partNumber);
+        if (part.description.empty() && partNumber.find(L' ') != std::wstring_view::npos) {
+            std::vector<std::wstring> messages = std::move(part.messages);
+            part = groupLibrary_.DescribePartNumber(removeAll(partNumber, L" "));
+            part.messages.insert(part.messages.begin(), messages.begin(), messages.end());
+        }
+        report_.messages.insert(report_.messages.end(), part.messages.begin(), part.messages.end());
+        return part;
+    }
+
+    /// False when the part stays as it is.
+    bool identify(std::wstring_view partNumber, Record& record) {
+        const std::wstring* designators = designatorsOf(selection_, partNumber);
+        if (!designators)
+            return false;
+        const PartDescription part = describe(partNumber);
+        if (part.description.empty())
+            return false;
+        const std::wstring text = tools_.rewrite(part.description);
+        std::int32_t group = classifier_.DetectGroup(*designators, text, true);
+        if (!tools_.app.groupNamesByCode.contains(group))
+            return false;
+        std::int32_t type = 0;
+        classifier_.DetectType(Kind<SdtaComponent>::method, group, text, type);
+        if (isAnalyses) {
+            group = analysesGroupOf(tools_.app, group);
+            classifier_.DetectType(Kind<AsrComponent>::method, group, text, type);
+        }
+        if (group == 0)
+            return false;
+        scanned_.assign(text);
+        tools_.filler.RefineTypeByRule(Kind<Record>::method, group, type, scanned_);
+        take(group, type, part, record);
+        return true;
+    }
+
+    void take(std::int32_t group, std::int32_t type, const PartDescription& part, Record& record) {
+        record.group = group;
+        record.type = type;
+        record.family = FamilyNumber(Kind<Record>::family(group));
+        tools_.filler.FillParamsFromDescription(group, record.type, cells_, scanned_,
+                                                Kind<Record>::method, record.Notes);
+        std::copy_n(cells_.begin(), Kind<Record>::takenCells, record.LPar.begin());
+        record.Manufacturer = part.manufacturer;
+        record.Notes += L"GLib";
+        complete(tools_.app, completion_, record);
+    }
+
+    const FillTools& tools_;
+    const Classifier& classifier_;
+    GroupLibrary& groupLibrary_;
+    const PartSelection& selection_;
+    CompletionRules<Record> completion_;
+    ScannedText scanned_;
+    std::array<std::wstring, Kind<Record>::fillCells> cells_;
+    FillReport report_;
+};
+
+/// Copies what a description told into the values that are empty and that the type has.
+template <class Record>
+void takeEmpty(const typename Kind<Record>::Row& row,
+               const std::array<std::wstring, Kind<Record>::fillCells>& cells, Record& record) {
+    for (std::size_t i = 0; i < Kind<Record>::takenCells && i + 1 < row.names.size(); ++i) {
+        const std::wstring& name = row.names[i + 1];
+        if (name.empty() || name == cell::labelNotApplicable)
+            continue;
+        if (record.LPar[i].empty() && !cells[i].empty())
+            record.LPar[i] = cells[i];
+    }
 }
 
-void collect(std::vector<std::wstring>& messages, std::vector<std::wstring>& more) {
-    messages.insert(messages.end(), std::make_move_iterator(more.begin()),
-                    std::make_move_iterator(more.end()));
+template <class Record>
+FillReport parseDescriptions(const FillTools& tools, const PartSelection& selection,
+                             typename Kind<Record>::Library& library) {
+    const CompletionRules<Record> completion(tools.app);
+    std::array<std::wstring, Kind<Record>::fillCells> cells;
+    ScannedText scanned;
+    FillReport report;
+    for (auto& [key, record] : library) {
+        if (record.completed != 0 || record.group == 0 || !designatorsOf(selection, key))
+            continue;
+        const typename Kind<Record>::Row* row = completion.row(record.group, record.type);
+        if (!row)
+            continue;
+        scanned.assign(tools.rewrite(record.Description));
+        tools.filler.FillParamsFromDescription(record.group, record.type, cells, scanned,
+                                               Kind<Record>::method, record.Notes);
+        takeEmpty(*row, cells, record);
+        record.Notes += L"Descr";
+        complete(tools.app, completion, record);
+        report.changed.push_back(key);
+    }
+    return report;
 }
 
 } // namespace
 
-template <class Record>
-FillReport FillEngine::runGroupLibrary(const PartSelection& selection,
-                                       typename Kind<Record>::Library& library) {
-    FillReport report;
-    const CompletionRules<Record> rules(app_);
-    for (auto& [key, record] : library) {
-        const std::wstring number(trim(key));
-        const std::wstring* designators = selected(selection, key);
-        if (record.completed != 0 || designators == nullptr || !selection.contains(number) ||
-            (Kind<Record>::method == Kind<AsrComponent>::method && record.group == 0))
-            continue;
-        PartDescription part = describe(number);
-        collect(report.messages, part.messages);
-        if (part.description.empty() && number.find(L' ') != std::wstring::npos) {
-            part = describe(removeAll(number, L" "));
-            collect(report.messages, part.messages);
-        }
-        if (part.description.empty())
-            continue;
-        const std::wstring text = synonyms_.rewrite(part.description);
-        const std::int32_t group = classifier_->DetectGroup(*designators, text, true);
-        if (!app_.groupNamesByCode.contains(group))
-            continue;
-        FilledPart filledPart = filled<Record>(group, text);
-        record.group = filledPart.found.group;
-        record.type = filledPart.found.type;
-        record.family = FamilyNumber(Kind<Record>::family(record.group));
-        for (std::size_t i = 0; i < Kind<Record>::takenCells; ++i)
-            record.LPar[i] = std::move(filledPart.cells[i]);
-        record.Manufacturer = part.manufacturer;
-        record.Notes = std::move(filledPart.notes);
-        record.Notes += decodedMark;
-        complete(app_, rules, record);
-        report.parts.push_back(key);
-    }
-    return report;
+std::int32_t analysesGroupOf(const CPartwrightPlugInApp& app, std::int32_t sdtaGroup) {
+    constexpr std::int32_t unknownGroup = 1;
+    constexpr std::int32_t movedGroup = 4;
+    constexpr std::int32_t movedTo = 9;
+    std::int32_t ignored = 0;
+    const std::int32_t code = ConvertBiCode(app, sdtaGroup, ignored);
+    if (code == noBiCode)
+        return unknownGroup;
+    if (code == movedGroup)
+        return movedTo;
+    return std::max(code, 0);
 }
 
-template <class Record>
-FillReport FillEngine::parseDescriptions(const PartSelection& selection,
-                                         typename Kind<Record>::Library& library) {
-    FillReport report;
-    const CompletionRules<Record> rules(app_);
-    std::vector<std::wstring> cells(Kind<Record>::fillCells);
-    for (auto& [key, record] : library) {
-        if (record.completed != 0 || record.group == 0 || !selection.contains(key))
-            continue;
-        const auto* row = rules.row(record.group, record.type);
-        if (row == nullptr)
-            continue;
-        const ScannedText text(synonyms_.rewrite(record.Description));
-        filler_.FillParamsFromDescription(record.group, record.type, cells, text,
-                                          Kind<Record>::method, record.Notes);
-        const std::size_t count = std::min(Kind<Record>::takenCells, row->names.size() - 1);
-        for (std::size_t i = 0; i < count; ++i) {
-            const std::wstring& label = row->names[i + 1];
-            if (!label.empty() && label != cell::labelNotApplicable && record.LPar[i].empty())
-                record.LPar[i] = std::move(cells[i]);
-        }
-        record.Notes += parsedMark;
-        complete(app_, rules, record);
-        report.parts.push_back(key);
-    }
-    return report;
+FillReport RunGroupLibrary(const FillTools& tools, const Classifier& classifier,
+                           GroupLibrary& groupLibrary, const PartSelection& selection,
+                           SdtaLibrary& library) {
+    return GroupLibraryWalk<SdtaComponent>(tools, classifier, groupLibrary, selection).run(library);
 }
 
-template FillReport FillEngine::runGroupLibrary<SdtaComponent>(const PartSelection&, SdtaLibrary&);
-template FillReport FillEngine::runGroupLibrary<AsrComponent>(const PartSelection&, AsrLibrary&);
-template FillReport FillEngine::parseDescriptions<SdtaComponent>(const PartSelection&,
-                                                                 SdtaLibrary&);
-template FillReport FillEngine::parseDescriptions<AsrComponent>(const PartSelection&, AsrLibrary&);
+FillReport RunAsrGroupLibrary(const FillTools& tools, const Classifier& classifier,
+                              GroupLibrary& groupLibrary, const PartSelection& selection,
+                              AsrLibrary& library) {
+    return GroupLibraryWalk<AsrComponent>(tools, classifier, groupLibrary, selection).run(library);
+}
+
+FillReport ParseDescriptionsForSelection(const FillTools& tools, const PartSelection& selection,
+                                         SdtaLibrary& library) {
+    return parseDescriptions<SdtaComponent>(tools, selection, library);
+}
+
+FillReport ParseAsrDescriptionsForSelection(const FillTools& tools, const PartSelection& selection,
+                                            AsrLibrary& library) {
+    return parseDescriptions<AsrComponent>(tools, selection, library);
+}
 
 } // namespace partwright

@@ -2,26 +2,24 @@
 
 #include "library/small_tables.h"
 
+#include <utility>
+
 namespace partwright {
 
 namespace {
 
-/// The Analyses group of an SDTA group: what has no counterpart stands in the first group, and the
-/// digital circuits in the general ones.
-std::int32_t analysesGroup(const CPartwrightPlugInApp& app, std::int32_t sdtaGroup) {
-    std::int32_t family = 0;
-    const std::int32_t group = ConvertBiCode(app, sdtaGroup, family);
-    if (group == noBiCode)
-        return 1;
-    if (group == 4)
-        return 9;
-    return group < 0 ? 0 : group;
+FillReport withMessages(std::vector<std::wstring> messages, FillReport report) {
+    report.messages.insert(report.messages.begin(), messages.begin(), messages.end());
+    return report;
 }
 
 } // namespace
 
 FillEngine::FillEngine(CPartwrightPlugInApp& app)
-    : app_(app), tables_(compiledFillTables()), filler_(tables_, app_) {}
+    : app_(app), tables_(compiledFillTables()),
+      filler_(tables_, app_), tools_{app_, filler_, [this](std::wstring_view text) {
+                                         return synonyms_.rewrite(text);
+                                     }} {}
 
 std::vector<LoadResult> FillEngine::load() {
     std::vector<LoadResult> results;
@@ -37,6 +35,7 @@ std::vector<LoadResult> FillEngine::load() {
         classifier_.emplace(app_, keywords_, tables_.units);
         preparedRules_ = app_.GroupRuleTable;
         known_.clear();
+        knownForAnalyses_.clear();
     }
     return results;
 }
@@ -45,19 +44,26 @@ Classification FillEngine::classify(std::wstring_view designators, std::wstring_
     std::wstring key(designators);
     key += L'\0';
     key += description;
-    const auto known = known_.find(key);
-    if (known != known_.end())
-        return known->second;
-    const std::wstring text = synonyms_.rewrite(description);
-    const Classification found =
-        classified(classifier_->DetectGroup(designators, text, false), text);
-    known_.emplace(std::move(key), found);
-    return found;
+    const auto [known, isNew] = known_.try_emplace(std::move(key));
+    if (isNew) {
+        ++workedOut_;
+        const std::wstring text = synonyms_.rewrite(description);
+        known->second = classified(classifier_->DetectGroup(designators, text, false), text);
+    }
+    return known->second;
 }
 
 Classification FillEngine::classifyForAnalyses(std::int32_t sdtaGroup,
-                                               std::wstring_view description) const {
-    return convertedToAnalyses(sdtaGroup, synonyms_.rewrite(description));
+                                               std::wstring_view description) {
+    std::wstring key = std::to_wstring(sdtaGroup);
+    key += L'\0';
+    key += description;
+    const auto [known, isNew] = knownForAnalyses_.try_emplace(std::move(key));
+    if (isNew) {
+        ++workedOut_;
+        known->second = convertedToAnalyses(sdtaGroup, synonyms_.rewrite(description));
+    }
+    return known->second;
 }
 
 Classification FillEngine::classified(std::int32_t group, std::wstring_view text) const {
@@ -68,7 +74,7 @@ Classification FillEngine::classified(std::int32_t group, std::wstring_view text
 
 Classification FillEngine::convertedToAnalyses(std::int32_t sdtaGroup,
                                                std::wstring_view text) const {
-    Classification found{analysesGroup(app_, sdtaGroup), 0};
+    Classification found{analysesGroupOf(app_, sdtaGroup), 0};
     classifier_->DetectType(Kind<AsrComponent>::method, found.group, text, found.type);
     return found;
 }
@@ -104,18 +110,40 @@ FilledPart FillEngine::fillByWords(std::wstring_view designators,
     return filled<Record>(group, text);
 }
 
+std::vector<std::wstring> FillEngine::needGroupLibrary() {
+    if (std::exchange(groupLibraryLoaded_, true))
+        return {};
+    LoadResult result = LoadGroupLibrary(app_.groupLibraryPath, app_.decimalMark(), groupLibrary_);
+    if (result.message.empty())
+        return {};
+    return {std::move(result.message)};
+}
+
 PartDescription FillEngine::describe(std::wstring_view partNumber) {
-    std::vector<std::wstring> messages;
-    if (!groupLibraryLoaded_) {
-        groupLibraryLoaded_ = true;
-        LoadResult result =
-            LoadGroupLibrary(app_.groupLibraryPath, app_.decimalMark(), groupLibrary_);
-        if (!result.message.empty())
-            messages.push_back(std::move(result.message));
-    }
+    std::vector<std::wstring> messages = needGroupLibrary();
     PartDescription part = groupLibrary_.DescribePartNumber(partNumber);
     part.messages.insert(part.messages.begin(), messages.begin(), messages.end());
     return part;
+}
+
+FillReport FillEngine::runGroupLibrary(const PartSelection& selection, SdtaLibrary& library) {
+    auto messages = needGroupLibrary();
+    return withMessages(std::move(messages),
+                        RunGroupLibrary(tools_, *classifier_, groupLibrary_, selection, library));
+}
+
+FillReport FillEngine::runGroupLibrary(const PartSelection& selection, AsrLibrary& library) {
+    auto messages = needGroupLibrary();
+    return withMessages(std::move(messages), RunAsrGroupLibrary(tools_, *classifier_, groupLibrary_,
+                                                                selection, library));
+}
+
+FillReport FillEngine::parseDescriptions(const PartSelection& selection, SdtaLibrary& library) {
+    return ParseDescriptionsForSelection(tools_, selection, library);
+}
+
+FillReport FillEngine::parseDescriptions(const PartSelection& selection, AsrLibrary& library) {
+    return ParseAsrDescriptionsForSelection(tools_, selection, library);
 }
 
 template FilledPart FillEngine::fill<SdtaComponent>(std::wstring_view, std::wstring_view) const;

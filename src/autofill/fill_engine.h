@@ -12,6 +12,7 @@
 
 #include "autofill/classifier.h"
 #include "autofill/compiled_tables.h"
+#include "autofill/fill_commands.h"
 #include "autofill/group_library.h"
 #include "autofill/param_rules.h"
 #include "autofill/synonyms.h"
@@ -41,14 +42,6 @@ struct FilledPart {
     std::wstring notes;
 };
 
-/// What a command did.
-struct FillReport {
-    /// Part numbers of the records gone through, in key order.
-    std::vector<std::wstring> parts;
-    /// Texts to show.
-    std::vector<std::wstring> messages;
-};
-
 class FillEngine {
 public:
     explicit FillEngine(CPartwrightPlugInApp& app);
@@ -62,7 +55,7 @@ public:
                                           std::wstring_view description);
     /// Group and type of an Analyses record whose SDTA group is known.
     [[nodiscard]] Classification classifyForAnalyses(std::int32_t sdtaGroup,
-                                                     std::wstring_view description) const;
+                                                     std::wstring_view description);
 
     /// Classification, refined by the values, and the values themselves; no defaults.
     template <class Record>
@@ -81,15 +74,18 @@ public:
 
     [[nodiscard]] const FillTables& tables() const { return tables_; }
 
-    /// The two commands over the records of a library whose key is in the selection.
-    template <class Record>
-    FillReport runGroupLibrary(const PartSelection& selection,
-                               typename Kind<Record>::Library& library);
-    template <class Record>
-    FillReport parseDescriptions(const PartSelection& selection,
-                                 typename Kind<Record>::Library& library);
+    /// How many answers of classify and classifyForAnalyses were worked out, not remembered.
+    [[nodiscard]] std::size_t workedOut() const { return workedOut_; }
+
+    /// The two commands over a library (fill_commands.h).
+    FillReport runGroupLibrary(const PartSelection& selection, SdtaLibrary& library);
+    FillReport runGroupLibrary(const PartSelection& selection, AsrLibrary& library);
+    FillReport parseDescriptions(const PartSelection& selection, SdtaLibrary& library);
+    FillReport parseDescriptions(const PartSelection& selection, AsrLibrary& library);
 
 private:
+    /// Texts to show, if reading the group library gave any.
+    std::vector<std::wstring> needGroupLibrary();
     /// Group and type from a text that is rewritten already.
     [[nodiscard]] Classification classified(std::int32_t group, std::wstring_view text) const;
     [[nodiscard]] Classification convertedToAnalyses(std::int32_t sdtaGroup,
@@ -102,11 +98,15 @@ private:
     ParamFiller filler_;
     TypeKeywords keywords_;
     SynonymTable synonyms_;
+    FillTools tools_;
     std::optional<Classifier> classifier_;
     GroupLibrary groupLibrary_;
     bool groupLibraryLoaded_ = false;
-    /// Designators and description, joined, to classification.
+    /// Designators and description, joined, to classification; for Analyses the SDTA group and the
+    /// description.
     std::unordered_map<std::wstring, Classification> known_;
+    std::unordered_map<std::wstring, Classification> knownForAnalyses_;
+    std::size_t workedOut_ = 0;
     std::map<std::int32_t, GroupRule> preparedRules_;
 };
 

@@ -3,6 +3,7 @@
 #include "core/text.h"
 
 #include <algorithm>
+#include <map>
 
 namespace partwright {
 
@@ -30,17 +31,23 @@ std::wstring designatorPrefix(std::wstring_view designator) {
     if (digit == designator.end())
         return {};
     const auto length = static_cast<std::size_t>(digit - designator.begin());
-    return upperCase(trim(designator.substr(0, length)));
+    std::wstring prefix(trim(designator.substr(0, length)));
+    for (wchar_t& c : prefix)
+        c = upperCase(c);
+    return prefix;
 }
 
 GroupDetector::GroupDetector(const CPartwrightPlugInApp& app) {
     std::vector<std::wstring> expressions;
+    std::map<std::wstring, std::size_t> known;
     // Valid as written is what counts; the text that runs is in capitals like the description.
-    const auto prepare = [&expressions](const std::wstring& text) {
+    const auto prepare = [&](const std::wstring& text) {
         if (text.empty() || !ValidateRegularExpression(text))
             return noExpression;
-        expressions.push_back(upperCase(text));
-        return expressions.size() - 1;
+        const auto [place, fresh] = known.try_emplace(upperCase(text), expressions.size());
+        if (fresh)
+            expressions.push_back(place->first);
+        return place->second;
     };
     std::map<std::int32_t, Group> byCode;
     for (const auto& [code, rule] : app.GroupRuleTable) {
@@ -61,51 +68,65 @@ GroupDetector::GroupDetector(const CPartwrightPlugInApp& app) {
             continue;
         for (const auto piece : split(typical->second, L',')) {
             const std::wstring prefix = upperCase(trim(piece));
+            if (prefix.empty())
+                continue;
             auto& indices = byPrefix_[prefix];
-            if (!prefix.empty() && (indices.empty() || indices.back() != groups_.size() - 1))
+            if (indices.empty() || indices.back() != groups_.size() - 1)
                 indices.push_back(groups_.size() - 1);
         }
     }
-    expressions_ = RegularExpressionSet(expressions);
+    expressions_ = RegularExpressionSet(expressions, RegularExpressionSet::Reading::InCapitals);
 }
 
-std::vector<std::size_t> GroupDetector::candidates(std::wstring_view refDesList,
-                                                   bool byName) const {
-    std::vector<std::size_t> result;
-    std::wstring last;
-    for (const auto designator : split(refDesList, L',')) {
-        std::wstring prefix = designatorPrefix(designator);
-        if (prefix.empty() || prefix == last)
-            continue;
-        last = std::move(prefix);
-        if (const auto found = byPrefix_.find(last); found != byPrefix_.end())
-            result.insert(result.end(), found->second.begin(), found->second.end());
+const GroupDetector::Indices* GroupDetector::spokenForBy(std::wstring_view designator) const {
+    const auto found = byPrefix_.find(designatorPrefix(designator));
+    return found == byPrefix_.end() ? nullptr : &found->second;
+}
+
+GroupDetector::Indices GroupDetector::spokenForByAll(std::wstring_view refDesList,
+                                                     bool byName) const {
+    Indices result;
+    const Indices* last = nullptr;
+    for (std::wstring_view rest = refDesList; !rest.empty();) {
+        const std::size_t end = std::min(rest.find(L','), rest.size());
+        const Indices* groups = spokenForBy(rest.substr(0, end));
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+        // A part's designators mostly have one prefix.
+        if (groups != nullptr && groups != last)
+            result.insert(result.end(), groups->begin(), groups->end());
+        last = groups;
     }
     if (byName) {
-        const auto first = trim(split(refDesList, L',').front());
+        const auto first = trim(refDesList.substr(0, refDesList.find(L',')));
         for (std::size_t i = 0; i < groups_.size(); ++i)
             if (groups_[i].name == first)
                 result.push_back(i);
     }
     std::sort(result.begin(), result.end());
-    result.erase(std::unique(result.begin(), result.end()), result.end());
     return result;
+}
+
+std::int32_t GroupDetector::firstDescribed(const Indices& candidates, std::wstring_view description,
+                                           bool byName) const {
+    const Indices matching = expressions_.matches(description);
+    for (const std::size_t index : candidates)
+        if (describes(groups_[index].rules, groups_[index].excluding, matching))
+            return groups_[index].code;
+    return byName ? 0 : groups_[candidates.front()].code;
 }
 
 std::int32_t GroupDetector::DetectGroup(std::wstring_view refDesList, std::wstring_view description,
                                         bool byName) const {
-    const auto spokenFor = candidates(refDesList, byName);
-    if (spokenFor.empty())
-        return 0;
-    const auto matching = expressions_.matches(upperCase(description));
-    for (const std::size_t index : spokenFor)
-        if (describes(groups_[index].rules, groups_[index].excluding, matching))
-            return groups_[index].code;
-    return byName ? 0 : groups_[spokenFor.front()].code;
+    if (!byName && refDesList.find(L',') == std::wstring_view::npos) {
+        const Indices* candidates = spokenForBy(refDesList);
+        return candidates == nullptr ? 0 : firstDescribed(*candidates, description, byName);
+    }
+    const Indices candidates = spokenForByAll(refDesList, byName);
+    return candidates.empty() ? 0 : firstDescribed(candidates, description, byName);
 }
 
 std::int32_t GroupDetector::DetectGroupByWords(std::wstring_view description) const {
-    const auto matching = expressions_.matches(upperCase(description));
+    const auto matching = expressions_.matches(description);
     for (const Group& group : groups_)
         if (describes(group.words, group.excluding, matching))
             return group.code;

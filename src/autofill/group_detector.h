@@ -13,9 +13,9 @@
 #include "core/regular_expression_set.h"
 
 #include <cstdint>
-#include <map>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace partwright {
@@ -48,13 +48,18 @@ private:
         /// The rules without their catch-all.
         std::size_t words = noExpression;
     };
-    /// Ascending indices of the groups that the designators, or the name, speak for.
-    [[nodiscard]] std::vector<std::size_t> candidates(std::wstring_view refDesList,
-                                                      bool byName) const;
+    using Indices = std::vector<std::size_t>;
+    /// The groups that one designator speaks for, ascending; null when there are none.
+    [[nodiscard]] const Indices* spokenForBy(std::wstring_view designator) const;
+    /// Ascending indices of the groups that the designators, or the name, speak for; one can stand
+    /// there twice.
+    [[nodiscard]] Indices spokenForByAll(std::wstring_view refDesList, bool byName) const;
+    [[nodiscard]] std::int32_t firstDescribed(const Indices& candidates,
+                                              std::wstring_view description, bool byName) const;
 
     std::vector<Group> groups_;
     /// Prefix to indices of groups.
-    std::map<std::wstring, std::vector<std::size_t>, std::less<>> byPrefix_;
+    std::unordered_map<std::wstring, Indices> byPrefix_;
     RegularExpressionSet expressions_;
 };
 

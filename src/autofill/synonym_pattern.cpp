@@ -14,6 +14,7 @@ constexpr wchar_t ohm = L'\u03A9';
 constexpr wchar_t degree = L'\u00B0';
 constexpr std::size_t maximumBlanks = 8;
 constexpr std::size_t maximumDigits = 15;
+constexpr int maximumGroups = 4;
 /// What "*" takes at most: no part number is as long, and a text without blanks stays cheap.
 constexpr std::size_t maximumRest = 255;
 
@@ -37,8 +38,9 @@ std::size_t endOfThousands(std::wstring_view text, std::size_t at) {
     if (lead == 0 || lead > 3 || text[at] == L'0')
         return 0;
     std::size_t end = at + lead;
-    while (end - at < 2 * maximumDigits && end < text.size() && text[end] == L',' &&
-           digitsAt(text, end + 1) == 3)
+    for (int groups = 0; groups < maximumGroups && end < text.size() && text[end] == L',' &&
+                         digitsAt(text, end + 1) == 3;
+         ++groups)
         end += 4;
     if (end == at + lead)
         return 0;

@@ -79,7 +79,8 @@ struct SynonymTable::Entries {
 
     const SynonymPattern* find(const SynonymText& text, std::size_t at, SynonymMatch& match) const {
         const wchar_t c = text.folded[at];
-        const auto list = byFirst.find(std::min(static_cast<char32_t>(c), char32_t{128}));
+        const auto list =
+            byFirst.find(static_cast<wchar_t>(std::min(static_cast<char32_t>(c), char32_t{128})));
         if (list == byFirst.end())
             return nullptr;
         std::optional<SynonymNumber> number;

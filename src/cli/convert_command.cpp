@@ -17,6 +17,16 @@ LoadResult load(CPartwrightPlugInApp& app, AsrLibrary& target, std::wstring_view
     return LoadAnalysesLibrary(app, target, path);
 }
 
+/// Rows that stand in a library file, understood or not.
+std::size_t rowsIn(std::wstring_view path) {
+    const TextFile file = readTextFile(path);
+    LineReader lines(file.bytes);
+    std::size_t rows = 0;
+    for (std::string_view line; lines.next(line);)
+        rows += line.starts_with('>') ? 1 : 0;
+    return rows;
+}
+
 template <class Record>
 int convert(Tables& tables, const ConvertOptions& options) {
     const std::wstring in = pathText(std::filesystem::path(options.in));
@@ -28,6 +38,11 @@ int convert(Tables& tables, const ConvertOptions& options) {
                                                                : message::failedToOpen(in),
                            PromptIcon::None);
         return Usage;
+    }
+    if (const std::size_t rows = rowsIn(in); library.size() < rows) {
+        tables.prompt.tell(message::rowsLeftOut(in, rows - library.size(), rows), PromptIcon::None);
+        if (library.empty())
+            return Findings; // most likely the other kind of library
     }
     // What was not understood on reading would be lost in the copy as well.
     if (const auto fault = tables.app.libraryFaults.find(in);

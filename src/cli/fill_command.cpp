@@ -38,7 +38,7 @@ template <class Record>
 bool fillPage(Project& project, LibraryPageSession<Record>& page, const FillOptions& options,
               bool json, std::ostream& out) {
     const auto before = Kind<Record>::designLibrary(project.app);
-    page.setFilter(pageFilter(page, options.filter, options.filterGiven));
+    page.setFilter(pageFilter(page, options.filter));
     page.refresh();
     const bool all = !options.groupLibrary && !options.descriptions;
     if (options.groupLibrary || all)
@@ -58,6 +58,10 @@ bool fillPage(Project& project, LibraryPageSession<Record>& page, const FillOpti
 
 int runFill(const PlaceOptions& place, const FillOptions& options, Streams streams) {
     Project project(place, streams);
+    // With a table or the part list unread, values would be missing or come from the wrong rules.
+    // A library that was not read is refused by its own save.
+    if (project.prompt.unreadable() && !project.hasFaultyLibrary())
+        return Usage;
     const bool both = !options.sdta && !options.analyses;
     bool written = true;
     if (options.sdta || both)
@@ -67,7 +71,7 @@ int runFill(const PlaceOptions& place, const FillOptions& options, Streams strea
             fillPage(project, project.session.asrPage, options, place.json, streams.out) && written;
     if (!written)
         return Findings;
-    return project.unreadable() ? Usage : Fine;
+    return project.prompt.unreadable() ? Usage : Fine;
 }
 
 } // namespace partwright::cli

@@ -2,7 +2,6 @@
 
 #include "cli/commands.h"
 #include "cli/project.h"
-#include "core/cell_text.h"
 #include "core/encoding.h"
 
 #include <nlohmann/json.hpp>
@@ -42,25 +41,24 @@ void addPart(Json& answer, const CPartwrightPlugInApp& app, const FilledPart& pa
     const Names columns = Kind<Record>::columns(part.found.group);
     for (std::size_t i = 0; i < columns.size() && i < part.cells.size(); ++i)
         if (!part.cells[i].empty())
-            values[encodeUtf8(columns[i])] = encodeUtf8(cell::toFile(part.cells[i]));
+            values[encodeUtf8(columns[i])] = encodeUtf8(part.cells[i]);
     answer["notes"] = encodeUtf8(part.notes);
 }
 
 /// Calls `answer` for each line and prints what it makes.
 template <class Answer>
-int answerLines(Streams streams, Answer answer) {
+int answerLines(const ConsolePrompt& prompt, Streams streams, Answer answer) {
     std::string line;
-    while (std::getline(streams.in, line))
+    while (streams.out && std::getline(streams.in, line))
         streams.out << answer(fieldsOf(line)).dump() << '\n';
-    streams.out.flush();
-    return Fine;
+    return prompt.unreadable() || streams.in.bad() ? Usage : Fine;
 }
 
 } // namespace
 
 int runClassify(const PlaceOptions& place, const LineOptions& options, Streams streams) {
     Tables tables(place, streams);
-    return answerLines(streams, [&](const Fields& fields) {
+    return answerLines(tables.prompt, streams, [&](const Fields& fields) {
         Json answer = {{"refdes", encodeUtf8(fields.first)},
                        {"description", encodeUtf8(fields.second)}};
         if (options.analyses)
@@ -75,7 +73,7 @@ int runClassify(const PlaceOptions& place, const LineOptions& options, Streams s
 
 int runDescribe(const PlaceOptions& place, const LineOptions& options, Streams streams) {
     Tables tables(place, streams);
-    return answerLines(streams, [&](const Fields& fields) {
+    return answerLines(tables.prompt, streams, [&](const Fields& fields) {
         const PartDescription part = tables.engine.describe(fields.first);
         for (const std::wstring& text : part.messages)
             tables.prompt.tell(text, PromptIcon::None);

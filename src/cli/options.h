@@ -3,6 +3,7 @@
 // What the arguments of partwright-cli say, as plain values.
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace partwright::cli {
@@ -20,8 +21,8 @@ struct PlaceOptions {
 enum class FilterChoice { Selected, Project, Full };
 
 struct StatusOptions {
-    FilterChoice filter = FilterChoice::Selected;
-    bool filterGiven = false;
+    /// None: the filter that a page opens with.
+    std::optional<FilterChoice> filter;
 };
 
 struct FillOptions {
@@ -30,8 +31,7 @@ struct FillOptions {
     bool sdta = false;
     bool analyses = false;
     bool dryRun = false;
-    FilterChoice filter = FilterChoice::Selected;
-    bool filterGiven = false;
+    std::optional<FilterChoice> filter;
 };
 
 struct LineOptions {

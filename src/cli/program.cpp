@@ -6,7 +6,7 @@
 #include <CLI/CLI.hpp>
 
 #include <functional>
-#include <map>
+#include <optional>
 #include <ostream>
 
 namespace partwright::cli {
@@ -15,31 +15,39 @@ namespace {
 
 constexpr const char* version = "partwright-cli " PARTWRIGHT_VERSION;
 
-const std::map<std::string, FilterChoice> filterNames = {{"selected", FilterChoice::Selected},
-                                                         {"project", FilterChoice::Project},
-                                                         {"full", FilterChoice::Full}};
-
+/// Commands that open a project need its folder; the others take the options for scripts that give
+/// every command the same ones.
 void addPlace(CLI::App& command, PlaceOptions& place, bool project) {
-    if (project) {
-        command.add_option("--library", place.library, "Folder of the project's design libraries")
-            ->required();
-        command.add_option("--input", place.input, "Folder of the project input file");
-        command.add_option("--public", place.publicFolder,
-                           "Folder of the public libraries (default: the setting PLibPath)");
-    }
+    CLI::Option* library =
+        command.add_option("--library", place.library, "Folder of the project's design libraries");
+    library->required(project)->check([](const std::string& folder) {
+        return folder.empty() ? std::string("The folder must not be empty") : std::string();
+    });
+    command.add_option("--input", place.input, "Folder of the project input file");
+    command.add_option("--public", place.publicFolder,
+                       "Folder of the public libraries (default: the setting PLibPath)");
     command.add_option("--host", place.host, "Design tool: 1 Altium, 2 OrCAD, 3 Mentor")
         ->check(CLI::Range(1, 3))
         ->capture_default_str();
     command.add_option("--program", place.program,
                        "Folder of the tables (default: worked out from the program's place)");
+    command.add_flag("--json", place.json, "Answer as JSON");
 }
 
-CLI::Option* addFilter(CLI::App& command, FilterChoice& filter) {
-    return command
-        .add_option("--filter", filter,
+void addFilter(CLI::App& command, std::string& name) {
+    command
+        .add_option("--filter", name,
                     "Parts that count: selected (Analyses: project), project or full "
                     "(default: as the page opens)")
-        ->transform(CLI::CheckedTransformer(filterNames, CLI::ignore_case));
+        ->check(CLI::IsMember({"selected", "project", "full"}));
+}
+
+std::optional<FilterChoice> filterNamed(const std::string& name) {
+    if (name.empty())
+        return std::nullopt;
+    if (name == "full")
+        return FilterChoice::Full;
+    return name == "project" ? FilterChoice::Project : FilterChoice::Selected;
 }
 
 /// Builds the command tree; the chosen command is left in `action`.
@@ -63,7 +71,12 @@ public:
         } catch (const CLI::ParseError& error) {
             return app_.exit(error, streams_.out, streams_.err) == 0 ? Fine : Usage;
         }
-        return action_();
+        const int code = action_();
+        streams_.out.flush();
+        if (streams_.out)
+            return code;
+        streams_.err << "The answer could not be written.\n";
+        return Findings;
     }
 
 private:
@@ -71,10 +84,9 @@ private:
         CLI::App* command = app_.add_subcommand(
             "status", "Both libraries by group: how many parts, how many uncompleted");
         addPlace(*command, place_, true);
-        command->add_flag("--json", place_.json, "Answer as JSON");
-        CLI::Option* filter = addFilter(*command, status_.filter);
-        command->callback([this, filter] {
-            status_.filterGiven = filter->count() > 0;
+        addFilter(*command, filter_);
+        command->callback([this] {
+            status_.filter = filterNamed(filter_);
             action_ = [this] { return runStatus(place_, status_, streams_); };
         });
     }
@@ -83,15 +95,14 @@ private:
         CLI::App* command = app_.add_subcommand(
             "fill", "Fill empty values from part numbers and descriptions, then save");
         addPlace(*command, place_, true);
-        command->add_flag("--json", place_.json, "Print the changes as JSON lines");
         command->add_flag("--group-library", fill_.groupLibrary, "Decode part numbers");
         command->add_flag("--descriptions", fill_.descriptions, "Parse descriptions");
         command->add_flag("--sdta", fill_.sdta, "The SDTA library");
         command->add_flag("--analyses", fill_.analyses, "The Analyses library");
         command->add_flag("--dry-run", fill_.dryRun, "Show the changes and write nothing");
-        CLI::Option* filter = addFilter(*command, fill_.filter);
-        command->callback([this, filter] {
-            fill_.filterGiven = filter->count() > 0;
+        addFilter(*command, filter_);
+        command->callback([this] {
+            fill_.filter = filterNamed(filter_);
             action_ = [this] { return runFill(place_, fill_, streams_); };
         });
     }
@@ -133,7 +144,6 @@ private:
     void addTables() {
         CLI::App* command = app_.add_subcommand("tables", "Check every table against every other");
         addPlace(*command, place_, false);
-        command->add_flag("--json", place_.json, "Answer as JSON");
         command->callback([this] { action_ = [this] { return runTables(place_, streams_); }; });
     }
 
@@ -145,6 +155,7 @@ private:
     FillOptions fill_;
     LineOptions lines_;
     ConvertOptions convert_;
+    std::string filter_;
     std::string kind_;
     std::function<int()> action_;
 };

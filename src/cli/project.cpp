@@ -1,9 +1,11 @@
 #include "cli/project.h"
 
+#include "core/messages.h"
 #include "core/paths.h"
 #include "core/text_file.h"
 #include "editing/startup.h"
 
+#include <algorithm>
 #include <filesystem>
 
 namespace partwright::cli {
@@ -18,6 +20,13 @@ StartOptions startOptions(const PlaceOptions& place) {
     return {folder(place.program), folder(place.publicFolder)};
 }
 
+/// Without group names no command gives an answer worth having, so the place is told where they
+/// were looked for.
+void tellMissingGroups(const CPartwrightPlugInApp& app, Prompt& prompt) {
+    if (app.groupNamesByCode.empty())
+        prompt.tell(message::groupTableMissing(app.descrRulesPath), PromptIcon::None);
+}
+
 } // namespace
 
 Tables::Tables(const PlaceOptions& place, Streams streams) : prompt(streams.err), engine(app) {
@@ -25,6 +34,7 @@ Tables::Tables(const PlaceOptions& place, Streams streams) : prompt(streams.err)
     loadTables(app, prompt, startOptions(place));
     for (const LoadResult& result : engine.load())
         tell(prompt, result);
+    tellMissingGroups(app, prompt);
 }
 
 Project::Project(const PlaceOptions& place, Streams streams)
@@ -34,12 +44,18 @@ Project::Project(const PlaceOptions& place, Streams streams)
     app.projectInputFolder = withSeparator(folder(place.input));
     loadAtStart(app, clock_, prompt, startOptions(place));
     session.start();
+    tellMissingGroups(app, prompt);
 }
 
-PageFilter pageFilter(const PageSession& page, FilterChoice choice, bool given) {
-    if (!given)
+bool Project::hasFaultyLibrary() const {
+    return std::any_of(app.libraryFaults.begin(), app.libraryFaults.end(),
+                       [](const auto& entry) { return entry.second != LibraryFault::None; });
+}
+
+PageFilter pageFilter(const PageSession& page, std::optional<FilterChoice> choice) {
+    if (!choice)
         return page.filter();
-    switch (choice) {
+    switch (*choice) {
     case FilterChoice::Selected:
         return page.filters().front(); // "Project Only" on the Analyses page
     case FilterChoice::Project:

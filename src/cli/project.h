@@ -3,11 +3,11 @@
 // A project opened from the command line: the application, the engine and both pages, started in
 // the order of the window.
 
+#include "autofill/fill_engine.h"
 #include "cli/commands.h"
 #include "cli/console.h"
 #include "core/application.h"
 #include "core/system_clock.h"
-#include "autofill/fill_engine.h"
 #include "editing/main_session.h"
 
 namespace partwright::cli {
@@ -31,15 +31,15 @@ public:
     FillEngine engine;
     MainSession session;
 
-    /// A library or table was there and could not be read.
-    [[nodiscard]] bool unreadable() const { return prompt.unreadable(); }
+    /// A library was not understood when it was read, so its save will be refused.
+    [[nodiscard]] bool hasFaultyLibrary() const;
 
 private:
     SystemClock clock_;
 };
 
-/// The filter of a page for a choice; without one, the filter that the page opens with.
-[[nodiscard]] PageFilter pageFilter(const PageSession& page, FilterChoice choice, bool given);
+/// The filter of a page for a choice; without one, the filter that the page has.
+[[nodiscard]] PageFilter pageFilter(const PageSession& page, std::optional<FilterChoice> choice);
 
 /// The word of a filter in the output.
 [[nodiscard]] const char* filterName(PageFilter filter);

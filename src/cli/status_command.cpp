@@ -60,7 +60,7 @@ void printPage(std::ostream& out, const char* title, const PageSession& page,
     const std::vector<GroupCount> lines = page.counts();
     out << title << ", filter " << filterName(page.filter()) << ", "
         << encodeUtf8(page.libraryPath()) << '\n';
-    out << padded(L"NN", 4) << padded(L"Group", 28) << padded(L"Family", 18) << std::setw(9)
+    out << padded(L"No", 4) << padded(L"Group", 28) << padded(L"Family", 18) << std::setw(9)
         << "Quantity";
     for (const CountColumn& column : columns)
         out << std::setw(13) << column.title;
@@ -101,7 +101,7 @@ int runStatus(const PlaceOptions& place, const StatusOptions& options, Streams s
     Project project(place, streams);
     for (int index = 0; index < MainSession::pageCount; ++index) {
         PageSession& page = project.session.page(index);
-        page.setFilter(pageFilter(page, options.filter, options.filterGiven));
+        page.setFilter(pageFilter(page, options.filter));
         page.refresh();
     }
     if (place.json) {
@@ -112,7 +112,7 @@ int runStatus(const PlaceOptions& place, const StatusOptions& options, Streams s
         printPage(streams.out, "SDTA", project.session.sdtaPage, sdtaColumns);
         printPage(streams.out, "Analyses", project.session.asrPage, asrColumns);
     }
-    return project.unreadable() ? Usage : Fine;
+    return project.prompt.unreadable() ? Usage : Fine;
 }
 
 } // namespace partwright::cli

@@ -53,6 +53,13 @@ std::wstring saveWouldLose(std::wstring_view path, std::wstring_view cause) {
                  path, L"\n", cause});
 }
 
+std::wstring rowsLeftOut(std::wstring_view path, std::size_t leftOut, std::size_t rows) {
+    return join({std::to_wstring(leftOut), L" of ", std::to_wstring(rows),
+                 L" rows were left out, being of the other kind of library, too long, or followed "
+                 L"by another row of the same part:\n",
+                 path});
+}
+
 std::wstring groupTableMissing(std::wstring_view tablePath) {
     return join({L"No group names are known; the table is missing or empty:\n", tablePath});
 }

@@ -45,6 +45,9 @@ inline constexpr std::wstring_view confirmAutoFill =
                                                   std::wstring_view column);
 /// A library was read while it could not be understood, so writing it would lose records.
 [[nodiscard]] std::wstring saveWouldLose(std::wstring_view path, std::wstring_view cause);
+/// A copy of a library has fewer records than the library has rows.
+[[nodiscard]] std::wstring rowsLeftOut(std::wstring_view path, std::size_t leftOut,
+                                       std::size_t rows);
 /// The cause of the refusal: no group was known while the library was read.
 [[nodiscard]] std::wstring groupTableMissing(std::wstring_view tablePath);
 /// The cause of the refusal: the file was there and could not be read.

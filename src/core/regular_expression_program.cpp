@@ -1,7 +1,6 @@
 #include "core/regular_expression_program.h"
 
 #include <algorithm>
-#include <charconv>
 #include <limits>
 #include <locale>
 #include <regex>
@@ -11,7 +10,6 @@ namespace partwright::regex {
 namespace {
 
 constexpr char32_t lastCharacter = std::numeric_limits<char32_t>::max();
-constexpr char32_t lastCodePoint = 0x10FFFF;
 
 using Traits = std::regex_traits<wchar_t>;
 
@@ -332,82 +330,6 @@ private:
     Tree tree_;
 };
 
-void appendHexadecimal(std::string& target, char32_t c) {
-    char digits[8];
-    const auto end = std::to_chars(digits, digits + sizeof digits, std::uint32_t{c}, 16).ptr;
-    target.append("\\x{").append(digits, end).append("}");
-}
-
-class Re2Writer {
-public:
-    explicit Re2Writer(const Tree& tree) : tree_(tree) {}
-
-    std::string write() {
-        node(tree_.root);
-        return std::move(result_);
-    }
-
-private:
-    void node(std::int32_t index) {
-        const Node& it = tree_.nodes[static_cast<std::size_t>(index)];
-        switch (it.kind) {
-        case NodeKind::Set:
-            set(tree_.sets[static_cast<std::size_t>(it.index)]);
-            break;
-        case NodeKind::LineBegin:
-            result_ += "\\A";
-            break;
-        case NodeKind::LineEnd:
-            result_ += "\\z";
-            break;
-        case NodeKind::WordBoundary:
-            result_ += "\\b";
-            break;
-        case NodeKind::NoWordBoundary:
-            result_ += "\\B";
-            break;
-        default:
-            result_ += "(?:";
-            for (std::size_t i = 0; i < it.children.size(); ++i) {
-                if (i > 0 && it.kind == NodeKind::Alternatives)
-                    result_ += '|';
-                node(it.children[i]);
-            }
-            result_ += ')';
-            if (it.kind == NodeKind::Repeat)
-                quantifier(it);
-        }
-    }
-
-    void quantifier(const Node& it) {
-        result_ += '{' + std::to_string(it.required) + ',';
-        if (it.optional >= 0)
-            result_ += std::to_string(it.required + it.optional);
-        result_ += '}';
-    }
-
-    void set(const CharacterSet& characters) {
-        if (characters.ranges().size() == 1 &&
-            characters.ranges().front().first == characters.ranges().front().second &&
-            characters.ranges().front().first <= lastCodePoint) {
-            appendHexadecimal(result_, characters.ranges().front().first);
-            return;
-        }
-        std::string inside;
-        for (const auto& [first, last] : characters.ranges()) {
-            if (first > lastCodePoint)
-                break;
-            appendHexadecimal(inside, first);
-            inside += '-';
-            appendHexadecimal(inside, std::min(last, lastCodePoint));
-        }
-        result_ += inside.empty() ? "[^\\x{0}-\\x{10FFFF}]" : "[" + inside + "]";
-    }
-
-    const Tree& tree_;
-    std::string result_;
-};
-
 /// Recurses into groups and quantifiers only, whose nesting the validity check limits.
 class Compiler {
 public:
@@ -601,10 +523,6 @@ bool CharacterSet::contains(wchar_t character) const {
 
 Tree readTree(const std::wstring& text) {
     return Reader(text).read();
-}
-
-std::string re2Syntax(const Tree& tree) {
-    return Re2Writer(tree).write();
 }
 
 Program compile(const Tree& tree) {

@@ -74,9 +74,6 @@ struct Tree {
 /// `text` must be valid.
 [[nodiscard]] Tree readTree(const std::wstring& text);
 
-/// The tree in the syntax of RE2, for a tree without look-ahead and back-reference.
-[[nodiscard]] std::string re2Syntax(const Tree& tree);
-
 enum class Operation : std::uint8_t {
     Set,
     Jump,

@@ -1,9 +1,9 @@
 #pragma once
 
 // Many regular expressions, prepared together and asked together: which of them match the whole of
-// a text? One pass over the text answers for all that are plain regular (RE2's set search over
-// UTF-8); the others, and texts that are no valid Unicode, go through the matcher of
-// regular_expression.h one by one, whose answers are the same.
+// a text? One pass over the text answers for all that are plain regular (an automaton over all of
+// them, built as texts need it); those with look-ahead, back-references or word boundaries go
+// through the matcher of regular_expression.h one by one.
 //
 //   const RegularExpressionSet set({L".*RES.*", L"(", L".*CHIP.*"});
 //   set.matches(L"CHIP RES 4K7")  ->  {0, 2};   set.valid(1)  ->  false
@@ -22,7 +22,10 @@ namespace partwright {
 class RegularExpressionSet {
 public:
     RegularExpressionSet();
-    explicit RegularExpressionSet(const std::vector<std::wstring>& expressions);
+    /// How texts are read: as they stand, or as if they were written in capitals.
+    enum class Reading { AsItStands, InCapitals };
+    explicit RegularExpressionSet(const std::vector<std::wstring>& expressions,
+                                  Reading reading = Reading::AsItStands);
 
     [[nodiscard]] std::size_t size() const;
     /// An invalid expression keeps its index and matches nothing.

@@ -7,7 +7,9 @@ namespace partwright {
 
 namespace {
 
-constexpr std::wstring_view blanks = L" \t\r\n\v\f";
+constexpr bool isBlank(wchar_t c) {
+    return c == L' ' || (c >= L'\t' && c <= L'\r');
+}
 
 } // namespace
 
@@ -19,7 +21,11 @@ std::wstring_view trimOf(std::wstring_view text, std::wstring_view set) {
 }
 
 std::wstring_view trim(std::wstring_view text) {
-    return trimOf(text, blanks);
+    while (!text.empty() && isBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
 }
 
 std::wstring_view trimOnce(std::wstring_view text, wchar_t mark) {
@@ -53,8 +59,16 @@ wchar_t upperCase(wchar_t c) {
 
 std::wstring upperCase(std::wstring_view text) {
     std::wstring result(text);
-    for (wchar_t& c : result)
-        c = upperCase(c);
+    // Nearly all texts are ASCII, for which this loop is all.
+    char32_t bits = 0;
+    for (wchar_t& c : result) {
+        const auto code = static_cast<char32_t>(c);
+        bits |= code;
+        c = static_cast<wchar_t>(code - (code - U'a' < 26 ? 32 : 0));
+    }
+    if (bits >= 0x80)
+        for (wchar_t& c : result)
+            c = upperCase(c);
     return result;
 }
 
@@ -102,7 +116,7 @@ bool holdsDigit(std::wstring_view text) {
 
 IntegerPrefix readInteger(std::wstring_view text) {
     std::size_t at = 0;
-    while (at < text.size() && blanks.find(text[at]) != std::wstring_view::npos)
+    while (at < text.size() && isBlank(text[at]))
         ++at;
     const bool negative = at < text.size() && text[at] == L'-';
     if (at < text.size() && (text[at] == L'-' || text[at] == L'+'))

@@ -2,7 +2,16 @@
 
 #include <QIcon>
 
+/// Resources of a static library are only linked in by this macro, which knows no namespace.
+static void registerImages() {
+    Q_INIT_RESOURCE(images);
+}
+
 namespace partwright::look {
+
+void initialiseImages() {
+    registerImages();
+}
 
 void paintHeader(QHeaderView& header) {
     QPalette palette = header.palette();

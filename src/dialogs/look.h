@@ -16,6 +16,9 @@ inline const QColor buttonFace(0xE6, 0xF0, 0xF0);
 inline const QColor darkText(0x00, 0x00, 0x00);
 inline const QColor alarmText(0xFF, 0x00, 0x00);
 
+/// Makes the program's images known; the window calls it before it shows one.
+void initialiseImages();
+
 void paintHeader(QHeaderView& header);
 
 /// A button with a small image, the told face and a hand cursor. `image` names a file of the

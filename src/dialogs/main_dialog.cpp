@@ -54,6 +54,7 @@ CAboutDlg::CAboutDlg(QWidget* parent) : QDialog(parent) {
 
 CPartwrightPlugInDlg::CPartwrightPlugInDlg(MainSession& session, QWidget* parent)
     : QDialog(parent), session_(session) {
+    look::initialiseImages();
     setWindowTitle(tr("Partwright"));
     setWindowIcon(QIcon(QStringLiteral(":/images/partwright.svg")));
     setObjectName(QStringLiteral("mainDialog"));
@@ -77,9 +78,9 @@ CPartwrightPlugInDlg::CPartwrightPlugInDlg(MainSession& session, QWidget* parent
     connect(sdtaPage_, &CLibraryPage::changed, this, [this] { showCommands(); });
     connect(asrPage_, &CLibraryPage::changed, this, [this] { showCommands(); });
     connect(sdtaPage_, &CLibraryPage::groupOpened, this,
-            [this](int group) { emit groupOpened(0, group); });
+            [this](int group) { Q_EMIT groupOpened(0, group); });
     connect(asrPage_, &CLibraryPage::groupOpened, this,
-            [this](int group) { emit groupOpened(1, group); });
+            [this](int group) { Q_EMIT groupOpened(1, group); });
     showAll();
     const int unit = fontMetrics().averageCharWidth();
     resize(unit * 130, fontMetrics().height() * 42);

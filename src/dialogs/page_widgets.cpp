@@ -39,10 +39,12 @@ CMyListCtrl::CMyListCtrl(QWidget* parent) : QTableWidget(0, ColumnCount, parent)
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setTabKeyNavigation(false);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // the columns share what it leaves
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
     verticalHeader()->hide();
     look::paintHeader(*horizontalHeader());
     connect(this, &QTableWidget::cellDoubleClicked, this,
-            [this](int row) { emit lineOpened(row); });
+            [this](int row) { Q_EMIT lineOpened(row); });
 }
 
 void CMyListCtrl::showLines(const std::vector<GroupCount>& lines, const PageSession& session) {
@@ -67,7 +69,7 @@ void CMyListCtrl::showLines(const std::vector<GroupCount>& lines, const PageSess
 
 void CMyListCtrl::keyPressEvent(QKeyEvent* event) {
     if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && currentRow() >= 0)
-        emit lineOpened(currentRow());
+        Q_EMIT lineOpened(currentRow());
     else
         QTableWidget::keyPressEvent(event);
 }
@@ -98,7 +100,7 @@ CLibraryPage::CLibraryPage(PageSession& session, QString prefix, QWidget* parent
     list_->setAccessibleName(tr("Groups of the library"));
     connect(list_, &CMyListCtrl::lineOpened, this, [this](int row) {
         if (row >= 0 && static_cast<std::size_t>(row) < groupOfRow_.size())
-            emit groupOpened(groupOfRow_[static_cast<std::size_t>(row)]);
+            Q_EMIT groupOpened(groupOfRow_[static_cast<std::size_t>(row)]);
     });
 }
 
@@ -124,7 +126,7 @@ QRadioButton* CLibraryPage::addFilterRadio(QBoxLayout* layout, PageFilter filter
         session_.setFilter(filter);
         session_.refresh();
         showSession();
-        emit changed();
+        Q_EMIT changed();
     });
     return radio;
 }
@@ -212,7 +214,7 @@ CASRPage::CASRPage(AsrPageSession& session, QWidget* parent)
             asrSession_.setLevel(level);
             asrSession_.refresh();
             showSession();
-            emit changed();
+            Q_EMIT changed();
         });
     };
     addLevel(AnalysisLevel::SchematicReview, tr("Schematic Review (ASR)"), "LevelAsr");

@@ -12,8 +12,8 @@
 #include <QWidget>
 #include <vector>
 
+class QBoxLayout;
 class QGroupBox;
-class QVBoxLayout;
 
 namespace partwright {
 

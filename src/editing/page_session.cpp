@@ -115,20 +115,20 @@ void LibraryPageSession<Record>::RebuildKeySets() {
 
 template <class Record>
 std::vector<std::wstring> LibraryPageSession<Record>::runGroupLibrary() {
-    FillReport report = engine_.runGroupLibrary<Record>(filterSet(), workingLibrary());
+    FillReport report = engine_.runGroupLibrary(filterSet(), workingLibrary());
     for (const std::wstring& text : report.messages)
         prompt_.tell(text, PromptIcon::None);
-    modified_ = modified_ || !report.parts.empty();
+    modified_ = modified_ || !report.changed.empty();
     refresh();
-    return std::move(report.parts);
+    return std::move(report.changed);
 }
 
 template <class Record>
 std::vector<std::wstring> LibraryPageSession<Record>::parseDescriptions() {
-    FillReport report = engine_.parseDescriptions<Record>(filterSet(), workingLibrary());
-    modified_ = modified_ || !report.parts.empty();
+    FillReport report = engine_.parseDescriptions(filterSet(), workingLibrary());
+    modified_ = modified_ || !report.changed.empty();
     refresh();
-    return std::move(report.parts);
+    return std::move(report.changed);
 }
 
 template <class Record>
@@ -228,7 +228,7 @@ void AsrPageSession::start() {
     takeMasters();
     tell(prompt_, LoadGroupNames(app_));
     tellAll(engine_.load());
-    loadSdtaLibraries(app_, prompt_);
+    reloadSdtaLibraries(app_, prompt_);
     filter_ = PageFilter::AllProject;
     level_ = app_.analysisLevel != 0 ? AnalysisLevel::Rapid : AnalysisLevel::SchematicReview;
     projectParts = partsOfProject(app_, false);

@@ -81,6 +81,14 @@ void loadAnalysesLibraries(CPartwrightPlugInApp& app, Prompt& prompt) {
          PromptIcon::None);
 }
 
+void reloadSdtaLibraries(CPartwrightPlugInApp& app, Prompt& prompt) {
+    const auto earlier = app.libraryFaults;
+    loadSdtaLibraries(app, prompt);
+    for (const auto& [path, fault] : earlier)
+        if (fault != LibraryFault::None)
+            app.libraryFaults[path] = fault;
+}
+
 PartSelection partsOfProject(const CPartwrightPlugInApp& app, bool onlySelected) {
     PartSelection parts;
     for (const auto& [designator, entry] : app.projectEntries) {

@@ -293,12 +293,13 @@ bool LibraryFormatter<Record>::names(const Record& record, const GroupText& grou
 /// "<" at its start would end it.
 template <class Record>
 bool LibraryFormatter<Record>::ruledCell(std::wstring_view text, bool isValue) {
-    text = text.substr(0, cell::maximumLength);
-    const bool needsQuotes = RowBuffer::needsQuotes(text);
-    // The separator is quoted by the cell rule only where the three quotes do not do it already.
-    const wchar_t separator = needsQuotes ? L'\n' : static_cast<wchar_t>(separator_);
-    const std::wstring cell = ToCsvCell(text, separator, isValue);
-    return needsQuotes ? out_.quotedCell(cell) : out_.plainCell(cell);
+    // Percent signs double at every save, so the length counts behind the rules.
+    constexpr wchar_t noSeparator = L'\n';
+    std::wstring ruled = ToCsvCell(text, noSeparator, isValue);
+    ruled.resize(std::min(ruled.size(), cell::maximumLength));
+    if (RowBuffer::needsQuotes(ruled))
+        return out_.quotedCell(ruled);
+    return out_.plainCell(ToCsvCell(ruled, static_cast<wchar_t>(separator_), false));
 }
 
 template <class Record>

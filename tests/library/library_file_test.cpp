@@ -373,6 +373,15 @@ TEST(LibraryWriter, CutsWhatTheReaderWouldRefuse) {
     EXPECT_EQ(back.records.at(L"1N4148").LPar[0].size(), cell::maximumLength);
 }
 
+TEST(LibraryWriter, GrowingPercentSignsLoseNoRecord) {
+    const auto app = sampleApp();
+    AsrLibrary library = goldenAnalyses(L'.');
+    for (int saves = 0; saves < 12; ++saves)
+        library = parseLibrary<AsrComponent>(app, written(app, library), CodePage::Utf8).records;
+    ASSERT_EQ(library.count(L"BAV99"), 1U);
+    EXPECT_EQ(library.at(L"BAV99").LPar[3].size(), cell::maximumLength);
+}
+
 TEST(LibraryWriter, SingleRows) {
     const auto app = sampleApp();
     EXPECT_EQ(GroupHeaderRow(app, 17),

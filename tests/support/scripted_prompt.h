@@ -3,6 +3,7 @@
 // A prompt whose boxes are foretold: each box that comes must be the next one, and at the end none
 // may be left over.
 
+#include "core/messages.h"
 #include "core/ports/prompt.h"
 
 #include <gtest/gtest.h>
@@ -22,21 +23,23 @@ public:
 
     void expect(std::wstring_view text, PromptIcon icon = PromptIcon::None,
                 PromptAnswer answer = PromptAnswer::Ok) {
-        boxes_.push_back({std::wstring(text), icon, answer});
+        boxes_.push_back({std::wstring(message::caption), std::wstring(text), icon, answer});
     }
-    void expectQuestion(std::wstring_view text, PromptAnswer answer) {
+    void expectQuestion(std::wstring_view text, PromptAnswer answer,
+                        std::wstring_view title = message::caption) {
         expect(text, PromptIcon::Warning, answer);
+        boxes_.back().title = title;
     }
 
     PromptAnswer show(std::wstring_view title, std::wstring_view text, PromptIcon icon,
                       PromptButtons buttons) override {
-        EXPECT_EQ(narrow(title), "Partwright");
         if (boxes_.empty()) {
             ADD_FAILURE() << "surprising box: " << narrow(text);
             return PromptAnswer::No;
         }
         const Expected box = boxes_.front();
         boxes_.pop_front();
+        EXPECT_EQ(narrow(title), narrow(box.title));
         EXPECT_EQ(narrow(text), narrow(box.text));
         EXPECT_EQ(icon, box.icon) << narrow(text);
         EXPECT_EQ(buttons == PromptButtons::Ok, box.answer == PromptAnswer::Ok) << narrow(text);
@@ -52,6 +55,7 @@ public:
 
 private:
     struct Expected {
+        std::wstring title;
         std::wstring text;
         PromptIcon icon;
         PromptAnswer answer;

@@ -1,0 +1,356 @@
+#include "grid/cgx_grid_wnd.h"
+
+#include "grid/grid_accessible.h"
+#include "grid/grid_print.h"
+
+#include <QAccessible>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHelpEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
+#include <QScrollBar>
+#include <QToolTip>
+#include <QWheelEvent>
+#include <algorithm>
+#include <cmath>
+
+namespace partwright::grid {
+
+namespace {
+
+constexpr double smallestZoom = 0.5;
+constexpr double largestZoom = 3;
+constexpr double zoomStep = 1.1;
+/// Frame and fill handle reach beyond their cell.
+constexpr int frameReach = 8;
+constexpr int handleSize = 7;
+constexpr int widestFit = 1200;
+constexpr int hintRows = 12;
+constexpr int hintWidth = 640;
+
+int scaled(int size, double zoom) {
+    return static_cast<int>(std::lround(size * zoom));
+}
+
+} // namespace
+
+CGXGridWnd::CGXGridWnd(QWidget* parent)
+    : QAbstractScrollArea(parent), geometry_(store()), painter_(*this, geometry_) {
+    installGridAccessibility();
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_InputMethodEnabled);
+    viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+    viewport()->setMouseTracking(true);
+    relayout();
+}
+
+CGXGridWnd::~CGXGridWnd() = default;
+
+QSize CGXGridWnd::sizeHint() const {
+    return {hintWidth, geometry_.headerHeight() + hintRows * geometry_.rowHeight()};
+}
+
+QFont CGXGridWnd::zoomedFont() const {
+    QFont result = font();
+    if (result.pointSizeF() > 0)
+        result.setPointSizeF(result.pointSizeF() * zoom_);
+    else
+        result.setPixelSize(std::max(1, scaled(result.pixelSize(), zoom_)));
+    return result;
+}
+
+void CGXGridWnd::relayout() {
+    painter_.setLook(zoomedFont(), palette());
+    const int line = painter_.texts().lineHeight();
+    geometry_.setHeights(std::max(scaled(rowHeight(), zoom_), line + 8),
+                         std::max(scaled(rowHeight(), zoom_), line + 4));
+    std::vector<int> widths;
+    widths.reserve(static_cast<std::size_t>(colCount()) + 1);
+    for (int col = 0; col <= colCount(); ++col)
+        widths.push_back(isColVisible(col) ? scaled(colWidth(col), zoom_) : 0);
+    if (widths[0] > 0)
+        widths[0] = std::max(widths[0],
+                             painter_.texts().widthOf(QString::number(rowCount()), boldFont) + 10);
+    geometry_.setColumns(widths);
+    updateScrollBars();
+    placeEditor();
+    viewport()->update();
+}
+
+void CGXGridWnd::updateScrollBars() {
+    const QSize content = geometry_.contentSize();
+    const QSize page(viewport()->width() - geometry_.rowHeaderWidth(),
+                     viewport()->height() - geometry_.headerHeight());
+    verticalScrollBar()->setRange(0, std::max(0, content.height() - page.height()));
+    verticalScrollBar()->setPageStep(std::max(1, page.height()));
+    verticalScrollBar()->setSingleStep(geometry_.rowHeight());
+    horizontalScrollBar()->setRange(0, std::max(0, content.width() - page.width()));
+    horizontalScrollBar()->setPageStep(std::max(1, page.width()));
+    horizontalScrollBar()->setSingleStep(geometry_.rowHeight());
+    geometry_.setOffset({horizontalScrollBar()->value(), verticalScrollBar()->value()});
+}
+
+void CGXGridWnd::cellsChanged(const CellRange& range) {
+    CGXGridCore::cellsChanged(range);
+    if (redrawLocked())
+        return;
+    if (range.left == 0)
+        viewport()->update(0, 0, geometry_.rowHeaderWidth(), viewport()->height());
+    if (range.top == 0)
+        viewport()->update(0, 0, viewport()->width(), geometry_.headerHeight());
+    const QRect area = geometry_.rangeRect(clipped(range)).adjusted(-2, -2, handleSize, handleSize);
+    if (area.intersects(viewport()->rect()))
+        viewport()->update(area);
+}
+
+void CGXGridWnd::layoutChanged() {
+    CGXGridCore::layoutChanged();
+    if (!redrawLocked())
+        relayout();
+}
+
+void CGXGridWnd::structureChanged() {
+    lead_.reset();
+    endDrag();
+    if (edit_)
+        edit_->row = rowOfKey(edit_->key, edit_->row);
+    if (edit_ && edit_->row < 0)
+        closeEditor();
+    layoutChanged();
+    if (QAccessible::isActive()) {
+        QAccessibleTableModelChangeEvent event(this, QAccessibleTableModelChangeEvent::ModelReset);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+void CGXGridWnd::scrollTo(int row, int col) {
+    if (redrawLocked())
+        relayout();
+    const QRect cell = geometry_.cellRect(row, col);
+    if (cell.isEmpty())
+        return;
+    const auto reveal = [](QScrollBar* bar, int low, int high, int from, int to) {
+        if (low < from || high - low > to - from)
+            bar->setValue(bar->value() + low - from);
+        else if (high > to)
+            bar->setValue(bar->value() + high - to);
+    };
+    reveal(verticalScrollBar(), cell.top(), cell.bottom() + 1, geometry_.headerHeight(),
+           viewport()->height());
+    reveal(horizontalScrollBar(), cell.left(), cell.right() + 1, geometry_.rowHeaderWidth(),
+           viewport()->width());
+}
+
+void CGXGridWnd::updateCurrentArea(CellPos pos) {
+    viewport()->update(geometry_.cellRect(pos.row, pos.col)
+                           .adjusted(-frameReach, -frameReach, frameReach, frameReach));
+    viewport()->update(geometry_.cellRect(pos.row, 0));
+    viewport()->update(geometry_.cellRect(0, pos.col));
+}
+
+/// The headers show what is selected, and the fill handle comes and goes.
+void CGXGridWnd::selectionMoved() {
+    viewport()->update(0, 0, geometry_.rowHeaderWidth(), viewport()->height());
+    viewport()->update(0, 0, viewport()->width(), geometry_.headerHeight());
+    if (const auto current = currentCell())
+        updateCurrentArea(*current);
+    updateHandleArea();
+}
+
+void CGXGridWnd::updateHandleArea() {
+    if (selection().empty())
+        return;
+    const QRect area = geometry_.rangeRect(selection().back());
+    viewport()->update(QRect(area.right(), area.bottom(), 1, 1)
+                           .adjusted(-frameReach, -frameReach, frameReach, frameReach));
+}
+
+void CGXGridWnd::currentMovedFrom(std::optional<CellPos> before) {
+    lead_.reset();
+    updateHandleArea();
+    if (before)
+        updateCurrentArea(*before);
+    if (const auto now = currentCell()) {
+        updateCurrentArea(*now);
+        announceCurrentCell(*this, *now);
+    }
+}
+
+PaintState CGXGridWnd::paintState() const {
+    PaintState state;
+    state.focused = hasFocus() || edit_.has_value();
+    state.edited = editedCell();
+    state.fillHandle = fillHandleRect();
+    state.fillPreview = fillPreview_;
+    return state;
+}
+
+void CGXGridWnd::paintEvent(QPaintEvent* event) {
+    QPainter painter(viewport());
+    const PaintState state = paintState();
+    for (const QRect& area : event->region())
+        painter_.paint(painter, area, state);
+}
+
+void CGXGridWnd::resizeEvent(QResizeEvent*) {
+    updateScrollBars();
+    placeEditor();
+}
+
+void CGXGridWnd::scrollContentsBy(int dx, int dy) {
+    geometry_.setOffset({horizontalScrollBar()->value(), verticalScrollBar()->value()});
+    const QRect all = viewport()->rect();
+    if (edit_) {
+        placeEditor();
+        viewport()->update();
+    } else if (dx == 0) {
+        viewport()->scroll(0, dy, all.adjusted(0, geometry_.headerHeight(), 0, 0));
+    } else if (dy == 0) {
+        viewport()->scroll(dx, 0, all.adjusted(geometry_.rowHeaderWidth(), 0, 0, 0));
+    } else {
+        viewport()->update();
+    }
+}
+
+void CGXGridWnd::changeEvent(QEvent* event) {
+    QAbstractScrollArea::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange ||
+        event->type() == QEvent::StyleChange)
+        relayout();
+}
+
+void CGXGridWnd::focusInEvent(QFocusEvent* event) {
+    QAbstractScrollArea::focusInEvent(event);
+    if (edit_)
+        edit_->editor->setFocus(event->reason());
+    if (const auto current = currentCell()) {
+        updateCurrentArea(*current);
+        announceCurrentCell(*this, *current);
+    }
+}
+
+void CGXGridWnd::focusOutEvent(QFocusEvent* event) {
+    QAbstractScrollArea::focusOutEvent(event);
+    if (const auto current = currentCell())
+        updateCurrentArea(*current);
+}
+
+void CGXGridWnd::setZoom(double zoom) {
+    const double next = std::clamp(zoom, smallestZoom, largestZoom);
+    if (next == zoom_)
+        return;
+    const int top = geometry_.positionAt(geometry_.headerHeight());
+    zoom_ = next;
+    relayout();
+    verticalScrollBar()->setValue(top * geometry_.rowHeight());
+}
+
+void CGXGridWnd::wheelEvent(QWheelEvent* event) {
+    if (!event->modifiers().testFlag(Qt::ControlModifier)) {
+        QAbstractScrollArea::wheelEvent(event);
+        return;
+    }
+    const int turned = event->angleDelta().y();
+    if (turned != 0)
+        setZoom(turned > 0 ? zoom_ * zoomStep : zoom_ / zoomStep);
+    event->accept();
+}
+
+void CGXGridWnd::fitColWidth(int col) {
+    int widest = 0;
+    qsizetype longest = 0;
+    for (int row = 0; row <= rowCount(); ++row) {
+        // Measuring costs most; a text a quarter as long as another is hardly ever wider.
+        const qsizetype length = text(row, col).size();
+        if (widest > 0 && length * 4 < longest)
+            continue;
+        longest = std::max(longest, length);
+        widest = std::max(widest, painter_.widthNeeded(row, col));
+    }
+    SetColWidth(col, col, static_cast<int>(std::ceil(std::min(widest, widestFit) / zoom_)));
+    colResized(col);
+}
+
+CellRange CGXGridWnd::fillSource() const {
+    const auto current = currentCell();
+    if (!current || edit_)
+        return {};
+    if (selection().empty())
+        return CellRange::cell(current->row, current->col);
+    const CellRange& range = selection().back();
+    if (selection().size() > 1 || range.wholeRows() || range.top != range.bottom ||
+        !range.contains(current->row, current->col))
+        return {};
+    return range;
+}
+
+QRect CGXGridWnd::fillHandleRect() const {
+    const CellRange source = fillSource();
+    if (source.empty() || rowCount() < 2 || !isEditable(source.top, source.left))
+        return {};
+    const QRect area = geometry_.rangeRect(source);
+    if (area.isEmpty() || geometry_.cellRect(source.top, source.right).isEmpty())
+        return {};
+    return {area.right() - handleSize / 2, area.bottom() - handleSize / 2, handleSize, handleSize};
+}
+
+std::optional<CellPos> CGXGridWnd::cellAt(QPoint place) const {
+    const CellPos pos{geometry_.rowAt(place.y()), geometry_.colAt(place.x())};
+    return pos.row < 0 || pos.col < 0 ? std::nullopt : std::optional(pos);
+}
+
+bool CGXGridWnd::showToolTip(QPoint place, QPoint global) {
+    const int row = geometry_.rowAt(place.y());
+    const int col = geometry_.colAt(place.x());
+    if (row < 0 || col < 1 || cellStyle(row, col).kind == CellKind::CheckBox ||
+        painter_.widthNeeded(row, col) <= geometry_.widthOf(col)) {
+        QToolTip::hideText();
+        return false;
+    }
+    constexpr qsizetype longestTip = 1000;
+    QToolTip::showText(
+        global, QStringLiteral("<qt>%1</qt>").arg(text(row, col).left(longestTip).toHtmlEscaped()),
+        viewport(), geometry_.cellRect(row, col));
+    return true;
+}
+
+bool CGXGridWnd::viewportEvent(QEvent* event) {
+    if (event->type() == QEvent::ToolTip) {
+        const auto* help = static_cast<QHelpEvent*>(event);
+        if (!showToolTip(help->pos(), help->globalPos()))
+            event->ignore();
+        return true;
+    }
+    return QAbstractScrollArea::viewportEvent(event);
+}
+
+void CGXGridWnd::copy() const {
+    QGuiApplication::clipboard()->setText(selectedText());
+}
+
+void CGXGridWnd::paste() {
+    pasteText(QGuiApplication::clipboard()->text());
+}
+
+void CGXGridWnd::printTo(QPrinter& printer) const {
+    std::vector<int> cols;
+    for (int col = 0; col <= colCount(); ++col)
+        if (isColVisible(col))
+            cols.push_back(col);
+    printGrid(*this, store(), cols, printTitle_, font(), printer);
+}
+
+void CGXGridWnd::printPreview() {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPageOrientation(QPageLayout::Landscape);
+    printer.setDocName(printTitle_);
+    QPrintPreviewDialog preview(&printer, this);
+    connect(&preview, &QPrintPreviewDialog::paintRequested, this,
+            [this](QPrinter* target) { printTo(*target); });
+    preview.exec();
+}
+
+} // namespace partwright::grid

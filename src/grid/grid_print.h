@@ -1,0 +1,34 @@
+#pragma once
+
+// A grid on paper: the title and the page number at the top of each page, the header row repeated,
+// and columns that do not fit beside each other on pages of their own. Colours are those of paper,
+// whatever the theme of the screen.
+
+#include "grid/cgx_grid_core.h"
+
+#include <QFont>
+#include <QSizeF>
+#include <vector>
+
+class QPrinter;
+
+namespace partwright::grid {
+
+/// Which columns and how many rows go on each page; pages run down first, then to the right.
+struct PagePlan {
+    /// Positions in the list of widths. A column wider than the page has one of its own.
+    std::vector<std::vector<std::size_t>> bands;
+    int rowsPerPage = 1;
+    int pagesDown = 1;
+
+    [[nodiscard]] int pages() const { return pagesDown * static_cast<int>(bands.size()); }
+};
+
+[[nodiscard]] PagePlan planPages(const std::vector<int>& widths, int rowCount, int rowHeight,
+                                 QSizeF room);
+
+/// `cols` are the columns to print, the row headers (0) among them or not.
+void printGrid(const CGXGridCore& grid, const GridStore& store, const std::vector<int>& cols,
+               const QString& title, const QFont& font, QPrinter& printer);
+
+} // namespace partwright::grid

@@ -1,0 +1,18 @@
+#pragma once
+
+// Pins that a row names twice. One pin of a part has one use, so the columns of a row must not
+// repeat each other; supply pins of circuits have rules of their own, which say what is wrong.
+
+#include "validation/analyses_table.h"
+
+namespace partwright {
+
+/// Groups 4 to 9, 36 and 38. Plain duplicates are told for all rows at once, the others for the
+/// first row.
+[[nodiscard]] PassResult CheckDuplicatePins(const AnalysesTable& table, SplitRows rows);
+
+/// Group 32: the pins of the coil differ from each other and from those of the contacts, which may
+/// share one among themselves.
+[[nodiscard]] PassResult checkRelayPins(const AnalysesTable& table, SplitRows rows);
+
+} // namespace partwright

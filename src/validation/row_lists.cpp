@@ -1,0 +1,188 @@
+#include "validation/row_lists.h"
+
+#include "core/cell_text.h"
+#include "validation/check_texts.h"
+#include "validation/db_checks.h"
+#include "validation/list_cells.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+#include <optional>
+
+namespace partwright {
+
+namespace {
+
+using Text = std::wstring_view;
+
+/// Columns of a group that list the same channels. All rows of a group, or of a type, are looked
+/// at one after the other.
+struct EqualCounts {
+    std::int32_t group;
+    /// Empty for all types.
+    Text type;
+    ColumnSet columns;
+    /// Columns that "-" leaves out.
+    ColumnSet dashLeavesOut;
+    /// Columns that list one value more than the others list pins.
+    ColumnSet oneMore;
+    Text names;
+};
+
+constexpr Text icNames = L"'PinIn',  'PinOut',  'Cin',  'Rin',  'Vout-Max'  and  'Rout'";
+constexpr Text diodeNames = L"'Pin-A'  and  'Pin-C'";
+constexpr Text bipolarNames = L"'Pin-Collec',  'Pin-Emit'  and  'Pin-Base'";
+constexpr Text fieldEffectNames = L"'Pin-Drain',  'Pin-Source'  and  'Pin-Gate'";
+constexpr Text resistorNames = L"'PinR-1'  and  'PinR-2'";
+constexpr Text contactNames = L"'PinCon-n.1'  and  'PinCon-n.2'";
+constexpr Text coilNames =
+    L"'PinCo-1'  and  'PinCo-2',\nand resistance Rcoil values in the column 'Rcoil'\nand "
+    L"inductance L values in column 'L'";
+constexpr Text windingNames =
+    L"'PinCo-1'  and  'PinCo-2',\nand resistance Rcoil values in the column 'Rcoil'\nand "
+    L"transformation ratio N values in column 'N'";
+
+constexpr EqualCounts equalCounts[] = {
+    {4, L"", columnSet(1, 4, 6, 10), columnSet(1, 10), 0,
+     L"'Icc-Max',  'Pin-Vspl',  'Vspl'  and  'Icc-Min'"},
+    {5, L"", columnSet(2, 5), columnSet(5), 0, L"'PinOut'  and dB values in the column 'dB'"},
+    {6, L"", columnSet(6, 8, 9), 0, 0, L"'Pin-Out',  'Pin-In(+)'  and  'Pin-In(-)'"},
+    {7, L"", columnSet(2, 6, 7), 0, 0, L"'PinIn',  'PinOut1'  and  'PinOut2'"},
+    {9, L"", columnSet(7, 8, 9), columnSet(7, 8, 9), 0, icNames},
+    {9, L"", columnSet(10, 11, 23), columnSet(23), 0, icNames},
+    {11, L"", columnSet(5, 6), 0, 0, diodeNames},
+    {12, L"", columnSet(3, 4), 0, 0, diodeNames},
+    {13, L"", columnSet(3, 4), 0, 0, diodeNames},
+    {14, L"", columnSet(4, 5, 6), 0, 0, bipolarNames},
+    {15, L"", columnSet(4, 5, 6), 0, 0, bipolarNames},
+    {16, L"", columnSet(4, 5, 6), 0, 0, fieldEffectNames},
+    {17, L"", columnSet(4, 5, 6), 0, 0, fieldEffectNames},
+    {18, L"", columnSet(3, 4), 0, 0, diodeNames},
+    {19, L"", columnSet(3, 4, 7, 8), 0, 0, L"'Pin-A',  'Pin-C',  'Pin-Collec'  and  'Pin-Emit'"},
+    {21, L"", columnSet(2, 3), 0, 0, resistorNames},
+    {23, L"", columnSet(3, 4), 0, 0, L"'PinC-1'  and  'PinC-2'"},
+    {24, L"Coil", columnSet(1, 2, 3, 4), 0, 0, coilNames},
+    {24, L"Transformer", columnSet(1, 2, 3, 5), 0, 0, windingNames},
+    {24, L"Transformer", columnSet(8, 9, 10, 11), 0, 0, windingNames},
+    {24, L"RF.Transformer", columnSet(1, 2, 3, 5, 6), 0, columnSet(6), windingNames},
+    {24, L"RF.Transformer", columnSet(8, 9, 10, 11, 12), 0, columnSet(12), windingNames},
+    {24, L"Flyback.Transformer", columnSet(1, 2, 3, 5), 0, 0, windingNames},
+    {25, L"", columnSet(3, 11), columnSet(11), 0, L"'Pin-Out'  and  'Delay'"},
+    {31, L"", columnSet(2, 3), 0, 0, contactNames},
+    {32, L"", columnSet(5, 6), 0, 0, contactNames},
+    {36, L"", columnSet(7, 8), 0, 0, L"'PinIn'  and  'PinOut'"},
+    {39, L"", columnSet(1, 2), 0, 0, resistorNames},
+};
+
+bool hasEqualCounts(const AnalysesTable& table, const SplitRow& row, const EqualCounts& rule) {
+    std::optional<std::ptrdiff_t> expected;
+    for (std::size_t position = 1; position <= maximumAnalysesColumns; ++position) {
+        const bool isDash = row.isDash(position);
+        if (!holds(rule.columns, position) || !takesPart(table, row, position) ||
+            (isDash && holds(rule.dashLeavesOut, position)))
+            continue;
+        auto count = static_cast<std::ptrdiff_t>(row.dashes(position));
+        if (holds(rule.oneMore, position) && !isDash)
+            --count;
+        if (expected && *expected != count)
+            return false;
+        expected = count;
+    }
+    return true;
+}
+
+std::wstring countFault(const AnalysesTable& table, const SplitRow& row) {
+    for (const EqualCounts& rule : equalCounts)
+        if (rule.group == table.group && (rule.type.empty() || rule.type == row.type()) &&
+            !hasEqualCounts(table, row, rule))
+            return check_text::quantityMustBeEqual(rule.names);
+    return {};
+}
+
+// --- Rules of single groups
+
+std::wstring_view circuitFault(const AnalysesTable& table, const SplitRow& row) {
+    constexpr std::size_t pinOut = 10;
+    constexpr std::size_t vout = 11;
+    constexpr std::size_t rout = 23;
+    if (!takesPart(table, row, vout))
+        return {};
+    if (takesPart(table, row, pinOut) && row.isDash(pinOut) && !row.isDash(vout))
+        return check_text::maximumOutputUndefined;
+    if (takesPart(table, row, pinOut) && row.isDash(vout) && !row.isDash(pinOut))
+        return check_text::outputUndefined;
+    if (takesPart(table, row, rout) && row.isDash(vout) && !row.isDash(rout))
+        return check_text::outputResistance;
+    return {};
+}
+
+/// A delay is shorter than a period: Fout is in megahertz and delays are in microseconds. Without a
+/// frequency there is no period that a delay could be shorter than.
+std::wstring delayFault(const AnalysesTable& table, const SplitRow& row) {
+    constexpr std::size_t fout = 4;
+    constexpr std::size_t delay = 11;
+    constexpr double slack = 1e-12;
+    if (!takesPart(table, row, delay))
+        return {};
+    const double frequency = listNumber(row.text(fout), table.decimalMark).value_or(0);
+    for (const std::wstring_view item : row.items(delay)) {
+        const auto number = listNumber(item, table.decimalMark);
+        if (!number || frequency == 0 || !(*number < 1 / frequency + slack))
+            return check_text::delayTooLong(number.value_or(0), table.decimalMark);
+    }
+    return {};
+}
+
+std::wstring_view diodeFault(const AnalysesTable& table, const SplitRow& row) {
+    const std::size_t anode = table.group == 11 ? 5 : 3;
+    if (!takesPart(table, row, anode) || !takesPart(table, row, anode + 1))
+        return {};
+    const ListItems a = row.items(anode);
+    const ListItems c = row.items(anode + 1);
+    return a.size() == 1 && c.size() == 1 && a[0] == c[0] ? check_text::equalPair
+                                                          : std::wstring_view();
+}
+
+std::wstring groupFault(const AnalysesTable& table, const SplitRow& row) {
+    switch (table.group) {
+    case 5:
+        if (!takesPart(table, row, 2) || !takesPart(table, row, 5))
+            return {};
+        return dbFault(5, row.type(), row.items(2), row.items(5), table.decimalMark);
+    case 9:
+        return std::wstring(circuitFault(table, row));
+    case 11:
+    case 12:
+    case 13:
+        return std::wstring(diodeFault(table, row));
+    case 24:
+        return transformerFault(table, row);
+    case 25:
+        return delayFault(table, row);
+    default:
+        return {};
+    }
+}
+
+} // namespace
+
+bool takesPart(const AnalysesTable& table, const SplitRow& row, std::size_t position) {
+    return !table.isHidden(position) && !row.isEmpty(position) && !row.isNotApplicable(position);
+}
+
+PassResult CheckRowLists(const AnalysesTable& table, SplitRows rows) {
+    if (std::none_of(std::begin(equalCounts), std::end(equalCounts),
+                     [&](const EqualCounts& rule) { return rule.group == table.group; }))
+        return std::nullopt;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        std::wstring fault = countFault(table, rows[i]);
+        if (fault.empty())
+            fault = groupFault(table, rows[i]);
+        if (!fault.empty())
+            return CheckFinding{{i}, 0, {check_text::ofMethod(table.methodText, fault)}};
+    }
+    return std::nullopt;
+}
+
+} // namespace partwright

@@ -1,0 +1,35 @@
+#pragma once
+
+// The passes of OK over all rows of an Analyses table, beside those of row_lists.h and
+// duplicate_pins.h. Each looks at the groups it is for and finds nothing in others; each stops at
+// its first failure. okPasses() is the order in which OK runs them all.
+
+#include "validation/analyses_table.h"
+
+#include <span>
+#include <string_view>
+
+namespace partwright {
+
+/// Group 8: the output pin of a regulator is known.
+[[nodiscard]] PassResult checkRegulatorOutputs(const AnalysesTable& table, SplitRows rows);
+/// Group 5, type 1: one input pin; goes to the cell.
+[[nodiscard]] PassResult checkAmplifierInputs(const AnalysesTable& table, SplitRows rows);
+/// Group 25, type 3: one output pin or two different ones.
+[[nodiscard]] PassResult checkOscillatorOutputs(const AnalysesTable& table, SplitRows rows);
+/// Rows that are full: the column of frequencies.
+[[nodiscard]] PassResult CheckFrequencies(const AnalysesTable& table, SplitRows rows);
+/// Group 38, rows that are full: the dB cell by the type.
+[[nodiscard]] PassResult CheckDbOfCoupling(const AnalysesTable& table, SplitRows rows);
+/// Group 26, rows that are not hidden: the pins of RF filters and feed-through capacitors.
+[[nodiscard]] PassResult CheckFilterRows(const AnalysesTable& table, SplitRows rows);
+/// The syntax of every filled list cell.
+[[nodiscard]] PassResult CheckAllListCells(const AnalysesTable& table, SplitRows rows);
+
+struct OkPass {
+    std::wstring_view name;
+    PassResult (*run)(const AnalysesTable&, SplitRows);
+};
+[[nodiscard]] std::span<const OkPass> okPasses();
+
+} // namespace partwright

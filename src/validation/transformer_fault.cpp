@@ -1,0 +1,149 @@
+// The windings of a transformer: one or two sections, each with lists of pin pairs, resistances and
+// ratios, and for radio frequency the levels at the pins.
+
+#include "validation/check_texts.h"
+#include "validation/db_checks.h"
+#include "validation/row_lists.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+#include <vector>
+
+namespace partwright {
+
+namespace {
+
+using PinPair = std::pair<std::wstring_view, std::wstring_view>;
+
+struct Section {
+    std::size_t number;
+    /// Rcoil, both ends of the windings, N.
+    std::array<std::size_t, 4> parameters;
+    std::size_t levels;
+    std::wstring_view unequalPins;
+
+    [[nodiscard]] std::size_t pins() const { return parameters[1]; }
+    [[nodiscard]] std::size_t otherPins() const { return parameters[2]; }
+};
+
+constexpr Section sections[] = {
+    {1, {1, 2, 3, 5}, 6, check_text::firstSectionPins},
+    {2, {8, 9, 10, 11}, 12, check_text::secondSectionPins},
+};
+
+struct Windings {
+    std::wstring_view type;
+    std::size_t sections;
+    /// The pairs of pins are compared with each other.
+    bool comparesPairs;
+    bool hasLevels;
+};
+
+constexpr Windings windings[] = {
+    {L"Transformer", 2, true, false},
+    {L"RF.Transformer", 2, true, true},
+    {L"Flyback.Transformer", 1, false, false},
+};
+
+/// Nothing at all was entered for a section, though the level shows it.
+bool isMissing(const AnalysesTable& table, const SplitRow& row, const Section& section) {
+    bool isShown = false;
+    for (const std::size_t position : section.parameters) {
+        if (table.isHidden(position))
+            continue;
+        isShown = true;
+        if (!row.isEmpty(position))
+            return false;
+    }
+    return isShown;
+}
+
+std::wstring levelFault(const AnalysesTable& table, const SplitRow& row, const Section& section) {
+    if (!takesPart(table, row, section.levels) || !takesPart(table, row, section.pins()))
+        return {};
+    const ListItems levels = row.items(section.levels);
+    if (levels.empty())
+        return {};
+    if (levels.size() != row.items(section.pins()).size() + 1)
+        return check_text::sectionDbQuantity(section.number, row.type());
+    if (exceedsWhole(powerSum(levels, table.decimalMark)))
+        return check_text::sectionDbSum(section.number);
+    return {};
+}
+
+/// Pairs without direction: a winding between 1 and 2 is one between 2 and 1.
+std::vector<PinPair> pinPairs(const AnalysesTable& table, const SplitRow& row,
+                              const Section& section) {
+    std::vector<PinPair> pairs;
+    if (!takesPart(table, row, section.pins()) || !takesPart(table, row, section.otherPins()))
+        return pairs;
+    const ListItems a = row.items(section.pins());
+    const ListItems b = row.items(section.otherPins());
+    for (std::size_t i = 0; i < std::min(a.size(), b.size()); ++i)
+        pairs.emplace_back(std::min(a[i], b[i]), std::max(a[i], b[i]));
+    return pairs;
+}
+
+bool hasUnequalPins(const AnalysesTable& table, const SplitRow& row, const Section& section) {
+    return takesPart(table, row, section.pins()) && takesPart(table, row, section.otherPins()) &&
+           row.items(section.pins()).size() != row.items(section.otherPins()).size();
+}
+
+std::wstring pairText(const PinPair& pair) {
+    std::wstring text(pair.first);
+    text += L'-';
+    text += pair.second;
+    return text;
+}
+
+std::wstring repeatedPinFault(const std::vector<PinPair>& pairs) {
+    // Each pin with the index of its pair; equal pins come together, the earlier pair first.
+    std::vector<std::pair<std::wstring_view, std::size_t>> pins;
+    for (std::size_t i = 0; i < pairs.size(); ++i) {
+        pins.emplace_back(pairs[i].first, i);
+        pins.emplace_back(pairs[i].second, i);
+    }
+    std::sort(pins.begin(), pins.end());
+    const auto repeated =
+        std::adjacent_find(pins.begin(), pins.end(), [](const auto& a, const auto& b) {
+            return a.first == b.first && !a.first.empty();
+        });
+    if (repeated == pins.end())
+        return {};
+    return check_text::repeatedPins(pairText(pairs[repeated->second]),
+                                    pairText(pairs[std::next(repeated)->second]));
+}
+
+std::wstring pairFault(const AnalysesTable& table, const SplitRow& row) {
+    for (const Section& section : sections)
+        if (hasUnequalPins(table, row, section))
+            return std::wstring(section.unequalPins);
+    std::vector<PinPair> first = pinPairs(table, row, sections[0]);
+    const std::vector<PinPair> second = pinPairs(table, row, sections[1]);
+    for (const PinPair& pair : second)
+        if (std::find(first.begin(), first.end(), pair) != first.end())
+            return std::wstring(check_text::pairInBothSections);
+    first.insert(first.end(), second.begin(), second.end());
+    return repeatedPinFault(first);
+}
+
+} // namespace
+
+std::wstring transformerFault(const AnalysesTable& table, const SplitRow& row) {
+    const auto* kind = std::find_if(std::begin(windings), std::end(windings),
+                                    [&](const Windings& w) { return w.type == row.type(); });
+    if (kind == std::end(windings))
+        return {};
+    for (std::size_t i = 0; i < kind->sections; ++i) {
+        if (isMissing(table, row, sections[i]))
+            return std::wstring(check_text::transformerParameters);
+        if (!kind->hasLevels)
+            continue;
+        if (std::wstring fault = levelFault(table, row, sections[i]); !fault.empty())
+            return fault;
+    }
+    return kind->comparesPairs ? pairFault(table, row) : std::wstring();
+}
+
+} // namespace partwright
