@@ -280,6 +280,29 @@ TEST(ComponentRows, SpecialTextsOnTheWayInAndOut) {
     EXPECT_EQ(narrow(stored.at(L"P2").LPar[6]), "NH.SMT");
 }
 
+TEST(ComponentRows, TablesWithoutRowsAndWildRecordsLoseNothing) {
+    SdtaDialog d;
+    d.app.sdtaProperties.clear();
+    d.rules = {};
+    SdtaLibrary records = d.records(11, {{1, {L"50"}}, {-5, {}}, {2'000'000'000, {}}});
+    records[L""] = records.at(L"P1"); // a key that is not the part number
+    records.at(L"P2").LPar[0] = std::wstring(100'000, L'9');
+    auto& s = d.openRecords(11, records);
+    for (std::size_t row = 0; row < 4; ++row)
+        for (std::size_t column = 1; column < s.setup().columns.size(); ++column)
+            d.shown(s.selectCell({row, column}));
+    d.prompt.expect(L"Value Type or Range Error.");
+    EXPECT_FALSE(d.type({1, typeColumn + 1}, L"60"));
+    EXPECT_TRUE(d.type({1, typeColumn}, L"Custom"));
+    EXPECT_EQ(d.row(1), "- Custom   N/A N/A CKR");
+    d.prompt.expectQuestion(notAllFilled, yes);
+    ASSERT_TRUE(d.ok());
+    const SdtaLibrary stored = s.takeRecords();
+    EXPECT_EQ(stored.size(), 4U);
+    EXPECT_EQ(stored.at(L"P2").LPar[0].size(), 100'000U);
+    EXPECT_EQ(stored.at(L"P3").type, 0);
+}
+
 /// Any row of verbs, undone whole, leaves the table as it was; redone whole, as it had become.
 TEST(ComponentRows, UndoAndRedoWalkBothWays) {
     Dice dice(7);
@@ -293,9 +316,9 @@ TEST(ComponentRows, UndoAndRedoWalkBothWays) {
             s.RefreshAllRowFlags();
             std::string all;
             for (std::size_t row = 0; row < s.table().rowCount(); ++row)
-                all += narrow(s.table().row(row).part) + " " + d.row(row) + "\n";
+                all += narrow(s.table().row(row).part()) + " " + d.row(row) + "\n";
             for (const DepartedPart& part : s.table().departed())
-                all += "left " + narrow(part.row.part) + "\n";
+                all += "left " + narrow(part.row.part()) + "\n";
             return all;
         };
         std::vector<std::string> pictures = {picture()};
