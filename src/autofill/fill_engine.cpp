@@ -103,6 +103,8 @@ FilledPart FillEngine::fill(std::wstring_view designators, std::wstring_view des
 template <class Record>
 FilledPart FillEngine::fillByWords(std::wstring_view designators,
                                    std::wstring_view description) const {
+    if (description.empty())
+        return {};
     const std::wstring text = synonyms_.rewrite(description);
     const std::int32_t group = designators.empty()
                                    ? classifier_->DetectGroupByWords(text)

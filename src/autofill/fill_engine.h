@@ -63,7 +63,7 @@ public:
                                   std::wstring_view description) const;
 
     /// The same for a decoded description: without designators the words alone decide, and
-    /// designators without words decide nothing.
+    /// designators without words decide nothing. An empty description leads to nothing at all.
     template <class Record>
     [[nodiscard]] FilledPart fillByWords(std::wstring_view designators,
                                          std::wstring_view description) const;

@@ -93,10 +93,12 @@ private:
 
     void addFill() {
         CLI::App* command = app_.add_subcommand(
-            "fill", "Fill empty values from part numbers and descriptions, then save");
+            "fill", "Fill uncompleted parts from part numbers and descriptions, then save");
         addPlace(*command, place_, true);
-        command->add_flag("--group-library", fill_.groupLibrary, "Decode part numbers");
-        command->add_flag("--descriptions", fill_.descriptions, "Parse descriptions");
+        command->add_flag("--group-library", fill_.groupLibrary,
+                          "Decode part numbers; a part that is known gets all its values anew");
+        command->add_flag("--descriptions", fill_.descriptions,
+                          "Parse descriptions; fills empty values only");
         command->add_flag("--sdta", fill_.sdta, "The SDTA library");
         command->add_flag("--analyses", fill_.analyses, "The Analyses library");
         command->add_flag("--dry-run", fill_.dryRun, "Show the changes and write nothing");
