@@ -16,10 +16,6 @@ namespace partwright {
 
 namespace {
 
-std::wstring number(std::int64_t value) {
-    return std::to_wstring(value);
-}
-
 bool isPrefix(std::wstring_view prefix) {
     return !prefix.empty() && std::none_of(prefix.begin(), prefix.end(),
                                            [](wchar_t c) { return isDigit(c) || c == L' '; });
@@ -196,9 +192,9 @@ void checkSynonyms(const CPartwrightPlugInApp& app, std::vector<TableFinding>& a
     std::map<std::wstring, std::size_t> seen;
     for (const RuleRow& row : table.rows)
         if (const auto [first, isNew] = seen.emplace(row.text(L"Find"), row.line); !isNew)
-            findings.add(row.line, L"Find",
-                         say({L"stands on line ", number(static_cast<std::int64_t>(first->second)),
-                              L" already and is never reached"}));
+            findings.add(
+                row.line, L"Find",
+                say({L"stands on line ", number(first->second), L" already and is never reached"}));
     const SynonymTable synonyms(table);
     for (const std::size_t line : synonyms.faultyLines())
         findings.add(line, L"Find", L"the entry cannot be read");
