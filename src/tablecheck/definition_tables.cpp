@@ -163,7 +163,8 @@ void checkVisibility(const CPartwrightPlugInApp& app, std::vector<TableFinding>&
     RuleTableForm form;
     form.columns = columns;
     std::set<std::int32_t> groups;
-    for (const RuleRow& row : openForCheck(path, form, findings).rows) {
+    const RuleTable table = openForCheck(path, form, findings);
+    for (const RuleRow& row : table.rows) {
         const auto group = integerCell(row, L"GroupID", findings);
         if (!group)
             continue;
@@ -179,7 +180,7 @@ void checkVisibility(const CPartwrightPlugInApp& app, std::vector<TableFinding>&
                     say({L"group ", number(*group), L" has ", number(count), L" columns"}));
         }
     }
-    for (std::int32_t group = 1; group <= lastAsrGroup; ++group)
+    for (std::int32_t group = 1; group <= lastAsrGroup && !table.rows.empty(); ++group)
         if (!ColumnsOfAsrGroup(group).empty() && !groups.contains(group))
             findings.add(0, L"GroupID",
                          say({L"no row for group ", number(group),
