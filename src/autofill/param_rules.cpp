@@ -66,7 +66,6 @@ const PreparedRule* TypeRefineTable::find(const RuleKey& key) const {
 void applyCodeNames(Names columns, std::int32_t group, std::span<std::wstring> cells) {
     constexpr std::int32_t lastGroup = 9;
     constexpr std::int32_t lastCircuitGroup = 2;
-    constexpr std::array<std::wstring_view, 2> loadLetters = {L"A", L"C"};
     if (group > lastGroup)
         return;
     const Names packages = group <= lastCircuitGroup ? circuitPackages() : semiconductorPackages();
@@ -74,8 +73,8 @@ void applyCodeNames(Names columns, std::int32_t group, std::span<std::wstring> c
         Names list;
         if (columns[i] == packageColumn)
             list = packages;
-        else if (columns[i] == L"at")
-            list = loadLetters;
+        else if (columns[i] == temperatureReferenceColumn)
+            list = temperatureReferences;
         if (const std::size_t position = positionIn(cells[i], list.size()))
             cells[i] = list[position - 1];
     }

@@ -432,6 +432,75 @@ bool SynonymPattern::matchElement(const Element& element, const SynonymText& tex
     return false;
 }
 
+std::vector<std::wstring> SynonymPattern::samplesOf(const Element& element) {
+    switch (element.kind) {
+    case Kind::Sign:
+    case Kind::Exact:
+        return {std::wstring(1, element.sign)};
+    case Kind::Blanks:
+        return {L"", L" "};
+    case Kind::SomeBlanks:
+        return {L" "};
+    case Kind::Number:
+        return {L"4.7", L"10", L"0.1", L"100", L"22", L"330", L"5.6", L"68", L"7.5", L"82", L"9"};
+    case Kind::Integer:
+        return {L"10", L"3", L"2200", L"47", L"56", L"68", L"75", L"8", L"9012", L"0"};
+    case Kind::Digit:
+        return {L"5", L"1", L"0", L"2", L"3", L"4", L"6", L"7", L"8", L"9"};
+    case Kind::Rest:
+        return {L"1", L"A1", L""};
+    case Kind::Choice:
+        break;
+    }
+    std::vector<std::wstring> texts;
+    for (const auto& alternative : element.choices) {
+        std::wstring text;
+        for (const Element& one : alternative)
+            text += samplesOf(one).back();
+        texts.push_back(std::move(text));
+    }
+    return texts;
+}
+
+std::vector<std::wstring> SynonymPattern::samples(std::size_t limit) const {
+    std::vector<std::vector<std::wstring>> options;
+    std::size_t combinations = 1;
+    for (const Element& element : elements_) {
+        options.push_back(samplesOf(element));
+        combinations = std::min(combinations * options.back().size(), limit + 1);
+    }
+    std::vector<std::wstring> texts;
+    for (std::size_t i = 0; i < std::min(combinations, limit); ++i) {
+        // All of them count through like a number; too many are picked here and there.
+        std::size_t rest = combinations > limit ? i * 2654435761U : i;
+        std::wstring text;
+        for (const auto& option : options) {
+            text += option[rest % option.size()];
+            rest /= option.size();
+            if (combinations > limit && rest == 0)
+                rest = i + 1;
+        }
+        texts.push_back(std::move(text));
+    }
+    return texts;
+}
+
+std::vector<std::vector<std::wstring>> SynonymPattern::wantedWords() const {
+    std::vector<std::vector<std::wstring>> words;
+    for (const Guard& guard : guards_)
+        if (!guard.inverted)
+            words.push_back(guard.words);
+    return words;
+}
+
+std::vector<std::wstring> SynonymPattern::forbiddenWords() const {
+    std::vector<std::wstring> words;
+    for (const Guard& guard : guards_)
+        if (guard.inverted)
+            words.insert(words.end(), guard.words.begin(), guard.words.end());
+    return words;
+}
+
 bool SynonymPattern::endsWell(std::wstring_view folded, std::size_t begin, std::size_t end) const {
     if (elements_.back().kind == Kind::Rest)
         return holdsDigit(folded.substr(begin, end - begin));

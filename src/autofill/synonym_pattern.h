@@ -74,6 +74,13 @@ public:
     void appendReplacement(const SynonymText& text, std::size_t begin, const SynonymMatch& match,
                            std::wstring& target) const;
 
+    /// Texts that the entry was written for, at most `limit`: its choices and some numbers in all
+    /// combinations, or a selection of these. Guards and the surroundings are not looked at.
+    [[nodiscard]] std::vector<std::wstring> samples(std::size_t limit) const;
+    /// What the guards ask for or forbid, word by word.
+    [[nodiscard]] std::vector<std::vector<std::wstring>> wantedWords() const;
+    [[nodiscard]] std::vector<std::wstring> forbiddenWords() const;
+
     /// The characters a match can begin with, and for each what can follow: the next character, or
     /// behind a leading number or integer the next one that is no blank.
     struct Opening {
@@ -111,6 +118,8 @@ private:
     /// What can stand where the elements from `index` on begin; true when they can match nothing.
     bool addFirst(std::size_t index, CharacterMask& mask) const;
 
+    /// What can stand at an element, each in one form or two.
+    [[nodiscard]] static std::vector<std::wstring> samplesOf(const Element& element);
     [[nodiscard]] bool guardsHold(const SynonymText& text) const;
     [[nodiscard]] bool matchElement(const Element& element, const SynonymText& text,
                                     std::size_t& at, SynonymMatch& result) const;

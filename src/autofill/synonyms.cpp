@@ -42,6 +42,30 @@ void separate(std::wstring& target) {
         target += L' ';
 }
 
+std::wstring inSmallLetters(std::wstring text) {
+    for (wchar_t& c : text)
+        if (c >= L'A' && c <= L'Z')
+            c = static_cast<wchar_t>(c - L'A' + L'a');
+    return text;
+}
+
+/// What may stand behind a sample: the words that the entry asks for, capitals and small letters
+/// together, and one more word.
+std::vector<std::wstring> surroundings(const SynonymPattern& pattern,
+                                       const std::vector<std::wstring>& more) {
+    std::wstring wanted;
+    for (const auto& words : pattern.wantedWords())
+        if (const auto word = std::find_if(words.begin(), words.end(),
+                                           [](const auto& text) { return text.front() != L'$'; });
+            word != words.end())
+            wanted += L"," + *word;
+    std::vector<std::wstring> result = {wanted, wanted + L", Zz", wanted + L",Zz"};
+    for (const std::wstring& word : more)
+        if (!word.empty() && word.front() != L'$')
+            result.push_back(wanted + L"," + word);
+    return result;
+}
+
 } // namespace
 
 struct SynonymTable::Entries {
@@ -51,10 +75,12 @@ struct SynonymTable::Entries {
     };
 
     std::vector<SynonymPattern> patterns;
+    /// Of each pattern, in the file.
+    std::vector<std::size_t> lines;
     /// By first character, in file order.
     std::unordered_map<wchar_t, std::vector<Candidate>> byFirst;
 
-    void add(SynonymPattern pattern) {
+    void add(SynonymPattern pattern, std::size_t line) {
         const std::size_t index = patterns.size();
         for (const auto& opening : pattern.openings())
             for (const wchar_t c : firstCharacters(opening.first)) {
@@ -65,6 +91,22 @@ struct SynonymTable::Entries {
                     candidates.push_back({index, opening.next});
             }
         patterns.push_back(std::move(pattern));
+        lines.push_back(line);
+    }
+
+    /// Indices of all that match at the beginning of a text.
+    [[nodiscard]] std::vector<std::size_t> allAtBegin(std::wstring_view text) const {
+        const SynonymText prepared(text);
+        const auto number = readSynonymNumber(prepared.folded, 0);
+        std::vector<std::size_t> matching;
+        SynonymMatch match;
+        const auto list =
+            byFirst.find(std::min(static_cast<char32_t>(prepared.folded.front()), char32_t{128}));
+        if (list != byFirst.end())
+            for (const Candidate& candidate : list->second)
+                if (patterns[candidate.pattern].match(prepared, 0, number, match))
+                    matching.push_back(candidate.pattern);
+        return matching;
     }
 
     /// All characters beyond ASCII share one list.
@@ -75,6 +117,45 @@ struct SynonymTable::Entries {
             if (mask.holds(c))
                 result.push_back(c);
         return result;
+    }
+
+    /// The entry of those matching there that is applied, and whether `index` is among them.
+    struct Trial {
+        std::size_t applied = 0;
+        bool matches = false;
+    };
+    [[nodiscard]] Trial tryOn(std::wstring_view text, std::size_t index) const {
+        const auto matching = allAtBegin(text);
+        const bool matches = std::find(matching.begin(), matching.end(), index) != matching.end();
+        return {matches ? matching.front() : 0, matches};
+    }
+
+    /// The entry that takes each text which the entry of `index` was written for; none when one
+    /// text at least is left to it, or it matches none at all.
+    [[nodiscard]] std::optional<std::size_t> alwaysBefore(std::size_t index) const {
+        constexpr std::size_t mostSamples = 300;
+        constexpr int mostRounds = 5;
+        const auto samples = patterns[index].samples(mostSamples);
+        std::optional<std::size_t> before;
+        std::vector<std::wstring> more;
+        for (int round = 0; round < mostRounds && (round == 0 || before); ++round) {
+            // Words that keep the entry in front from matching may let this one through.
+            if (before)
+                for (std::wstring& word : patterns[*before].forbiddenWords())
+                    more.push_back(std::move(word));
+            for (const std::wstring& behind : surroundings(patterns[index], more))
+                for (const std::wstring& sample : samples)
+                    for (const std::wstring& text :
+                         {sample + behind, inSmallLetters(sample) + behind,
+                          inSmallLetters(sample + behind)}) {
+                        const Trial trial = tryOn(text, index);
+                        if (trial.matches && trial.applied == index)
+                            return std::nullopt;
+                        if (trial.matches)
+                            before = trial.applied;
+                    }
+        }
+        return before;
     }
 
     const SynonymPattern* find(const SynonymText& text, std::size_t at, SynonymMatch& match) const {
@@ -115,11 +196,19 @@ SynonymTable::SynonymTable(const RuleTable& table) {
         if (find.empty())
             continue;
         if (auto pattern = SynonymPattern::read(find, row.text(L"Replace")))
-            entries->add(std::move(*pattern));
+            entries->add(std::move(*pattern), row.line);
         else
             faultyLines_.push_back(row.line);
     }
     entries_ = std::move(entries);
+}
+
+std::vector<SynonymTable::HiddenEntry> SynonymTable::hiddenEntries() const {
+    std::vector<HiddenEntry> hidden;
+    for (std::size_t index = 0; index < entries_->patterns.size(); ++index)
+        if (const auto before = entries_->alwaysBefore(index))
+            hidden.push_back({entries_->lines[index], entries_->lines[*before]});
+    return hidden;
 }
 
 std::size_t SynonymTable::size() const {

@@ -53,6 +53,14 @@ public:
     [[nodiscard]] const std::vector<std::size_t>& faultyLines() const { return faultyLines_; }
     [[nodiscard]] std::size_t size() const;
 
+    /// An entry that is never applied, since another one stands before it and always matches first.
+    struct HiddenEntry {
+        std::size_t line = 0;
+        std::size_t behind = 0;
+    };
+    /// Found by trying each entry on texts that it was written for, in several surroundings.
+    [[nodiscard]] std::vector<HiddenEntry> hiddenEntries() const;
+
 private:
     struct Entries;
     std::shared_ptr<const Entries> entries_;

@@ -114,6 +114,9 @@ Names semiconductorPackages() {
 Names circuitPackages() {
     return rows::circuitPackages;
 }
+std::span<const OptionColumn> optionColumnsOfAsr() {
+    return rows::asrOptions;
+}
 Names predictionMethodNames() {
     return rows::predictionMethods;
 }

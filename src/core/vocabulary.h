@@ -20,6 +20,7 @@ inline constexpr std::wstring_view customTypeName = L"Custom";
 inline constexpr std::wstring_view emptyMark = L"Empty";
 inline constexpr std::wstring_view processColumn = L"Process";
 inline constexpr std::wstring_view packageColumn = L"Package";
+inline constexpr std::wstring_view temperatureReferenceColumn = L"at";
 inline constexpr std::wstring_view notApplicableGroup = L"N/A";
 
 /// Highest group number that has a row, and highest that has a type list of its own.
@@ -53,6 +54,21 @@ using Names = std::span<const std::wstring_view>;
 [[nodiscard]] Names semiconductorPackages();
 /// Values of the column "Package" of integrated circuits, groups 1 and 2.
 [[nodiscard]] Names circuitPackages();
+/// Values of the column "at": the reference temperature is that of the ambient, or of the case.
+inline constexpr std::wstring_view temperatureReferences[] = {L"A", L"C"};
+
+/// A parameter that one type of an Analyses group takes from a fixed list; for the other types it
+/// does not apply. The place in the list is what the auto-fill engine writes, from 1.
+struct OptionColumn {
+    std::int32_t group;
+    std::size_t parameter;
+    std::wstring_view type;
+    std::wstring_view defaultValue;
+    Names names;
+    Names descriptions;
+};
+[[nodiscard]] std::span<const OptionColumn> optionColumnsOfAsr();
+
 /// Failure rate prediction methods that a library request can ask for.
 [[nodiscard]] Names predictionMethodNames();
 

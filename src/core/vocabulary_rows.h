@@ -5,6 +5,8 @@
 // inside a row is the order of the LPar slots and of the type positions, so order is meaning.
 // Only vocabulary.cpp includes this file; everybody else asks vocabulary.h.
 
+#include "core/vocabulary.h"
+
 #include <string_view>
 
 namespace partwright::rows {
@@ -341,6 +343,25 @@ inline constexpr std::wstring_view circuitPackages[] = {
     L"HDIPES", L"HDIPEG", L"PLDIP",   L"NHSOIC", L"CERPGA",  L"PLPGA", L"HFLAT",
     L"NHFLAT", L"HCANHP", L"HCANLP",  L"PLCC",   L"CQFP",    L"PQFP",  L"HLLS",
     L"NHLLS",  L"HLDD.T", L"NHLDD.T", L"HLDD.S", L"NHLDD.S",
+};
+
+inline constexpr std::wstring_view gateNames[] = {L"Negative", L"Positive"};
+inline constexpr std::wstring_view gateTexts[] = {L"V-gs(off) negative quantity",
+                                                  L"V-gs(off) positive quantity"};
+inline constexpr std::wstring_view signNames[] = {L"Positive", L"Negative"};
+inline constexpr std::wstring_view signTexts[] = {L"Positive Offset", L"Negative Offset"};
+inline constexpr std::wstring_view shapeNames[] = {L"Rectangular", L"Sinus"};
+inline constexpr std::wstring_view subTypeNames[] = {L"LowPass", L"HighPass", L"BandPass",
+                                                     L"BandStop"};
+inline constexpr std::wstring_view subTypeTexts[] = {L"Low Pass Filter", L"High Pass Filter",
+                                                     L"Band Pass Filter", L"Band Stop Filter"};
+
+inline constexpr OptionColumn asrOptions[] = {
+    {16, 7, L"MOSFET.N", L"Positive", gateNames, gateTexts},
+    {17, 7, L"MOSFET.P", L"Negative", gateNames, gateTexts},
+    {25, 8, L"Crystal.Oscillator", L"Positive", signNames, signTexts},
+    {25, 10, L"Crystal.Oscillator", L"Rectangular", shapeNames, shapeNames},
+    {26, 7, L"RF.Filter", L"LowPass", subTypeNames, subTypeTexts},
 };
 
 inline constexpr std::wstring_view predictionMethods[] = {

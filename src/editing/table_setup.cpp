@@ -12,25 +12,7 @@ namespace {
 
 using Text = std::wstring_view;
 
-constexpr Text atHeader = L"at";
 constexpr Text datasheetHeader = L"Datasheet (PDF)";
-
-constexpr Text gateNames[] = {L"Negative", L"Positive"};
-constexpr Text gateTexts[] = {L"V-gs(off) negative quantity", L"V-gs(off) positive quantity"};
-constexpr Text signNames[] = {L"Positive", L"Negative"};
-constexpr Text signTexts[] = {L"Positive Offset", L"Negative Offset"};
-constexpr Text shapeNames[] = {L"Rectangular", L"Sinus"};
-constexpr Text subTypeNames[] = {L"LowPass", L"HighPass", L"BandPass", L"BandStop"};
-constexpr Text subTypeTexts[] = {L"Low Pass Filter", L"High Pass Filter", L"Band Pass Filter",
-                                 L"Band Stop Filter"};
-
-constexpr OptionColumn analysesOptions[] = {
-    {16, 7, L"MOSFET.N", L"Positive", gateNames, gateTexts},
-    {17, 7, L"MOSFET.P", L"Negative", gateNames, gateTexts},
-    {25, 8, L"Crystal.Oscillator", L"Positive", signNames, signTexts},
-    {25, 10, L"Crystal.Oscillator", L"Rectangular", shapeNames, shapeNames},
-    {26, 7, L"RF.Filter", L"LowPass", subTypeNames, subTypeTexts},
-};
 
 constexpr std::int32_t circuitGroups[] = {1, 2};
 constexpr std::int32_t analysesPinListGroups[] = {4,  5,  6,  7,  9,  11, 12, 13, 14, 15, 16, 17,
@@ -86,7 +68,7 @@ bool contains(std::span<const std::int32_t> groups, std::int32_t group) {
 
 ColumnChoices choicesOf(const TableDescriptor& kind, std::int32_t group, Text header,
                         std::size_t parameter) {
-    if (header == atHeader)
+    if (header == temperatureReferenceColumn)
         return ColumnChoices::At;
     if (header == packageColumn)
         return ColumnChoices::Package;
@@ -165,8 +147,8 @@ void addChoices(TableSetup& setup, std::span<const TypeName> vocabulary) {
         if (i + 1 < setup.types.size())
             setup.customProcessChoices.add(setup.types[i], text);
     }
-    setup.atChoices.add(L"A", L"Ts is given for Ambient");
-    setup.atChoices.add(L"C", L"Ts is given for Case");
+    setup.atChoices.add(temperatureReferences[0], L"Ts is given for Ambient");
+    setup.atChoices.add(temperatureReferences[1], L"Ts is given for Case");
     setup.notApplicableChoices = ChoiceList(setup.kind->notApplicableGap);
     setup.notApplicableChoices.add(cell::notApplicable, L"Not Applicable");
     addPackages(setup);
@@ -205,7 +187,7 @@ const TableDescriptor& tableDescriptor<AsrComponent>() {
         .hasCheckBoxes = true,
         .circuitGroups = circuitGroups,
         .pinListGroups = analysesPinListGroups,
-        .options = analysesOptions,
+        .options = optionColumnsOfAsr(),
         .pinLibraryGroup = 9,
         .notApplicableGap = L"     ",
     };

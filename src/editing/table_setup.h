@@ -62,17 +62,6 @@ struct TableColumn {
     std::size_t parameter = 0;
 };
 
-/// A parameter that one type of a group takes from a fixed list; for the other types it does not
-/// apply. The place in the list is what the auto-fill engine writes, from 1.
-struct OptionColumn {
-    std::int32_t group;
-    std::size_t parameter;
-    std::wstring_view type;
-    std::wstring_view defaultValue;
-    std::span<const std::wstring_view> names;
-    std::span<const std::wstring_view> descriptions;
-};
-
 /// All that sets the table of one kind of library apart from the other's.
 struct TableDescriptor {
     /// Columns can be hidden by the analysis level, and Full speaks of the visible ones.

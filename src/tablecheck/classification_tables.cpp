@@ -16,10 +16,6 @@ namespace partwright {
 
 namespace {
 
-std::wstring number(std::int64_t value) {
-    return std::to_wstring(value);
-}
-
 bool isPrefix(std::wstring_view prefix) {
     return !prefix.empty() && std::none_of(prefix.begin(), prefix.end(),
                                            [](wchar_t c) { return isDigit(c) || c == L' '; });
@@ -29,12 +25,17 @@ void checkDesignators(const RuleRow& row, Findings& findings) {
     const std::wstring list = row.text(L"TipicalRefDes");
     if (list.empty())
         findings.add(row.line, L"TipicalRefDes", L"is empty, so no designator leads to the group");
-    else
-        for (const std::wstring_view prefix : split(list, L','))
-            if (!isPrefix(trim(prefix)))
-                findings.add(row.line, L"TipicalRefDes",
-                             say({L"\"", prefix, L"\" is no designator prefix"}));
+    std::set<std::wstring> seen;
+    for (const std::wstring_view prefix : split(list, L',')) {
+        if (!list.empty() && !isPrefix(trim(prefix)))
+            findings.add(row.line, L"TipicalRefDes",
+                         say({L"\"", prefix, L"\" is no designator prefix"}));
+        else if (!seen.insert(upperCase(trim(prefix))).second)
+            findings.add(row.line, L"TipicalRefDes", say({L"\"", prefix, L"\" stands twice"}));
+    }
 }
+
+constexpr std::wstring_view switchedOff = L"*NU";
 
 /// Which functions an exclusion may use, and how many lists each takes.
 bool isExclusionTerm(const Term& term) {
@@ -57,7 +58,7 @@ bool isExclusionTerm(const Term& term) {
 
 void checkExclusion(const RuleRow& row, const UnitTable& units, Findings& findings) {
     const std::wstring text = row.text(L"RulesExcluding");
-    if (text.empty() || text == L"*NU" || text == L"*D")
+    if (text.empty() || text == switchedOff || text == L"*D")
         return;
     const std::vector<Term> terms = ParseRuleString(text, units);
     std::size_t written = 0;
@@ -80,6 +81,31 @@ void checkKeywords(const RuleRow& row, Findings& findings) {
     if (!row.text(L"Rules").empty())
         checkExpression(row.text(L"Rules"), false, row.line, L"Rules", findings);
 }
+
+/// A keyword of two types leads to the lower one, unless that one has a test to fail.
+class KeywordOwners {
+public:
+    void check(const RuleRow& row, std::int32_t group, std::int32_t type, Findings& findings) {
+        if (row.text(L"RulesExcluding") == switchedOff)
+            return;
+        const bool tested = row.text(L"RulesExcluding").find(L"FUNC") != std::wstring::npos;
+        for (const std::wstring& keyword : splitKeywords(row.text(L"Rules"))) {
+            const auto [owner, isNew] =
+                owners_.emplace(std::pair(group, keyword), Owner{type, tested});
+            if (!isNew && !owner->second.tested && owner->second.type <= type)
+                findings.add(
+                    row.line, L"Rules",
+                    say({L"\"", keyword, L"\" leads to type ", number(owner->second.type)}));
+        }
+    }
+
+private:
+    struct Owner {
+        std::int32_t type = 0;
+        bool tested = false;
+    };
+    std::map<std::pair<std::int32_t, std::wstring>, Owner> owners_;
+};
 
 template <class Record>
 void checkDirectKey(const CPartwrightPlugInApp& app, const RuleRow& row, std::int32_t group,
@@ -133,8 +159,9 @@ void checkTypeKeywords(const CPartwrightPlugInApp& app, const UnitTable& units,
     Findings findings(all, app.descrRulesSdtaTypesPath);
     std::set<GroupAndType> seen;
     std::set<std::int32_t> defaults;
-    for (const RuleRow& row :
-         openForCheck(app.descrRulesSdtaTypesPath, typeKeywordForm(), findings).rows) {
+    KeywordOwners owners;
+    const RuleTable table = openForCheck(app.descrRulesSdtaTypesPath, typeKeywordForm(), findings);
+    for (const RuleRow& row : table.rows) {
         const auto group = integerCell(row, L"BiCod", findings);
         const auto type = integerCell(row, L"ParamID", findings);
         if (!group || !type)
@@ -146,12 +173,13 @@ void checkTypeKeywords(const CPartwrightPlugInApp& app, const UnitTable& units,
         }
         seen.insert({*group, *type});
         checkKeywords(row, findings);
+        owners.check(row, *group, *type, findings);
         checkExclusion(row, units, findings);
         if (row.text(L"RulesExcluding").find(L"*D") != std::wstring::npos &&
             !defaults.insert(*group).second)
             findings.add(row.line, L"RulesExcluding", L"the group has a default type already");
     }
-    for (std::int32_t group = 1; group <= lastSdtaTypeGroup; ++group)
+    for (std::int32_t group = 1; group <= lastSdtaTypeGroup && !table.rows.empty(); ++group)
         for (std::int32_t type = 1;
              type < static_cast<std::int32_t>(TypeTableOfSdtaGroup(group).size()); ++type)
             if (!seen.contains({group, type}))
@@ -194,14 +222,22 @@ void checkSynonyms(const CPartwrightPlugInApp& app, std::vector<TableFinding>& a
     Findings findings(all, path);
     const RuleTable table = openForCheck(path, synonymForm(), findings);
     std::map<std::wstring, std::size_t> seen;
+    std::set<std::size_t> repeated;
     for (const RuleRow& row : table.rows)
-        if (const auto [first, isNew] = seen.emplace(row.text(L"Find"), row.line); !isNew)
-            findings.add(row.line, L"Find",
-                         say({L"stands on line ", number(static_cast<std::int64_t>(first->second)),
-                              L" already and is never reached"}));
+        if (const auto [first, isNew] = seen.emplace(row.text(L"Find"), row.line); !isNew) {
+            repeated.insert(row.line);
+            findings.add(
+                row.line, L"Find",
+                say({L"stands on line ", number(first->second), L" already and is never reached"}));
+        }
     const SynonymTable synonyms(table);
     for (const std::size_t line : synonyms.faultyLines())
         findings.add(line, L"Find", L"the entry cannot be read");
+    for (const SynonymTable::HiddenEntry& hidden : synonyms.hiddenEntries())
+        if (repeated.insert(hidden.line).second)
+            findings.add(
+                hidden.line, L"Find",
+                say({L"is never reached: line ", number(hidden.behind), L" always matches first"}));
 }
 
 } // namespace partwright

@@ -16,7 +16,8 @@ void Findings::add(std::size_t line, std::wstring_view column, std::wstring text
     all_.push_back({file_, line, std::wstring(column), std::move(text)});
 }
 
-RuleTable openForCheck(std::wstring_view path, const RuleTableForm& form, Findings& findings) {
+RuleTable openForCheck(std::wstring_view path, const RuleTableForm& form, Findings& findings,
+                       Rows rows) {
     RuleTable table = readRuleTable(path, form);
     if (table.status != FileStatus::Ok) {
         findings.add(0, {},
@@ -32,7 +33,7 @@ RuleTable openForCheck(std::wstring_view path, const RuleTableForm& form, Findin
         }
     if (!complete)
         table.rows.clear();
-    else if (table.rows.empty())
+    else if (table.rows.empty() && rows == Rows::MustBe)
         findings.add(0, {}, L"the table has no rows");
     return table;
 }

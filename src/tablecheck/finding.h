@@ -34,13 +34,20 @@ private:
 };
 
 /// Reads a table for checking. A file that is missing or cannot be opened, and a column that is
-/// missing, are findings; then the table has no rows.
+/// missing, are findings; then the table has no rows. A table without rows is one where it must
+/// have some.
+enum class Rows { MustBe, MayBe };
 [[nodiscard]] RuleTable openForCheck(std::wstring_view path, const RuleTableForm& form,
-                                     Findings& findings);
+                                     Findings& findings, Rows rows = Rows::MustBe);
 
 /// A cell that must hold a decimal integer; findings tell when it does not.
 [[nodiscard]] std::optional<std::int32_t> integerCell(const RuleRow& row, std::wstring_view column,
                                                       Findings& findings);
+
+template <class Integer>
+[[nodiscard]] std::wstring number(Integer value) {
+    return std::to_wstring(value);
+}
 
 /// Text from pieces.
 [[nodiscard]] std::wstring say(std::initializer_list<std::wstring_view> pieces);

@@ -1,6 +1,7 @@
 #include "tablecheck/table_check.h"
 
 #include "tablecheck/classification_tables.h"
+#include "tablecheck/compiled_rules_check.h"
 #include "tablecheck/definition_tables.h"
 #include "tablecheck/group_library_check.h"
 
@@ -8,6 +9,7 @@ namespace partwright {
 
 std::vector<TableFinding> checkTables(const CPartwrightPlugInApp& app, FillEngine& engine) {
     std::vector<TableFinding> all;
+    checkCompiledRules(engine.tables(), all);
     checkGroupRules(app, all);
     checkTypeKeywords(app, engine.tables().units, all);
     checkDirectKeys(app, all);

@@ -8,7 +8,8 @@
 //       ... finding.file, finding.line, finding.column, finding.text
 //
 // What is checked, by file:
-//   DescrRules.csv               groups 1 to 26 in order, expressions, typical designators
+//   UnitTable, ParamRuleTable    the compiled tables: words and factors, terms, keys, codes,
+//   columns DescrRules.csv               groups 1 to 26 in order, expressions, typical designators
 //   DescrRules_SDTATypes.csv     groups and types, keywords, exclusion terms
 //   SDTA_ASR_MGT.csv             methods, groups and types, type names
 //   DescrSynonyms.csv            entries that can be read, each reachable
