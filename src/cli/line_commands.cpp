@@ -2,7 +2,6 @@
 
 #include "cli/commands.h"
 #include "cli/project.h"
-#include "core/cell_text.h"
 #include "core/encoding.h"
 
 #include <nlohmann/json.hpp>
@@ -42,7 +41,7 @@ void addPart(Json& answer, const CPartwrightPlugInApp& app, const FilledPart& pa
     const Names columns = Kind<Record>::columns(part.found.group);
     for (std::size_t i = 0; i < columns.size() && i < part.cells.size(); ++i)
         if (!part.cells[i].empty())
-            values[encodeUtf8(columns[i])] = encodeUtf8(cell::toFile(part.cells[i]));
+            values[encodeUtf8(columns[i])] = encodeUtf8(part.cells[i]);
     answer["notes"] = encodeUtf8(part.notes);
 }
 

@@ -153,7 +153,7 @@ ComponentTable::IndexedRows ComponentTable::takeOut(const std::vector<std::size_
     return taken;
 }
 
-void ComponentTable::putIn(IndexedRows rows) {
+void ComponentTable::putIn(IndexedRows&& rows) {
     if (rows.empty())
         return;
     std::vector<TableRow> merged;

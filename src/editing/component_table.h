@@ -21,10 +21,10 @@
 
 namespace partwright {
 
-/// One component. It finds its record by `part`.
+/// One component.
 struct TableRow {
-    /// Key of the record that the row is stored to.
-    std::wstring part;
+    /// Key of the record that the row is stored to, where it is not the part number as shown.
+    std::optional<std::wstring> ownKey;
     /// Of a copied part, the key of the record it started from.
     std::wstring source;
     /// The record does not exist before OK.
@@ -33,6 +33,10 @@ struct TableRow {
     bool isMarked = false;
     /// By column; column 0 is not used.
     std::vector<std::wstring> cells;
+
+    [[nodiscard]] const std::wstring& part() const {
+        return ownKey ? *ownKey : cells[partNumberColumn];
+    }
 };
 
 /// A part that left the table with its record's group.
@@ -111,7 +115,7 @@ private:
     };
     Change exchange(Step& step);
     IndexedRows takeOut(const std::vector<std::size_t>& rows);
-    void putIn(IndexedRows rows);
+    void putIn(IndexedRows&& rows);
     /// Row numbers changed: the marks are gathered anew.
     void regatherMarks();
 

@@ -29,7 +29,7 @@ void assign(std::wstring& target, std::wstring_view text) {
 }
 
 std::unique_ptr<TableChecks> checksFor(const TableDescriptor& kind, const ValidationTables& rules) {
-    if (kind.hasThermalRules)
+    if (kind.hasStressChecks)
         return std::make_unique<StressChecks>(rules);
     return std::make_unique<TableChecks>();
 }
@@ -70,10 +70,11 @@ void ComponentTableSession<Record>::loadRows(const DatasheetLinks& links) {
     table_.reserve(records_.size());
     for (const auto& [key, record] : records_) {
         TableRow row;
-        row.part = key;
         row.cells.resize(setup.columns.size());
         auto& cells = row.cells;
         cells[partNumberColumn] = upperCase(trim(record.PartNum));
+        if (cells[partNumberColumn] != key)
+            row.ownKey = key;
         cells[catalogNumberColumn] = upperCase(trim(record.CatNum));
         cells[descriptionColumn] = record.Description;
         cells[fullColumn] = isCompleted(record, setup.level) ? fullMark : notFullMark;
@@ -169,7 +170,8 @@ template <class Record>
 typename ComponentTableSession<Record>::Library::iterator
 ComponentTableSession<Record>::recordOf(const TableRow& row, typename Library::iterator hint) {
     if (!row.isNew)
-        return hint != records_.end() && hint->first == row.part ? hint : records_.find(row.part);
+        return hint != records_.end() && hint->first == row.part() ? hint
+                                                                   : records_.find(row.part());
     Record record;
     if (const auto source = records_.find(row.source); source != records_.end()) {
         record = source->second;
@@ -177,8 +179,8 @@ ComponentTableSession<Record>::recordOf(const TableRow& row, typename Library::i
         record.group = setup().group;
         record.family = FamilyNumber(Kind<Record>::family(setup().group));
     }
-    record.PartNum = row.part;
-    return records_.insert_or_assign(row.part, std::move(record)).first;
+    record.PartNum = row.part();
+    return records_.insert_or_assign(row.part(), std::move(record)).first;
 }
 
 template <class Record>
@@ -216,7 +218,7 @@ void ComponentTableSession<Record>::storeFlags(bool isFull, Record& record) cons
 
 template <class Record>
 void ComponentTableSession<Record>::storeDeparted(const DepartedPart& part) {
-    Record& record = records_.find(part.row.part)->second;
+    Record& record = records_.find(part.row.part())->second;
     storeTexts(part.row, record);
     storeFlags(false, record);
     if constexpr (std::is_same_v<Record, AsrComponent>)

@@ -258,6 +258,7 @@ NewComponentSession<Record>::deleteRows(std::vector<std::size_t> selected) {
     std::sort(selected.begin(), selected.end());
     selected.erase(std::unique(selected.begin(), selected.end()), selected.end());
     std::vector<std::wstring_view> parts;
+    parts.reserve(selected.size());
     for (const std::size_t row : selected)
         parts.push_back(rows_[row].part);
     std::vector<std::size_t> gone;

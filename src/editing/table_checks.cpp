@@ -87,7 +87,7 @@ std::optional<TableStop> StressChecks::atCommit(const ComponentTable& table, Cel
 std::optional<TableStop> StressChecks::atOkRow(const ComponentTable& table, std::size_t row) const {
     const TableSetup& setup = table.setup();
     const auto rules = tables_.thermal.find(setup.group);
-    if (!setup.kind->hasThermalRules || rules == tables_.thermal.end() || !table.isComplete(row))
+    if (rules == tables_.thermal.end() || !table.isComplete(row))
         return std::nullopt;
     const std::span<const std::wstring> values(table.row(row).cells.data() + typeColumn,
                                                setup.lastParameter - typeColumn + 1);

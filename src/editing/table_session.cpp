@@ -327,8 +327,11 @@ void TableSession::take(TableOutcome& outcome, TableStop stop) {
 }
 
 void TableSession::takeFlags(TableOutcome& outcome) {
-    const auto changed = table_.refreshFlags();
-    outcome.changedRows.insert(outcome.changedRows.end(), changed.begin(), changed.end());
+    const auto flagged = table_.refreshFlags();
+    auto& rows = outcome.changedRows;
+    rows.insert(rows.end(), flagged.begin(), flagged.end());
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
 }
 
 } // namespace partwright

@@ -170,7 +170,7 @@ private:
 
     /// Drops an editor that was left open, then opens a step.
     void beginStep();
-    void endStep(TableOutcome& outcome);
+    void endStep();
     /// The row's parameters cleared and set up for a type, in an open step.
     void ChangeRowType(std::size_t row, std::wstring_view type);
     void changeRowProcess(std::size_t row, std::wstring_view process);

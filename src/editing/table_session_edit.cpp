@@ -5,8 +5,6 @@
 #include "core/text.h"
 #include "editing/table_session.h"
 
-#include <algorithm>
-
 namespace partwright {
 
 namespace {
@@ -82,10 +80,9 @@ void TableSession::beginStep() {
     table_.beginStep();
 }
 
-void TableSession::endStep(TableOutcome& outcome) {
+void TableSession::endStep() {
     table_.endStep();
     typeEdit_.reset();
-    std::sort(outcome.changedRows.begin(), outcome.changedRows.end());
 }
 
 TableOutcome TableSession::commit(CellAt at, std::wstring_view text) {
@@ -139,7 +136,7 @@ void TableSession::commitType(CellAt at, std::wstring_view text, TableOutcome& o
         return;
     }
     table_.write(at.row, at.column, text);
-    endStep(outcome);
+    endStep();
 }
 
 /// What a list offers, or what the cell had; the list of another type's cell is never typed into
@@ -164,7 +161,7 @@ void TableSession::commitChoice(CellAt at, std::wstring_view text, TableOutcome&
     table_.keep(at.row);
     changeRowProcess(at.row, text);
     outcome.changedRows = {at.row};
-    endStep(outcome);
+    endStep();
 }
 
 void TableSession::commitValue(CellAt at, std::wstring_view text, TableOutcome& outcome) {
@@ -194,7 +191,7 @@ void TableSession::storeText(CellAt at, std::wstring_view text, TableOutcome& ou
     table_.keep(at.row);
     table_.write(at.row, at.column, text);
     outcome.changedRows.push_back(at.row);
-    endStep(outcome);
+    endStep();
 }
 
 /// A text that the library file gives back whole: one line, not too long, and not taken for the

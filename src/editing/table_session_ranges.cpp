@@ -31,7 +31,7 @@ TableOutcome TableSession::fill(CellAt source, std::vector<std::size_t> rows,
         if (fillCell({row, source.column}, value))
             outcome.changedRows.push_back(row);
     takeFlags(outcome);
-    endStep(outcome);
+    endStep();
     return outcome;
 }
 
@@ -61,7 +61,7 @@ TableOutcome TableSession::paste(std::vector<CellText> cells) {
             (outcome.changedRows.empty() || outcome.changedRows.back() != cell.at.row))
             outcome.changedRows.push_back(cell.at.row);
     takeFlags(outcome);
-    endStep(outcome);
+    endStep();
     return outcome;
 }
 
@@ -107,7 +107,7 @@ TableOutcome TableSession::storeResults(std::size_t row, std::span<const CellTex
         outcome.changedRows = {row};
     }
     takeFlags(outcome);
-    endStep(outcome);
+    endStep();
     return outcome;
 }
 

@@ -14,22 +14,22 @@ TableOutcome TableSession::deleteRows(std::vector<std::size_t> selected) {
     std::sort(selected.begin(), selected.end());
     selected.erase(std::unique(selected.begin(), selected.end()), selected.end());
     std::vector<std::wstring_view> parts;
+    parts.reserve(selected.size());
     for (const std::size_t row : selected)
-        parts.push_back(table_.row(row).part);
+        parts.push_back(table_.row(row).part());
     for (const std::size_t place : confirmDeletion(parts, *place_.projectParts, prompt_))
         outcome.removedRows.push_back(selected[place]);
     if (outcome.removedRows.empty())
         return outcome;
     beginStep();
     table_.remove(outcome.removedRows);
-    endStep(outcome);
+    endStep();
     return outcome;
 }
 
 TableOutcome TableSession::add(const GroupChoice& choice) {
     TableOutcome outcome;
     TableRow row;
-    row.part = choice.partNumber;
     row.isNew = true;
     row.cells.resize(setup().columns.size());
     row.cells[partNumberColumn] = choice.partNumber;
@@ -50,7 +50,7 @@ TableOutcome TableSession::add(const GroupChoice& choice) {
     } else {
         table_.depart({std::move(row), choice.group, choice.family});
     }
-    endStep(outcome);
+    endStep();
     announce(choice.partNumber);
     return outcome;
 }
@@ -60,14 +60,14 @@ TableOutcome TableSession::copy(std::size_t row, const GroupChoice& choice) {
     beginStep();
     TableRow copied = table_.row(row);
     if (copied.source.empty() && !copied.isNew)
-        copied.source = copied.part;
+        copied.source = copied.part();
     copied.isNew = true;
-    copied.part = choice.partNumber;
+    copied.ownKey.reset();
     copied.cells[partNumberColumn] = choice.partNumber;
     const std::size_t at = table_.append(std::move(copied));
     outcome.insertedRows = {at};
     outcome.current = CellAt{at, partNumberColumn};
-    endStep(outcome);
+    endStep();
     announce(choice.partNumber);
     return outcome;
 }
@@ -80,7 +80,7 @@ TableOutcome TableSession::changeGroup(std::size_t row, const GroupChoice& choic
     table_.depart({table_.row(row), choice.group, choice.family});
     outcome.removedRows = {row};
     table_.remove(outcome.removedRows);
-    endStep(outcome);
+    endStep();
     return outcome;
 }
 
@@ -94,10 +94,10 @@ TableOutcome TableSession::requireRow(std::optional<CellAt> current) const {
 
 bool TableSession::hasPart(std::wstring_view part) const {
     for (std::size_t row = 0; row < table_.rowCount(); ++row)
-        if (table_.row(row).part == part)
+        if (table_.row(row).part() == part)
             return true;
     for (const DepartedPart& left : table_.departed())
-        if (left.row.part == part)
+        if (left.row.part() == part)
             return true;
     // A part that was opened and is in none of the two was deleted: its number is free again.
     return !isOpened(part) && place_.inLibrary(part);

@@ -190,7 +190,7 @@ PropertyView viewOf(const Row* row) {
 template <>
 const TableDescriptor& tableDescriptor<SdtaComponent>() {
     static const TableDescriptor descriptor{
-        .hasThermalRules = true,
+        .hasStressChecks = true,
         .processGroup = 11,
         .powerGroup = 10,
         .circuitGroups = circuitGroups,

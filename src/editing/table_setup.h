@@ -79,8 +79,8 @@ struct TableDescriptor {
     bool hasLevels = false;
     /// The check-box columns stand behind the notes.
     bool hasCheckBoxes = false;
-    /// The combination rules run at OK.
-    bool hasThermalRules = false;
+    /// Its values are stress limits, with StressChecks on them.
+    bool hasStressChecks = false;
     /// Group whose column "Process" follows the Type; 0 for none.
     std::int32_t processGroup = 0;
     /// Group whose types have limits of the first parameter; 0 for none.

@@ -25,7 +25,7 @@ CellEditor::CellEditor(QWidget* parent, EditorHost& host, const CellStyle& look)
     : QLineEdit(parent), host_(host), kind_(look.kind), choices_(look.choices) {
     setFrame(false);
     setMaxLength(std::numeric_limits<int>::max());
-    setTextMargins(1, 0, 1, 0);
+    setTextMargins(2, 0, 2, 0);
     setReadOnly(isDropDown());
     setObjectName(QStringLiteral("cellEditor"));
     connect(this, &QLineEdit::textEdited, this, [this] { host_.editorTextChanged(); });

@@ -198,7 +198,7 @@ bool CGXGridCore::commitText(int row, int col, const QString& text) {
     const RowKey key = rowKey(row);
     if (!validate(row, col, text))
         return false;
-    const int now = rowOfKey(key);
+    const int now = rowOfKey(key, row);
     if (now < 0)
         return true;
     const QString before = this->text(now, col);

@@ -72,7 +72,7 @@ public:
     [[nodiscard]] int rowHeight() const { return rowHeight_; }
     /// Stays with a row as long as it exists, through sorting too.
     [[nodiscard]] RowKey rowKey(int row) const { return store_.keyOf(row); }
-    [[nodiscard]] int rowOfKey(RowKey key) const { return store_.rowOf(key); }
+    [[nodiscard]] int rowOfKey(RowKey key, int guess = 0) const { return store_.rowOf(key, guess); }
 
     // Cells
     [[nodiscard]] QString text(int row, int col) const;

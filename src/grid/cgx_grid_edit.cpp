@@ -21,7 +21,7 @@ constexpr int editorRoom = 14;
 std::optional<CellPos> CGXGridWnd::editedCell() const {
     if (!edit_)
         return std::nullopt;
-    return CellPos{rowOfKey(edit_->key), edit_->col};
+    return CellPos{edit_->row, edit_->col};
 }
 
 QString CGXGridWnd::controlText(int row, int col) const {
@@ -49,7 +49,7 @@ bool CGXGridWnd::openEditor(Start start, const QString& typed) {
         return false;
     scrollTo(current->row, current->col);
     auto* const editor = new CellEditor(viewport(), *this, look);
-    edit_ = Edit{rowKey(current->row), current->col, start == Start::Empty, false, editor};
+    edit_ = Edit{rowKey(current->row), current->row, current->col, start == Start::Empty, editor};
     QPalette colors = palette();
     if (look.background.isValid()) {
         colors.setColor(QPalette::Base, look.background);
@@ -136,7 +136,6 @@ bool CGXGridWnd::commitEdit() {
     if (!stillOpen())
         return true;
     if (!accepted) {
-        edit_->refused = true;
         edit_->typedOver = false;
         edit_->editor->setFocus(Qt::OtherFocusReason);
         edit_->editor->selectAll();
@@ -144,7 +143,7 @@ bool CGXGridWnd::commitEdit() {
     }
     // Read again: the owner may have put the text into its final form.
     const QString final = edit_->editor->text();
-    const int row = rowOfKey(key);
+    const int row = edit_->row;
     setText(row, pos.col, final);
     closeEditor();
     cellCommitted(row, pos.col, before);

@@ -44,7 +44,7 @@ void CGXGridWnd::moveTo(CellPos pos, bool extend) {
     const auto current = currentCell();
     if (!extend || !current) {
         const RowKey key = rowKey(pos.row);
-        if (setCurrentCell(pos.row, pos.col) && rowOfKey(key) > 0)
+        if (setCurrentCell(pos.row, pos.col) && rowOfKey(key, pos.row) > 0)
             clearSelection();
         return;
     }

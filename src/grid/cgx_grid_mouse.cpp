@@ -103,7 +103,7 @@ void CGXGridWnd::pressCell(QMouseEvent* event, CellPos pos) {
     const RowKey key = rowKey(pos.row);
     if (!setCurrentCell(pos.row, pos.col))
         return;
-    pos.row = rowOfKey(key);
+    pos.row = rowOfKey(key, pos.row);
     if (pos.row < 0)
         return;
     if (!event->modifiers().testFlag(Qt::ControlModifier))

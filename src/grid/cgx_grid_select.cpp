@@ -23,7 +23,7 @@ bool CGXGridCore::setCurrentCell(int row, int col) {
         const RowKey key = rowKey(row);
         if (validating_ || !leaveCell())
             return false;
-        const int now = rowOfKey(key);
+        const int now = rowOfKey(key, row);
         if (now < 1)
             return false;
         row = now;

@@ -115,7 +115,9 @@ void CGXGridWnd::layoutChanged() {
 void CGXGridWnd::structureChanged() {
     lead_.reset();
     endDrag();
-    if (edit_ && rowOfKey(edit_->key) < 0)
+    if (edit_)
+        edit_->row = rowOfKey(edit_->key, edit_->row);
+    if (edit_ && edit_->row < 0)
         closeEditor();
     layoutChanged();
     if (QAccessible::isActive()) {
@@ -143,8 +145,6 @@ void CGXGridWnd::scrollTo(int row, int col) {
 }
 
 void CGXGridWnd::updateCurrentArea(CellPos pos) {
-    if (pos.row > rowCount() || pos.col > colCount())
-        return;
     viewport()->update(geometry_.cellRect(pos.row, pos.col)
                            .adjusted(-frameReach, -frameReach, frameReach, frameReach));
     viewport()->update(geometry_.cellRect(pos.row, 0));
@@ -157,16 +157,20 @@ void CGXGridWnd::selectionMoved() {
     viewport()->update(0, 0, viewport()->width(), geometry_.headerHeight());
     if (const auto current = currentCell())
         updateCurrentArea(*current);
-    if (!selection().empty()) {
-        const CellRange& range = selection().back();
-        const QRect area = geometry_.rangeRect(range);
-        viewport()->update(QRect(area.right(), area.bottom(), 1, 1)
-                               .adjusted(-frameReach, -frameReach, frameReach, frameReach));
-    }
+    updateHandleArea();
+}
+
+void CGXGridWnd::updateHandleArea() {
+    if (selection().empty())
+        return;
+    const QRect area = geometry_.rangeRect(selection().back());
+    viewport()->update(QRect(area.right(), area.bottom(), 1, 1)
+                           .adjusted(-frameReach, -frameReach, frameReach, frameReach));
 }
 
 void CGXGridWnd::currentMovedFrom(std::optional<CellPos> before) {
     lead_.reset();
+    updateHandleArea();
     if (before)
         updateCurrentArea(*before);
     if (const auto now = currentCell()) {

@@ -111,10 +111,10 @@ private:
 
     struct Edit {
         RowKey key = 0;
+        int row = 0;
         int col = 0;
         /// The text was typed over the cell: Left and Right leave it.
         bool typedOver = false;
-        bool refused = false;
         CellEditor* editor = nullptr;
     };
 
@@ -122,6 +122,7 @@ private:
     void relayout();
     void updateScrollBars();
     void updateCurrentArea(CellPos pos);
+    void updateHandleArea();
     [[nodiscard]] QFont zoomedFont() const;
     [[nodiscard]] PaintState paintState() const;
     bool showToolTip(QPoint place, QPoint global);

@@ -29,6 +29,9 @@ int GridGeometry::topOf(int position) const {
 }
 
 QRect GridGeometry::cellRect(int row, int col) const {
+    // Under a redraw lock the cells may be ahead of the geometry.
+    if (row < 0 || col < 0 || row > store_.rowCount() || col > colCount())
+        return {};
     const int width = widthOf(col);
     if (width == 0 || (row > 0 && store_.rowHidden(row)))
         return {};

@@ -152,7 +152,7 @@ void GridPainter::paintCell(QPainter& painter, const QRect& area, int row, int c
 }
 
 void GridPainter::paint(QPainter& painter, const QRect& dirty, const PaintState& state) {
-    texts_.begin();
+    texts_.begin(false);
     penColor_ = QColor();
     painter.setClipRect(dirty);
     painter.fillRect(dirty, palette_.brush(QPalette::Base));

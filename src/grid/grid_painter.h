@@ -36,7 +36,7 @@ public:
     void paint(QPainter& painter, const QRect& dirty, const PaintState& state);
     /// One cell without lines and selection, as on paper.
     void paintCell(QPainter& painter, const QRect& area, int row, int col);
-    void beginPaper() { texts_.begin(); }
+    void beginPaper() { texts_.begin(true); }
     [[nodiscard]] QColor lineColor() const { return line_; }
 
 private:

@@ -31,8 +31,7 @@ class Paper {
 public:
     Paper(const CGXGridCore& grid, const GridStore& store, const std::vector<int>& cols,
           const QFont& font)
-        : grid_(grid), store_(store), cols_(cols), geometry_(store), cells_(grid, geometry_),
-          font_(font) {
+        : store_(store), cols_(cols), geometry_(store), cells_(grid, geometry_), font_(font) {
         if (font.pointSizeF() > 0)
             font_.setPixelSize(
                 static_cast<int>(std::lround(font.pointSizeF() * screenDots / pointsPerInch)));
@@ -84,7 +83,6 @@ private:
         }
     }
 
-    const CGXGridCore& grid_;
     const GridStore& store_;
     const std::vector<int>& cols_;
     GridGeometry geometry_;

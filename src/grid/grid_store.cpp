@@ -72,7 +72,9 @@ void GridStore::reorder(const std::vector<quint32>& order) {
     shownStale_ = true;
 }
 
-int GridStore::rowOf(RowKey key) const {
+int GridStore::rowOf(RowKey key, int guess) const {
+    if (guess > 0 && guess <= rowCount() && keyOf(guess) == key)
+        return guess;
     const auto found = std::find(order_.begin(), order_.end(), key);
     return found == order_.end() ? -1 : static_cast<int>(found - order_.begin());
 }

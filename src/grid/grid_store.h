@@ -40,8 +40,9 @@ public:
     void reorder(const std::vector<quint32>& order);
 
     [[nodiscard]] RowKey keyOf(int row) const { return order_[index(row)]; }
-    /// -1 when the row is gone.
-    [[nodiscard]] int rowOf(RowKey key) const;
+    /// -1 when the row is gone. Looks at row `guess` first, and through all rows only if that
+    /// fails.
+    [[nodiscard]] int rowOf(RowKey key, int guess = 0) const;
 
     void hideRow(int row, bool hidden);
     [[nodiscard]] bool rowHidden(int row) const { return rowHidden_[keyOf(row)] != 0; }

@@ -4,6 +4,7 @@
 #include "core/number.h"
 #include "core/text.h"
 
+#include <algorithm>
 #include <array>
 #include <optional>
 
@@ -60,21 +61,31 @@ CheckResult compare(double v, std::int32_t checkId, double p1, double p2) {
     }
 }
 
+/// The next position of an operand list, taken off its front; none at its end.
+std::optional<std::int32_t> nextOperand(std::wstring_view& list) {
+    while (!list.empty()) {
+        const std::wstring_view token = list.substr(0, list.find(L'.'));
+        list.remove_prefix(std::min(token.size() + 1, list.size()));
+        if (!token.empty())
+            return toInteger(token);
+    }
+    return std::nullopt;
+}
+
 /// The operand cells of a combination rule with their numbers.
 class Operands {
 public:
-    Operands(std::span<const std::wstring> row, std::wstring_view list, wchar_t mark) {
-        std::size_t i = 0;
-        for (const std::int32_t position : thermalOperands(list)) {
-            if (i == maximumOperands)
+    Operands(std::span<const std::wstring> row, std::wstring_view list, wchar_t mark)
+        : mark_(mark) {
+        for (std::wstring_view& text : texts_) {
+            const auto position = nextOperand(list);
+            if (!position)
                 break;
-            if (position >= 0 && static_cast<std::size_t>(position) < row.size())
-                texts_[i] = row[static_cast<std::size_t>(position)];
-            numbers_[i] = readNumber(texts_[i], mark).value;
-            ++i;
+            if (*position >= 0 && static_cast<std::size_t>(*position) < row.size())
+                text = row[static_cast<std::size_t>(*position)];
         }
     }
-    [[nodiscard]] double number(std::size_t i) const { return numbers_[i]; }
+    [[nodiscard]] double number(std::size_t i) const { return readNumber(texts_[i], mark_).value; }
     [[nodiscard]] std::wstring_view text(std::size_t i) const { return texts_[i]; }
     [[nodiscard]] bool filled(std::size_t i) const { return !texts_[i].empty(); }
     [[nodiscard]] bool given(std::size_t i) const {
@@ -83,7 +94,7 @@ public:
 
 private:
     std::array<std::wstring_view, maximumOperands> texts_;
-    std::array<double, maximumOperands> numbers_{};
+    wchar_t mark_;
 };
 
 bool junctionFits(const Operands& a) {
@@ -146,9 +157,8 @@ CheckResult CheckThermalRule(std::span<const std::wstring> rowValues, std::int32
 
 std::vector<std::int32_t> thermalOperands(std::wstring_view operands) {
     std::vector<std::int32_t> positions;
-    for (const std::wstring_view token : split(operands, L'.'))
-        if (!token.empty())
-            positions.push_back(toInteger(token));
+    while (const auto position = nextOperand(operands))
+        positions.push_back(*position);
     return positions;
 }
 

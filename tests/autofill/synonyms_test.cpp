@@ -84,6 +84,15 @@ TEST(Synonyms, FaultyEntriesAreNamedAndMatchNothing) {
     EXPECT_EQ(rewritten(table, "A 4K good"), "A 4K x");
 }
 
+TEST(Synonyms, TheShippedTableHasNoFaultyEntry) {
+    CPartwrightPlugInApp app;
+    app.programFolder = decodeLossy(PARTWRIGHT_TABLES "/");
+    SynonymTable table;
+    ASSERT_EQ(LoadSynonyms(app, table).status, FileStatus::Ok);
+    EXPECT_GT(table.size(), 0U);
+    EXPECT_EQ(table.faultyLines(), std::vector<std::size_t>());
+}
+
 TEST(Synonyms, WithoutEntriesTheTextStays) {
     EXPECT_EQ(SynonymTable().rewrite(L"10\u2126 a\tb"), L"10\u2126 a\tb");
     EXPECT_EQ(tableOf("A,B").rewrite(L"-"), L"-");

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <random>
 #include <string>
 #include <utility>
 #include <vector>
@@ -112,6 +113,23 @@ TEST(RegularExpression, SurvivesHostileTexts) {
     }
     EXPECT_TRUE(RegularExpression(L"(a*)*b").fullMatch(texts[2]));
     EXPECT_FALSE(RegularExpression(L"(a*)*b").fullMatch(texts[0]));
+}
+
+// A text that needs a new state of the set at nearly every character: once they take too much
+// memory they are dropped while a text is read, and a longer text is left to the single matchers.
+TEST(RegularExpression, SetForgetsStatesAndGoesOn) {
+    const RegularExpressionSet set({L".*a.{400}", L"[ab]*", L".*b.{400}"});
+    std::mt19937 random(5);
+    std::wstring text;
+    for (const std::size_t length : {12'000U, 16'000U, 46'000U}) {
+        while (text.size() < length)
+            text += random() % 2 == 0 ? L'a' : L'b';
+        const std::size_t other = text[length - 401] == L'a' ? 0 : 2;
+        const std::vector<std::size_t> expected{std::min<std::size_t>(other, 1),
+                                                std::max<std::size_t>(other, 1)};
+        EXPECT_EQ(set.matches(text), expected) << length;
+        EXPECT_EQ(set.matches(L"ab"), std::vector<std::size_t>{1});
+    }
 }
 
 } // namespace

@@ -276,6 +276,22 @@ TEST(GridView, PartialRepaintsEqualAFullOne) {
     }
 }
 
+TEST(GridView, ALockedGridMayBePaintedAndUsed) {
+    Sheet sheet(3, 2);
+    {
+        const RedrawLock lock(sheet);
+        sheet.InsertCols(3, 3);
+        sheet.InsertRows(1, 50);
+        EXPECT_TRUE(sheet.setCurrentCell(53, 5));
+        sheet.selectRange({50, 4, 53, 5});
+        sheet.onScreen();
+        sheet.RemoveRows(1, 53);
+        sheet.onScreen();
+        sheet.InsertRows(1, 2);
+    }
+    EXPECT_FALSE(sheet.cellRect(2, 5).isEmpty());
+}
+
 TEST(GridView, ToldBackgroundsCarryReadableText) {
     for (const auto& [back, dark] :
          {std::pair{QColor(255, 240, 150), true}, std::pair{QColor(20, 20, 60), false}}) {

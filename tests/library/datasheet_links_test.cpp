@@ -1,0 +1,55 @@
+#include "library/datasheet_links.h"
+#include "support/temp_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+namespace partwright {
+namespace {
+
+TEST(DatasheetLinks, RoundTripAndFaults) {
+    const test::TempFolder folder;
+    CPartwrightPlugInApp app;
+    app.libraryFolder = folder / L"";
+    EXPECT_EQ(LoadDatasheetLinks(app).status, FileStatus::Absent);
+    app.datasheetLinks = {{L"1N4148", L"diodes/1N4148 - (2).pdf"},
+                          {L"A,B", L"x, y.pdf"},
+                          {L"EMPTY", L""},
+                          {L"\u03A9-1", L"\u03A9.pdf"}};
+    ASSERT_TRUE(SaveDatasheetLinks(app).isSaved);
+    EXPECT_EQ(folder.bytesOf(L"DataSheetLinkTable.csv"),
+              "PartNum,FileName,\n1N4148,diodes/1N4148 - (2).pdf,\n\"A,B\",\"x, y.pdf\",\n"
+              "\xCE\xA9-1,\xCE\xA9.pdf,\n");
+    DatasheetLinks expected = app.datasheetLinks;
+    expected.erase(L"EMPTY");
+    ASSERT_EQ(LoadDatasheetLinks(app).status, FileStatus::Ok);
+    EXPECT_EQ(app.datasheetLinks, expected);
+
+    // A table of an older code page keeps its form until a character asks for more.
+    folder.put(L"DataSheetLinkTable.csv", "PartNum,FileName,\r\n\xB5P,a.pdf,\r\n");
+    LoadDatasheetLinks(app);
+    ASSERT_TRUE(SaveDatasheetLinks(app).isSaved);
+    EXPECT_EQ(folder.bytesOf(L"DataSheetLinkTable.csv"), "PartNum,FileName,\r\n\xB5P,a.pdf,\r\n");
+
+    // A table that could not be read is told of and never written over.
+    std::filesystem::remove(folder.path() / "DataSheetLinkTable.csv");
+    std::filesystem::create_directory(folder.path() / "DataSheetLinkTable.csv");
+    EXPECT_EQ(LoadDatasheetLinks(app).message,
+              L"Failed to Open File\n" + datasheetLinksPath(app) + L".");
+    EXPECT_EQ(app.datasheetLinks.size(), 1U);
+    std::filesystem::remove(folder.path() / "DataSheetLinkTable.csv");
+    const LinkSaveResult refused = SaveDatasheetLinks(app);
+    EXPECT_FALSE(refused.isSaved);
+    EXPECT_FALSE(refused.message.empty());
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "DataSheetLinkTable.csv"));
+    // Once it reads again the mark is gone.
+    LoadDatasheetLinks(app);
+    EXPECT_TRUE(SaveDatasheetLinks(app).isSaved);
+    app.libraryFolder = folder / L"nowhere/";
+    EXPECT_EQ(SaveDatasheetLinks(app).message,
+              L"Failed to Open File: \n" + datasheetLinksPath(app));
+}
+
+} // namespace
+} // namespace partwright
