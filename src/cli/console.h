@@ -3,9 +3,12 @@
 // The command line's way of speaking: boxes become lines on the error stream, a question is
 // answered with what the command was told to do.
 
+#include "core/application.h"
 #include "core/ports/prompt.h"
 
 #include <iosfwd>
+#include <string>
+#include <vector>
 
 namespace partwright::cli {
 
@@ -17,11 +20,14 @@ public:
                       PromptButtons buttons) override;
 
     /// A file that is there could not be opened for reading.
-    [[nodiscard]] bool unreadable() const { return unreadable_; }
+    [[nodiscard]] bool unreadable() const { return !unreadable_.empty(); }
+    /// The same for a file that is no library: a rule table, the project input.
+    [[nodiscard]] bool unreadableTable(const CPartwrightPlugInApp& app) const;
 
 private:
     std::ostream& err_;
-    bool unreadable_ = false;
+    /// The boxes that told so.
+    std::vector<std::wstring> unreadable_;
 };
 
 } // namespace partwright::cli

@@ -60,7 +60,7 @@ int runFill(const PlaceOptions& place, const FillOptions& options, Streams strea
     Project project(place, streams);
     // With a table or the part list unread, values would be missing or come from the wrong rules.
     // A library that was not read is refused by its own save.
-    if (project.prompt.unreadable() && !project.hasFaultyLibrary())
+    if (project.prompt.unreadableTable(project.app))
         return Usage;
     const bool both = !options.sdta && !options.analyses;
     bool written = true;

@@ -47,11 +47,6 @@ Project::Project(const PlaceOptions& place, Streams streams)
     tellMissingGroups(app, prompt);
 }
 
-bool Project::hasFaultyLibrary() const {
-    return std::any_of(app.libraryFaults.begin(), app.libraryFaults.end(),
-                       [](const auto& entry) { return entry.second != LibraryFault::None; });
-}
-
 PageFilter pageFilter(const PageSession& page, std::optional<FilterChoice> choice) {
     if (!choice)
         return page.filter();

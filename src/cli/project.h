@@ -31,9 +31,6 @@ public:
     FillEngine engine;
     MainSession session;
 
-    /// A library was not understood when it was read, so its save will be refused.
-    [[nodiscard]] bool hasFaultyLibrary() const;
-
 private:
     SystemClock clock_;
 };

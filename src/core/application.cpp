@@ -20,9 +20,7 @@ auto buildTypes(const std::vector<std::wstring>& groupNames, std::int32_t last, 
         std::vector<TypeEntry> entries;
         for (const TypeName& type : typesOf(static_cast<std::int32_t>(group))) {
             TypeEntry entry{std::wstring(type.name), std::wstring(type.description)};
-            if (entries.empty())
-                entry.name = defaultTypeName; // shown so in group 0 too
-            else
+            if (!entries.empty()) // the first one shows its second text alone
                 entry.display = entry.name + L" <" + entry.display + L">";
             entries.push_back(std::move(entry));
         }

@@ -2,6 +2,8 @@
 
 #include "core/cell_text.h"
 
+#include <algorithm>
+
 namespace partwright {
 
 namespace {
@@ -27,7 +29,9 @@ void settleProcess(std::wstring& value, const SdtaPropertyRow* row) {
 
 template <class Record>
 CompletionRules<Record>::CompletionRules(const CPartwrightPlugInApp& app) {
-    const auto count = static_cast<std::int32_t>(Kind<Record>::groupNames(app).size());
+    // Groups that have columns but no name are judged by their own columns, too.
+    const auto count = std::max(static_cast<std::int32_t>(Kind<Record>::groupNames(app).size()),
+                                Kind<Record>::lastGroup + 1);
     for (std::int32_t number = 0; number <= count; ++number)
         groups_.push_back(prepare(app, number));
 }

@@ -1,16 +1,20 @@
 #include "core/paths.h"
 
+#include "core/encoding.h"
 #include "core/settings.h"
 #include "core/text_file.h"
 
 #include <filesystem>
-#include <locale>
-#include <stdexcept>
 #include <system_error>
 
 #ifdef _WIN32
 #define WIN32_LEAN_AND_MEAN
 #include <windows.h>
+
+#include <array>
+#else
+#include <langinfo.h>
+#include <locale.h>
 #endif
 
 namespace partwright {
@@ -25,7 +29,7 @@ std::size_t lastSeparator(std::wstring_view path) {
 }
 
 std::wstring join(std::wstring_view folder, std::wstring_view file) {
-    return std::wstring(folder) + pathSeparator + std::wstring(file);
+    return withSeparator(folder) + std::wstring(file);
 }
 
 } // namespace
@@ -102,13 +106,20 @@ void ResolveAnalysesFilePaths(CPartwrightPlugInApp& app) {
 }
 
 std::wstring localeDecimalPoint() {
-    try {
-        const wchar_t mark =
-            std::use_facet<std::numpunct<wchar_t>>(std::locale("")).decimal_point();
-        return std::wstring(1, mark);
-    } catch (const std::runtime_error&) {
+#ifdef _WIN32
+    std::array<wchar_t, 8> mark{};
+    const int size = GetLocaleInfoEx(LOCALE_NAME_USER_DEFAULT, LOCALE_SDECIMAL, mark.data(),
+                                     static_cast<int>(mark.size()));
+    return size > 1 ? std::wstring(mark.data()) : L".";
+#else
+    // Only the category of numbers: another one that is not installed must not change the mark.
+    const locale_t numbers = ::newlocale(LC_NUMERIC_MASK, "", nullptr);
+    if (numbers == nullptr)
         return L"."; // the environment names a locale that is not installed
-    }
+    std::wstring mark = decodeLossy(::nl_langinfo_l(RADIXCHAR, numbers));
+    ::freelocale(numbers);
+    return mark.empty() ? L"." : mark;
+#endif
 }
 
 } // namespace partwright

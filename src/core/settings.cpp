@@ -98,6 +98,8 @@ std::optional<std::size_t> findValue(const Place& place, std::wstring_view name)
 RegistryStatus readOnce(std::wstring_view base, std::wstring& value, std::wstring_view section,
                         std::wstring_view name) {
     Place place = openPlace(fileIn(userFolder(), base, section), section);
+    if (!place.readable)
+        return RegistryStatus::NoPlace;
     for (const std::wstring& folder : machineFolders()) {
         if (place.section)
             break;

@@ -50,7 +50,8 @@ void closeFile(int file) {
 }
 #else
 int openFile(std::wstring_view path, bool write) {
-    const int flags = write ? O_RDWR | O_CREAT | O_CLOEXEC : O_RDONLY | O_CLOEXEC;
+    // A pipe must be refused, not waited for.
+    const int flags = (write ? O_RDWR | O_CREAT : O_RDONLY) | O_CLOEXEC | O_NONBLOCK;
     return ::open(nativePath(path).c_str(), flags, 0666);
 }
 std::ptrdiff_t readSome(int file, char* data, std::size_t size) {
@@ -207,7 +208,11 @@ TextFile readTextFile(std::wstring_view path) {
             errno == ENOENT || errno == ENOTDIR ? FileStatus::Absent : FileStatus::OpenFailed;
         return result;
     }
-    if (!readAll(file.handle(), result.bytes)) {
+    // Two-byte text would read as rows of nobody; taking it for an empty table would lose it.
+    const auto isTwoByteText = [](std::string_view bytes) {
+        return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
+    };
+    if (!readAll(file.handle(), result.bytes) || isTwoByteText(result.bytes)) {
         result.bytes.clear();
         result.status = FileStatus::OpenFailed;
         return result;

@@ -1,5 +1,6 @@
 #include "editing/startup.h"
 
+#include "core/cell_text.h"
 #include "core/paths.h"
 #include "core/settings.h"
 #include "core/text.h"
@@ -92,9 +93,11 @@ void reloadSdtaLibraries(CPartwrightPlugInApp& app, Prompt& prompt) {
 PartSelection partsOfProject(const CPartwrightPlugInApp& app, bool onlySelected) {
     PartSelection parts;
     for (const auto& [designator, entry] : app.projectEntries) {
-        const std::wstring value = app.ProjectValue(designator, app.columnPartNumber);
+        std::wstring value = app.ProjectValue(designator, app.columnPartNumber);
         if (value.empty() || (onlySelected && entry.selected == 0))
             continue;
+        if (value.size() > cell::maximumLength) // as the record's own key will be
+            value.resize(cell::maximumLength);
         std::wstring& designators = parts[upperCase(value)];
         if (!designators.empty())
             designators += L',';

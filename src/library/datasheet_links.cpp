@@ -2,6 +2,7 @@
 
 #include "core/encoding.h"
 #include "core/messages.h"
+#include "core/paths.h"
 #include "core/text.h"
 #include "core/text_file.h"
 #include "library/rule_table.h"
@@ -40,7 +41,7 @@ std::wstring formatLinks(const DatasheetLinks& links, std::wstring_view lineEnd)
 } // namespace
 
 std::wstring datasheetLinksPath(const CPartwrightPlugInApp& app) {
-    return app.libraryFolder + std::wstring(tableName);
+    return withSeparator(app.libraryFolder) + std::wstring(tableName);
 }
 
 LoadResult LoadDatasheetLinks(CPartwrightPlugInApp& app) {

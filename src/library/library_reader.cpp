@@ -312,8 +312,11 @@ LoadResult LoadSdtaLibrary(CPartwrightPlugInApp& app, SdtaLibrary& target, std::
 
 LoadResult LoadAnalysesLibrary(CPartwrightPlugInApp& app, AsrLibrary& target,
                                std::wstring_view path) {
-    if (app.programFolder.empty())
+    if (app.programFolder.empty()) {
+        if (!path.empty() && fileExists(path)) // not read, so never to be written over
+            app.libraryFaults.insert_or_assign(std::wstring(path), LibraryFault::Unreadable);
         return {};
+    }
     LoadResult result = loadLibrary<AsrComponent>(
         app, target, path.empty() ? app.programFolder + L"ASRLib.csv" : std::wstring(path));
     if (result.status == FileStatus::Absent)

@@ -11,7 +11,7 @@ namespace {
 TEST(DatasheetLinks, RoundTripAndFaults) {
     const test::TempFolder folder;
     CPartwrightPlugInApp app;
-    app.libraryFolder = folder / L"";
+    app.libraryFolder = pathText(folder.path());
     EXPECT_EQ(LoadDatasheetLinks(app).status, FileStatus::Absent);
     app.datasheetLinks = {{L"1N4148", L"diodes/1N4148 - (2).pdf"},
                           {L"A,B", L"x, y.pdf"},
