@@ -21,6 +21,6 @@ int runFill(const PlaceOptions& place, const FillOptions& options, Streams strea
 int runClassify(const PlaceOptions& place, const LineOptions& options, Streams streams);
 int runDescribe(const PlaceOptions& place, const LineOptions& options, Streams streams);
 int runConvert(const PlaceOptions& place, const ConvertOptions& options, Streams streams);
-int runTables(const PlaceOptions& place, Streams streams);
+int runTables(const PlaceOptions& place, const TablesOptions& options, Streams streams);
 
 } // namespace partwright::cli

@@ -18,6 +18,11 @@ struct PlaceOptions {
     bool json = false;
 };
 
+struct TablesOptions {
+    /// Print what the tables cover instead of checking them.
+    bool coverage = false;
+};
+
 enum class FilterChoice { Selected, Project, Full };
 
 struct StatusOptions {

@@ -146,7 +146,12 @@ private:
     void addTables() {
         CLI::App* command = app_.add_subcommand("tables", "Check every table against every other");
         addPlace(*command, place_, false);
-        command->callback([this] { action_ = [this] { return runTables(place_, streams_); }; });
+        CLI::Option* coverage =
+            command->add_flag("--coverage", tables_.coverage,
+                              "Print what the tables cover, as Markdown, and check nothing");
+        coverage->excludes("--json");
+        command->callback(
+            [this] { action_ = [this] { return runTables(place_, tables_, streams_); }; });
     }
 
     CLI::App app_{"Completes the parameters of a design's parts in two text libraries.",
@@ -157,6 +162,7 @@ private:
     FillOptions fill_;
     LineOptions lines_;
     ConvertOptions convert_;
+    TablesOptions tables_;
     std::string filter_;
     std::string kind_;
     std::function<int()> action_;

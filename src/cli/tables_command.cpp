@@ -1,6 +1,7 @@
 #include "cli/commands.h"
 #include "cli/project.h"
 #include "core/encoding.h"
+#include "tablecheck/coverage.h"
 #include "tablecheck/table_check.h"
 
 #include <nlohmann/json.hpp>
@@ -30,8 +31,12 @@ nlohmann::ordered_json json(const TableFinding& finding) {
 
 } // namespace
 
-int runTables(const PlaceOptions& place, Streams streams) {
+int runTables(const PlaceOptions& place, const TablesOptions& options, Streams streams) {
     Tables tables(place, streams);
+    if (options.coverage) {
+        streams.out << encodeUtf8(coverageText(tables.app, tables.engine.tables()));
+        return Fine;
+    }
     const std::vector<TableFinding> findings = checkTables(tables.app, tables.engine);
     if (place.json) {
         auto answer = nlohmann::ordered_json::array();

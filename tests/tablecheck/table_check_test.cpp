@@ -120,6 +120,18 @@ TEST(ShippedTables, AreClean) {
 
 const std::string longExpression = "|" + std::string(1001, 'X') + ")([^A-Z0-9].*)?,\"D,CR,SCR";
 
+TEST(Coverage, StandsInTheDocumentation) {
+    constexpr std::string_view mark = "<!-- coverage -->\n";
+    const std::string page = bytesOf(PARTWRIGHT_COVERAGE_PAGE);
+    const auto begin = page.find(mark);
+    ASSERT_NE(begin, std::string::npos);
+    const Answer answer = runTables(PARTWRIGHT_TABLES, {"--coverage"});
+    EXPECT_EQ(answer.code, 0);
+    EXPECT_EQ(page.substr(begin + mark.size()), answer.text)
+        << "put the answer of \"partwright-cli tables --coverage\" behind the mark in "
+           "docs/tables.md";
+}
+
 TEST_F(TableCheck, ClassificationTables) {
     const char* rules = "DescrRules.csv";
     const char* types = "DescrRules_SDTATypes.csv";
