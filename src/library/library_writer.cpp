@@ -305,7 +305,7 @@ bool LibraryFormatter<Record>::ruledCell(std::wstring_view text, bool isValue) {
 template <class Record>
 bool LibraryFormatter<Record>::value(std::wstring_view text, bool isPin) {
     using Buffer = RowBuffer;
-    if (text == cell::noValue)
+    if (text.starts_with(L'-') && text == cell::noValue)
         return out_.simpleCell(cell::shownNoValue, 0);
     if constexpr (!Dialect<Record>::encodesValues)
         return out_.bareOrQuotedCell(text);

@@ -26,82 +26,73 @@ public:
 
     void take(Node node) {
         ascending_ = ascending_ && (nodes_.empty() || nodes_.back().key() < node.key());
+        places_.push_back({pack(node.key(), 0), pack(node.key(), packed), nodes_.size()});
         nodes_.push_back(std::move(node));
     }
 
     /// All entries so far; the collector is empty afterwards.
     [[nodiscard]] Map collect() {
+        if (!ascending_)
+            sortPlaces();
         Map result;
-        if (ascending_) {
-            for (Node& node : nodes_)
-                result.insert(result.end(), std::move(node));
-        } else {
-            const auto order = sorted();
-            for (std::size_t i = 0; i < order.size(); ++i)
-                if (i + 1 == order.size() || keyOf(order[i]) != keyOf(order[i + 1]))
-                    result.insert(result.end(), std::move(nodes_[order[i].index]));
-        }
+        for (std::size_t i = 0; i < places_.size(); ++i)
+            if (ascending_ || i + 1 == places_.size() || !sameKey(places_[i], places_[i + 1]))
+                result.insert(result.end(), std::move(nodes_[places_[i].index]));
+        places_.clear();
         nodes_.clear();
         ascending_ = true;
         return result;
     }
 
 private:
-    /// The start of a key beside its place: most comparisons need no look at the key itself.
+    /// Characters of a key in one number.
+    static constexpr std::size_t packed = 8;
+
+    /// An entry's place in the file, with the start of its key: most comparisons need no look at
+    /// the key itself, which is far away in memory.
     struct Place {
         std::uint64_t start = 0;
+        std::uint64_t next = 0;
         std::size_t index = 0;
     };
+
+    /// The characters of a key from `from` on, so that smaller keys have smaller numbers and equal
+    /// numbers leave the matter open. A character beyond Latin-1 ends what can be told.
+    [[nodiscard]] static std::uint64_t pack(std::wstring_view key, std::size_t from) {
+        constexpr std::uint32_t unknown = 255;
+        std::uint64_t number = 0;
+        bool known = true;
+        for (std::size_t i = 0; i < from + packed; ++i) {
+            const auto c = known && i < key.size() ? static_cast<std::uint32_t>(key[i]) : 0U;
+            if (i >= from)
+                number = (number << 8) | std::min(c, unknown);
+            known = known && c < unknown;
+        }
+        return number;
+    }
 
     [[nodiscard]] const std::wstring& keyOf(const Place& place) const {
         return nodes_[place.index].key();
     }
 
-    /// The characters of a key from `from` on, packed so that smaller keys have smaller numbers
-    /// and equal numbers leave the matter open.
-    [[nodiscard]] static std::uint64_t pack(std::wstring_view key, std::size_t from) {
-        constexpr std::size_t width = 8;
-        std::uint64_t packed = 0;
-        bool open = true;
-        for (std::size_t i = from; i < from + width; ++i) {
-            const auto c = open && i < key.size() ? static_cast<std::uint32_t>(key[i]) : 0U;
-            packed = (packed << 8) | std::min(c, 255U);
-            open = open && c < 255;
-        }
-        return packed;
+    [[nodiscard]] bool sameKey(const Place& a, const Place& b) const {
+        return a.start == b.start && a.next == b.next && keyOf(a) == keyOf(b);
     }
 
-    /// Part numbers of one series differ far behind their start, so what all keys begin with is
-    /// left out.
-    [[nodiscard]] std::size_t commonStart() const {
-        const std::wstring_view first = nodes_.front().key();
-        std::size_t common = first.size();
-        for (const Node& node : nodes_) {
-            const std::wstring_view key = node.key();
-            std::size_t same = 0;
-            while (same < std::min(common, key.size()) && key[same] == first[same])
-                ++same;
-            common = same;
-        }
-        return common;
-    }
-
-    [[nodiscard]] std::vector<Place> sorted() const {
-        const std::size_t from = commonStart();
-        std::vector<Place> order(nodes_.size());
-        for (std::size_t i = 0; i < order.size(); ++i)
-            order[i] = {pack(nodes_[i].key(), from), i};
-        std::sort(order.begin(), order.end(), [this](const Place& a, const Place& b) {
+    void sortPlaces() {
+        std::sort(places_.begin(), places_.end(), [this](const Place& a, const Place& b) {
             if (a.start != b.start)
                 return a.start < b.start;
+            if (a.next != b.next)
+                return a.next < b.next;
             const int keys = keyOf(a).compare(keyOf(b));
             return keys != 0 ? keys < 0 : a.index < b.index;
         });
-        return order;
     }
 
     Map maker_;
     std::vector<Node> nodes_;
+    std::vector<Place> places_;
     bool ascending_ = true;
 };
 

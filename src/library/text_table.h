@@ -10,7 +10,7 @@
 // Library and project files: a "sep=" line names the separator, rows have a mark in their first
 // field, cells are read by the field scanner (field_scanner.h).
 //
-// A separator in the quoted form of a file is one ASCII character.
+// The separator of a file is always one ASCII character.
 
 #include "core/encoding.h"
 
