@@ -100,8 +100,8 @@ struct SynonymTable::Entries {
         const auto number = readSynonymNumber(prepared.folded, 0);
         std::vector<std::size_t> matching;
         SynonymMatch match;
-        const auto list =
-            byFirst.find(std::min(static_cast<char32_t>(prepared.folded.front()), char32_t{128}));
+        const auto list = byFirst.find(static_cast<wchar_t>(
+            std::min(static_cast<char32_t>(prepared.folded.front()), char32_t{beyondAscii})));
         if (list != byFirst.end())
             for (const Candidate& candidate : list->second)
                 if (patterns[candidate.pattern].match(prepared, 0, number, match))

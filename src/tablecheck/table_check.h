@@ -8,19 +8,19 @@
 //       ... finding.file, finding.line, finding.column, finding.text
 //
 // What is checked, by file:
-//   UnitTable, ParamRuleTable    the compiled tables: words and factors, terms, keys, codes,
-//   columns DescrRules.csv               groups 1 to 26 in order, expressions, typical designators
+//   UnitTable, ParamRuleTable    the compiled tables: words, factors, terms, keys, codes, columns
+//   DescrRules.csv               groups 1 to 26 in order, expressions, typical designators
 //   DescrRules_SDTATypes.csv     groups and types, keywords, exclusion terms
 //   SDTA_ASR_MGT.csv             methods, groups and types, type names
 //   DescrSynonyms.csv            entries that can be read, each reachable
 //   Property_SDTA_Library.csv,   a row for every pair of group and type, families and numbers,
-//   Property_ASR_Library.csv     labels, hints, rule references
+//   Property_ASR_Library.csv     labels, hints, rule references, drop-down lists
 //   LibColVisibility_Ext.csv     groups and parameters
 //   SDTALibraryValidationRules.csv      numbers, kinds, comparisons, bounds
 //   SDTALibThermalParamValidation.csv   rules, messages, positions of the right columns
-//   SDTA_Default_LPar.csv, ASR_Default_LPar.csv   pairs, slots, values under their own rules
-//   Conv_BiCode.csv              every SDTA group reaches an Analyses group
-//   GLibData.glb                 expressions, index rows, lists, examples, conflicts
+//   SDTA_Default_LPar.csv, ASR_Default_LPar.csv   pairs, slots, values under their rules
+//   Conv_BiCode.csv              families; every SDTA group reaches an Analyses group
+//   GLibData.glb                 expressions and the codes they let through, fields, examples
 
 #include "autofill/fill_engine.h"
 #include "core/application.h"
