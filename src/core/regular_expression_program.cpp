@@ -242,6 +242,12 @@ private:
             return false;
         }
         repeat.lazy = take(L'?');
+        // A star on a star says nothing new, and thousands of them would nest as deep.
+        const Node& inner = tree_.nodes[static_cast<std::size_t>(node)];
+        const bool isStar = repeat.required == 0 && repeat.optional < 0;
+        if (isStar && inner.kind == NodeKind::Repeat && inner.required == 0 && inner.optional < 0 &&
+            inner.lazy == repeat.lazy)
+            return true;
         repeat.children.push_back(node);
         node = add(std::move(repeat));
         return true;
