@@ -21,6 +21,7 @@
 #include "core/application.h"
 #include "core/library_kind.h"
 #include "core/ports/prompt.h"
+#include "editing/analysis_level.h"
 #include "editing/library_save.h"
 
 #include <cstdint>
@@ -32,10 +33,6 @@ namespace partwright {
 /// The filter radios of the pages. The Analyses page calls AllProject "Project Only" and has no
 /// SelectedOnly.
 enum class PageFilter { SelectedOnly, AllProject, FullLibrary };
-
-/// Analysis levels, in the order of the radios: "Schematic Review (ASR)", "Auto Stress Calculation
-/// (Rapid )", "Tessara (Full)".
-enum class AnalysisLevel { SchematicReview, Rapid, Full };
 
 /// One line of a page's list.
 struct GroupCount {
