@@ -5,7 +5,8 @@
 namespace partwright {
 
 MainSession::MainSession(CPartwrightPlugInApp& app, FillEngine& engine, Prompt& prompt)
-    : sdtaPage(app, engine, prompt), asrPage(app, engine, prompt), app_(app), prompt_(prompt) {}
+    : sdtaPage(app, engine, rules, prompt), asrPage(app, engine, rules, prompt), app_(app),
+      prompt_(prompt) {}
 
 void MainSession::start() {
     for (int index = 0; index < pageCount; ++index) {

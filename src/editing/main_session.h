@@ -32,6 +32,9 @@ class MainSession {
 public:
     MainSession(CPartwrightPlugInApp& app, FillEngine& engine, Prompt& prompt);
 
+    /// Rules for cells, shared by the dialogs of both pages.
+    ValidationTables rules;
+
     /// Starts both pages, SDTA first, and activates the one that the command line named.
     void start();
 

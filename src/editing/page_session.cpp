@@ -191,9 +191,19 @@ void SdtaPageSession::start() {
     projectParts = partsOfProject(app_, false);
     RebuildKeySets();
     filter_ = app_.selectedCount > 0 ? PageFilter::SelectedOnly : PageFilter::AllProject;
-    tell(prompt_, LoadGroupNames(app_));
+    loadRules();
+    // The classification is prepared for the groups as they are read now.
+    const LoadResult groups = LoadGroupNames(app_);
     tellAll(engine_.load());
+    tell(prompt_, groups);
     refresh();
+}
+
+void SdtaPageSession::loadRules() {
+    if (rules_.rules.empty())
+        tell(prompt_, LoadValidationRules(app_.sdtaValidationRulesPath, rules_.rules));
+    if (rules_.thermal.empty())
+        tell(prompt_, LoadThermalValidationRules(app_.sdtaThermalValidationPath, rules_.thermal));
 }
 
 std::vector<PageFilter> SdtaPageSession::filters() const {
@@ -226,7 +236,7 @@ void AsrPageSession::start() {
     loadAnalysesTables(app_, prompt_);
     loadAnalysesLibraries(app_, prompt_);
     takeMasters();
-    tell(prompt_, LoadGroupNames(app_));
+    app_.rebuildSdtaGroups();
     tellAll(engine_.load());
     reloadSdtaLibraries(app_, prompt_);
     filter_ = PageFilter::AllProject;

@@ -23,6 +23,7 @@
 #include "core/ports/prompt.h"
 #include "editing/analysis_level.h"
 #include "editing/library_save.h"
+#include "validation/validation_tables.h"
 
 #include <cstdint>
 #include <string>
@@ -51,8 +52,9 @@ struct GroupCount {
 /// What both pages offer, whatever their library holds.
 class PageSession {
 public:
-    PageSession(CPartwrightPlugInApp& app, FillEngine& engine, Prompt& prompt)
-        : app_(app), engine_(engine), prompt_(prompt) {}
+    PageSession(CPartwrightPlugInApp& app, FillEngine& engine, ValidationTables& rules,
+                Prompt& prompt)
+        : app_(app), engine_(engine), rules_(rules), prompt_(prompt) {}
     PageSession(const PageSession&) = delete;
     PageSession& operator=(const PageSession&) = delete;
     virtual ~PageSession() = default;
@@ -88,6 +90,9 @@ public:
     /// Makes the working map the master copy and writes it over the file of the current library.
     virtual SaveOutcome save(bool announce) = 0;
 
+    /// What a valid cell is, for the dialogs over the records; read when the SDTA page starts.
+    [[nodiscard]] const ValidationTables& rules() const { return rules_; }
+
     /// True once a record was changed, merged or saved since the start.
     [[nodiscard]] bool modified() const { return modified_; }
 
@@ -103,6 +108,7 @@ protected:
 
     CPartwrightPlugInApp& app_;
     FillEngine& engine_;
+    ValidationTables& rules_;
     Prompt& prompt_;
     PageFilter filter_ = PageFilter::AllProject;
     bool isDesign_ = true;
@@ -156,6 +162,8 @@ public:
     [[nodiscard]] std::vector<GroupCount> counts() const override;
 
 private:
+    /// The rule tables that are not there yet.
+    void loadRules();
     bool addMissingParts() override;
 };
 

@@ -75,6 +75,8 @@ TEST_F(MainSessionTest, StartsSdtaFirstAndOpensWhatTheCommandLineNamed) {
     EXPECT_EQ(main.asrPage.level(), AnalysisLevel::Rapid);
     EXPECT_EQ(filtersOf(main), Filters(PageFilter::SelectedOnly, PageFilter::AllProject));
     EXPECT_EQ(clock.pauses, 0);
+    EXPECT_FALSE(main.sdtaPage.rules().rules.empty());
+    EXPECT_FALSE(main.asrPage.rules().thermal.empty());
 }
 
 TEST_F(MainSessionTest, WaitsForALockedPartListAndGoesOnWithoutAProject) {
