@@ -1,6 +1,7 @@
 #include "dialogs/main_dialog.h"
 
 #include "dialogs/look.h"
+#include "dialogs/new_component_dialog.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -81,6 +82,10 @@ CPartwrightPlugInDlg::CPartwrightPlugInDlg(MainSession& session, QWidget* parent
             [this](int group) { Q_EMIT groupOpened(0, group); });
     connect(asrPage_, &CLibraryPage::groupOpened, this,
             [this](int group) { Q_EMIT groupOpened(1, group); });
+    connect(this, &CPartwrightPlugInDlg::groupOpened, this, [this](int page, int group) {
+        if (group == 0)
+            openNewComponents(page);
+    });
     showAll();
     const int unit = fontMetrics().averageCharWidth();
     resize(unit * 130, fontMetrics().height() * 42);
@@ -193,6 +198,15 @@ void CPartwrightPlugInDlg::run(MainCommand command) {
     default:
         break;
     }
+}
+
+void CPartwrightPlugInDlg::openNewComponents(int page) {
+    const auto table = session_.page(page).openNewComponents();
+    if (CNewComp1(*table, this).exec() != QDialog::Accepted)
+        return;
+    const WaitCursor wait;
+    session_.storeNewComponents(page, *table);
+    showAll();
 }
 
 void CPartwrightPlugInDlg::showAll() {

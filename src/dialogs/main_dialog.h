@@ -56,6 +56,7 @@ private:
     QPushButton* addCommand(QBoxLayout* layout, MainCommand command, const QString& caption,
                             const QString& image, const QString& toolTip, const QString& name);
     void run(MainCommand command);
+    void openNewComponents(int page);
     void showAll();
     void showCommands();
     void showAbout();

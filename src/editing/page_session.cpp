@@ -4,6 +4,7 @@
 #include "core/cell_text.h"
 #include "core/text.h"
 #include "editing/library_save.h"
+#include "editing/new_component_session.h"
 #include "editing/startup.h"
 #include "library/property_tables.h"
 
@@ -129,6 +130,29 @@ std::vector<std::wstring> LibraryPageSession<Record>::parseDescriptions() {
     modified_ = modified_ || !report.changed.empty();
     refresh();
     return std::move(report.changed);
+}
+
+template <class Record>
+std::unique_ptr<NewComponentTable> LibraryPageSession<Record>::openNewComponents() {
+    const PartSelection& filter = filterSet();
+    Library records;
+    for (const auto& [key, record] : workingLibrary())
+        if (record.group == 0 && (!isDesign_ || filter.contains(key)))
+            records.emplace_hint(records.end(), key, record);
+    return std::make_unique<NewComponentSession<Record>>(app_, std::move(records),
+                                                         partsOfProject(app_, false), prompt_);
+}
+
+template <class Record>
+void LibraryPageSession<Record>::storeNewComponents(NewComponentTable& table) {
+    Library records = static_cast<NewComponentSession<Record>&>(table).takeRecords();
+    if (records.empty() && table.removedParts().empty())
+        return;
+    for (auto& [key, record] : records)
+        workingLibrary().insert_or_assign(key, std::move(record));
+    modified_ = true;
+    RebuildKeySets();
+    refresh();
 }
 
 template <class Record>

@@ -26,10 +26,13 @@
 #include "validation/validation_tables.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace partwright {
+
+class NewComponentTable;
 
 /// The filter radios of the pages. The Analyses page calls AllProject "Project Only" and has no
 /// SelectedOnly.
@@ -87,6 +90,12 @@ public:
     virtual std::vector<std::wstring> runGroupLibrary() = 0;
     virtual std::vector<std::wstring> parseDescriptions() = 0;
 
+    /// The parts without a group that pass the filter, to be given one.
+    [[nodiscard]] virtual std::unique_ptr<NewComponentTable> openNewComponents() = 0;
+    /// Takes over what a table of this page's openNewComponents() holds after OK. Its removed
+    /// parts are the main session's affair, since they leave both pages.
+    virtual void storeNewComponents(NewComponentTable& table) = 0;
+
     /// Makes the working map the master copy and writes it over the file of the current library.
     virtual SaveOutcome save(bool announce) = 0;
 
@@ -130,6 +139,8 @@ public:
     [[nodiscard]] const std::wstring& libraryPath() const override;
     std::vector<std::wstring> runGroupLibrary() override;
     std::vector<std::wstring> parseDescriptions() override;
+    [[nodiscard]] std::unique_ptr<NewComponentTable> openNewComponents() override;
+    void storeNewComponents(NewComponentTable& table) override;
     SaveOutcome save(bool announce) override;
 
     [[nodiscard]] Library& workingLibrary();
