@@ -16,7 +16,7 @@ namespace partwright {
 
 namespace {
 
-constexpr int linesOfList = 12;
+constexpr int linesOfList = 19;
 constexpr int widthOfFamilies = 44;
 constexpr int widthOfGroups = 30;
 

@@ -13,7 +13,7 @@ namespace partwright {
 
 namespace {
 
-constexpr int firstColumns = 150;
+constexpr int firstColumns = 200;
 constexpr int firstLines = 32;
 
 } // namespace
@@ -31,12 +31,13 @@ CNewComp1::CNewComp1(NewComponentTable& table, QWidget* parent) : QDialog(parent
     grid_->setPrintTitle(windowTitle());
     column->addWidget(grid_, 1);
     column->addLayout(makeButtons());
-    grid_->setCurrentCell(1, CStingrayGrid::Family);
-    grid_->setFocus();
     const QSize first(fontMetrics().averageCharWidth() * firstColumns,
                       fontMetrics().height() * firstLines);
     setMinimumSize(first.boundedTo(screen()->availableSize() * 9 / 10));
     resize(minimumSize());
+    layout()->activate(); // the grid scrolls by the size it will have
+    grid_->setCurrentCell(1, CStingrayGrid::Family);
+    grid_->setFocus();
 }
 
 QBoxLayout* CNewComp1::makeButtons() {
@@ -57,8 +58,12 @@ QBoxLayout* CNewComp1::makeButtons() {
     boxRow->addWidget(search);
     boxRow->addWidget(refresh);
     row->addWidget(box);
-    row->addWidget(web, 0, Qt::AlignBottom);
-    row->addStretch(1);
+    // The other buttons stand on the line of those in the box.
+    auto* line = new QHBoxLayout;
+    line->setContentsMargins(0, 0, 0, boxRow->contentsMargins().bottom());
+    row->addLayout(line, 1);
+    line->addWidget(web, 0, Qt::AlignBottom);
+    line->addStretch(1);
     QPushButton* ok =
         look::imageButton(tr("OK"), QStringLiteral("ok.svg"), QString(), QStringLiteral("ok"));
     ok->setDefault(true);
@@ -66,8 +71,8 @@ QBoxLayout* CNewComp1::makeButtons() {
     QPushButton* cancel = look::imageButton(tr("Cancel"), QStringLiteral("cancel.svg"), QString(),
                                             QStringLiteral("cancel"));
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-    row->addWidget(ok, 0, Qt::AlignBottom);
-    row->addWidget(cancel, 0, Qt::AlignBottom);
+    line->addWidget(ok, 0, Qt::AlignBottom);
+    line->addWidget(cancel, 0, Qt::AlignBottom);
     return row;
 }
 

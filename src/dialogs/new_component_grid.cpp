@@ -22,8 +22,8 @@ struct ColumnLook {
 };
 
 constexpr ColumnLook columns[] = {
-    {"PartNum", 22}, {"CatNum", 16}, {"Description", 40},     {"BlockNumb", 11},    {"Family", 16},
-    {"Group", 22},   {"Used", 14},   {"Datasheet (PDF)", 22}, {"Manufacturer", 15}, {"Notes", 15},
+    {"PartNum", 20}, {"CatNum", 14}, {"Description", 34},     {"BlockNumb", 14},    {"Family", 15},
+    {"Group", 20},   {"Used", 12},   {"Datasheet (PDF)", 20}, {"Manufacturer", 18}, {"Notes", 13},
 };
 
 } // namespace

@@ -40,21 +40,27 @@ CPowerDissipCalc::CPowerDissipCalc(PowerCalculator& calculator, std::wstring_vie
     load();
 }
 
+// "Oj" stands above the box of the two places, and the resistance to each place below it.
 QGroupBox* CPowerDissipCalc::makeQuantityBox() {
     auto* box = new QGroupBox(tr("Select a parameter to be calculated"), this);
     box->setObjectName(QStringLiteral("quantityBox"));
     auto* grid = new QGridLayout(box);
-    addQuantity(grid, 0, Quantity::Junction, tr("Tj, [°C]"), "calculateTj");
-    auto* ts = addQuantity(grid, 1, Quantity::Reference, tr("Ts, [°C]"), "calculateTs");
-    addQuantity(grid, 2, Quantity::Power, tr("Pw, [W]"), "calculatePw");
-    addQuantity(grid, 3, Quantity::Resistance, tr("Oj, [°C/W]"), "calculateOj");
-    addField(grid, 0, CalculatorField::Junction, tr("Tj, [°C]"), "tj");
-    addField(grid, 1, CalculatorField::Reference, tr("Ts, [°C]"), "ts");
-    addField(grid, 2, CalculatorField::Power, tr("Pw, [W]"), "pw");
-    grid->addWidget(makePlaceBox(), 1, 3);
-    for (int column = 0; column < 3; ++column)
-        grid->setColumnStretch(column, 1);
-    grid->setColumnStretch(3, 2);
+    grid->addWidget(makeQuantity(Quantity::Junction, tr("Tj, [°C]"), "calculateTj"), 0, 0, 2, 1);
+    auto* ts = makeQuantity(Quantity::Reference, tr("Ts, [°C]"), "calculateTs");
+    grid->addWidget(ts, 0, 1, 2, 1);
+    grid->addWidget(makeQuantity(Quantity::Power, tr("Pw, [W]"), "calculatePw"), 0, 2, 2, 1);
+    grid->addWidget(makeQuantity(Quantity::Resistance, tr("Oj, [°C/W]"), "calculateOj"), 0, 3, 1,
+                    2);
+    grid->addWidget(makePlaceBox(), 1, 3, 1, 2);
+    const std::pair<QString, const char*> fields[] = {{tr("Tj, [°C]"), "tj"},
+                                                      {tr("Ts, [°C]"), "ts"},
+                                                      {tr("Pw, [W]"), "pw"},
+                                                      {tr("Oja, [°C/W]"), "oja"},
+                                                      {tr("Ojc, [°C/W]"), "ojc"}};
+    for (std::size_t i = 0; i < fields_.size(); ++i) {
+        fields_[i] = makeField(static_cast<CalculatorField>(i), fields[i].first, fields[i].second);
+        grid->addWidget(fields_[i], 2, static_cast<int>(i));
+    }
     ts->setDisabled(calculator_.isAmbientOnly());
     edit(CalculatorField::Reference)->setDisabled(calculator_.isAmbientOnly());
     return box;
@@ -64,45 +70,40 @@ QGroupBox* CPowerDissipCalc::makePlaceBox() {
     auto* box = new QGroupBox(this);
     box->setObjectName(QStringLiteral("placeBox"));
     box->setAccessibleName(tr("Thermal resistance from the junction to"));
-    auto* grid = new QGridLayout(box);
-    addPlace(grid, 0, ReferencePlace::Ambient, tr("Ambient"), "ambient");
-    addPlace(grid, 1, ReferencePlace::Case, tr("Case"), "case")
-        ->setDisabled(calculator_.isAmbientOnly());
-    addField(grid, 0, CalculatorField::Ambient, tr("Oja, [°C/W]"), "oja");
-    addField(grid, 1, CalculatorField::Case, tr("Ojc, [°C/W]"), "ojc");
+    auto* row = new QHBoxLayout(box);
+    row->addWidget(makePlace(ReferencePlace::Ambient, tr("Ambient"), "ambient"), 1);
+    auto* atCase = makePlace(ReferencePlace::Case, tr("Case"), "case");
+    atCase->setDisabled(calculator_.isAmbientOnly());
+    row->addWidget(atCase, 1);
     return box;
 }
 
-QRadioButton* CPowerDissipCalc::addQuantity(QGridLayout* grid, int column, Quantity quantity,
-                                            const QString& caption, const char* name) {
+QRadioButton* CPowerDissipCalc::makeQuantity(Quantity quantity, const QString& caption,
+                                             const char* name) {
     auto* radio = new QRadioButton(caption, this);
     radio->setObjectName(QLatin1String(name));
     radio->setAccessibleName(caption);
     quantities_->addButton(radio, static_cast<int>(quantity));
-    grid->addWidget(radio, 0, column);
     return radio;
 }
 
-QRadioButton* CPowerDissipCalc::addPlace(QGridLayout* grid, int column, ReferencePlace place,
-                                         const QString& caption, const char* name) {
+QRadioButton* CPowerDissipCalc::makePlace(ReferencePlace place, const QString& caption,
+                                          const char* name) {
     auto* radio = new QRadioButton(caption, this);
     radio->setObjectName(QLatin1String(name));
     radio->setAccessibleName(caption);
     places_->addButton(radio, static_cast<int>(place));
-    grid->addWidget(radio, 0, column);
     return radio;
 }
 
-QLineEdit* CPowerDissipCalc::addField(QGridLayout* grid, int column, CalculatorField field,
-                                      const QString& accessibleName, const char* name) {
+QLineEdit* CPowerDissipCalc::makeField(CalculatorField field, const QString& caption,
+                                       const char* name) {
     auto* line = new QLineEdit(this);
     line->setObjectName(QLatin1String(name));
-    line->setAccessibleName(accessibleName);
-    line->setToolTip(accessibleName);
+    line->setAccessibleName(caption);
+    line->setToolTip(caption);
     line->setMinimumWidth(fontMetrics().averageCharWidth() * widthOfField);
     connect(line, &QLineEdit::textChanged, this, [this, field] { filter(field); });
-    fields_[static_cast<std::size_t>(field)] = line;
-    grid->addWidget(line, 1, column, Qt::AlignBottom);
     return line;
 }
 

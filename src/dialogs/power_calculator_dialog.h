@@ -18,7 +18,6 @@
 
 class QBoxLayout;
 class QButtonGroup;
-class QGridLayout;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
@@ -46,12 +45,9 @@ private:
     QGroupBox* makePlaceBox();
     QGroupBox* makeStatusBox();
     QBoxLayout* makeButtons();
-    QRadioButton* addQuantity(QGridLayout* grid, int column, Quantity quantity,
-                              const QString& caption, const char* name);
-    QRadioButton* addPlace(QGridLayout* grid, int column, ReferencePlace place,
-                           const QString& caption, const char* name);
-    QLineEdit* addField(QGridLayout* grid, int column, CalculatorField field,
-                        const QString& accessibleName, const char* name);
+    QRadioButton* makeQuantity(Quantity quantity, const QString& caption, const char* name);
+    QRadioButton* makePlace(ReferencePlace place, const QString& caption, const char* name);
+    QLineEdit* makeField(CalculatorField field, const QString& caption, const char* name);
     void setTabOrders();
     void load();
     bool calculate();
