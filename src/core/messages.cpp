@@ -139,4 +139,16 @@ std::wstring referenceOutOfRange(std::wstring_view high) {
     return join({L"Value of Ts should be between 0 and ", high, L"."});
 }
 
+std::wstring datasheetFolderMissing(std::wstring_view folder) {
+    return join({L"Defined Path to Datasheet Directory \"", folder, L"\" does not exist."});
+}
+
+std::wstring fileMissing(std::wstring_view path) {
+    return join({L"File \"", path, L"\" does not exist."});
+}
+
+std::wstring noProgramToOpen(std::wstring_view path) {
+    return join({L"No program of this desktop opens the file\n", path});
+}
+
 } // namespace partwright::message

@@ -127,4 +127,14 @@ inline constexpr std::wstring_view ojcOutOfRange = L"Value of Ojc should be betw
 [[nodiscard]] std::wstring junctionOutOfRange(std::wstring_view low, std::wstring_view high);
 [[nodiscard]] std::wstring referenceOutOfRange(std::wstring_view high);
 
+// --- Data sheets ---------------------------------------------------------------------------------
+
+inline constexpr std::wstring_view datasheetFolderNotDefined =
+    L"Path to Datasheet Directory is not defined.";
+
+[[nodiscard]] std::wstring datasheetFolderMissing(std::wstring_view folder);
+[[nodiscard]] std::wstring fileMissing(std::wstring_view path);
+/// The file is there, but the desktop has no program for it.
+[[nodiscard]] std::wstring noProgramToOpen(std::wstring_view path);
+
 } // namespace partwright::message

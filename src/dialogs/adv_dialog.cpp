@@ -2,7 +2,7 @@
 
 #include "core/cell_text.h"
 #include "dialogs/look.h"
-#include "dialogs/shown_text.h"
+#include "dialogs/qt_text.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -46,7 +46,7 @@ CAdvDlg::CAdvDlg(GroupChoiceSession& session, Prompt& prompt, const QString& par
                  QWidget* parent)
     : QDialog(parent), session_(session), prompt_(prompt) {
     look::initialiseImages();
-    setWindowTitle(shownText(session_.title()));
+    setWindowTitle(qtText(session_.title()));
     setObjectName(QStringLiteral("advDialog"));
     setSizeGripEnabled(true);
     auto* column = new QVBoxLayout(this);
@@ -113,7 +113,7 @@ QVBoxLayout* CAdvDlg::makeList(const QString& caption, QListWidget* list) {
 
 void CAdvDlg::showFamilies() {
     for (const GroupChoiceSession::Family& family : session_.families())
-        families_->addItem(shownText(family.shown));
+        families_->addItem(qtText(family.shown));
     families_->setCurrentRow(families_->count() > 0 ? static_cast<int>(session_.family()) : -1);
     showGroups();
     if (!session_.asksPartNumber())
@@ -124,7 +124,7 @@ void CAdvDlg::showGroups() {
     const QSignalBlocker blocker(groups_);
     groups_->clear();
     for (const FamilyGroup& group : session_.groups())
-        groups_->addItem(shownText(group.name));
+        groups_->addItem(qtText(group.name));
     ok_->setEnabled(groups_->count() > 0);
     if (groups_->count() > 0)
         groups_->setCurrentRow(static_cast<int>(session_.group()));

@@ -202,7 +202,7 @@ void CPartwrightPlugInDlg::run(MainCommand command) {
 
 void CPartwrightPlugInDlg::openNewComponents(int page) {
     const auto table = session_.page(page).openNewComponents();
-    if (CNewComp1(*table, this).exec() != QDialog::Accepted)
+    if (CNewComp1(*table, newComponentSort_, this).exec() != QDialog::Accepted)
         return;
     const WaitCursor wait;
     session_.storeNewComponents(page, *table);

@@ -5,11 +5,13 @@
 
 #include "dialogs/page_widgets.h"
 #include "editing/main_session.h"
+#include "grid/cgx_grid_core.h"
 
 #include <QDialog>
 #include <QPushButton>
 #include <QTabWidget>
 #include <map>
+#include <memory>
 
 class QBoxLayout;
 class QRadioButton;
@@ -66,6 +68,8 @@ private:
     CSDTAPage* sdtaPage_ = nullptr;
     CASRPage* asrPage_ = nullptr;
     std::map<MainCommand, QPushButton*> commands_;
+    /// The directions in which the table of new parts was sorted last.
+    std::shared_ptr<grid::SortFlags> newComponentSort_ = std::make_shared<grid::SortFlags>();
 };
 
 } // namespace partwright

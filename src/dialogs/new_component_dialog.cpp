@@ -18,14 +18,16 @@ constexpr int firstLines = 32;
 
 } // namespace
 
-CNewComp1::CNewComp1(NewComponentTable& table, QWidget* parent) : QDialog(parent) {
+CNewComp1::CNewComp1(NewComponentTable& table, std::shared_ptr<grid::SortFlags> sortFlags,
+                     QWidget* parent)
+    : QDialog(parent) {
     look::initialiseImages();
     setWindowTitle(tr("New component group assignment"));
     setObjectName(QStringLiteral("newComponentDialog"));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     setSizeGripEnabled(true);
     auto* column = new QVBoxLayout(this);
-    grid_ = new CStingrayGrid(table, this);
+    grid_ = new CStingrayGrid(table, std::move(sortFlags), this);
     grid_->setObjectName(QStringLiteral("newComponentGrid"));
     grid_->setAccessibleName(tr("Components without a group"));
     grid_->setPrintTitle(windowTitle());
@@ -46,10 +48,10 @@ QBoxLayout* CNewComp1::makeButtons() {
     auto* box = new QGroupBox(tr("Datasheet"), this);
     box->setObjectName(QStringLiteral("datasheetBox"));
     auto* boxRow = new QHBoxLayout(box);
-    QPushButton* search = look::imageButton(tr("Search"), QStringLiteral("search.svg"), QString(),
-                                            QStringLiteral("datasheetSearch"));
-    QPushButton* refresh = look::imageButton(tr("Refresh"), QStringLiteral("sync.svg"), QString(),
-                                             QStringLiteral("datasheetRefresh"));
+    QPushButton* search = look::imageButton(tr("Search"), QStringLiteral("datasheet_search.svg"),
+                                            QString(), QStringLiteral("datasheetSearch"));
+    QPushButton* refresh = look::imageButton(tr("Refresh"), QStringLiteral("refresh.svg"),
+                                             QString(), QStringLiteral("datasheetRefresh"));
     QPushButton* web =
         look::imageButton(tr("Web Search AI Driven"), QStringLiteral("web_search.svg"), QString(),
                           QStringLiteral("webSearch"));

@@ -4,8 +4,10 @@
 // choices in the table that was handed over, for the page to take; Cancel drops them with it.
 
 #include "editing/new_component_session.h"
+#include "grid/cgx_grid_core.h"
 
 #include <QDialog>
+#include <memory>
 
 class QBoxLayout;
 
@@ -17,7 +19,9 @@ class CNewComp1 : public QDialog {
     Q_OBJECT
 
 public:
-    explicit CNewComp1(NewComponentTable& table, QWidget* parent = nullptr);
+    /// The directions in which the table's columns were sorted last outlive the dialog.
+    CNewComp1(NewComponentTable& table, std::shared_ptr<grid::SortFlags> sortFlags,
+              QWidget* parent = nullptr);
 
 public Q_SLOTS:
     /// OK: an open list is committed first.

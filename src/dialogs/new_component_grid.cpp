@@ -1,6 +1,6 @@
 #include "dialogs/new_component_grid.h"
 
-#include "dialogs/shown_text.h"
+#include "dialogs/qt_text.h"
 #include "validation/choice_list.h"
 
 #include <QKeyEvent>
@@ -28,11 +28,10 @@ constexpr ColumnLook columns[] = {
 
 } // namespace
 
-CStingrayGrid::CStingrayGrid(NewComponentTable& table, QWidget* parent)
+CStingrayGrid::CStingrayGrid(NewComponentTable& table, std::shared_ptr<grid::SortFlags> sortFlags,
+                             QWidget* parent)
     : CGXGridWnd(parent), table_(table) {
-    // A direction lasts as long as the program runs, whatever dialog is opened.
-    static const auto sortFlags = std::make_shared<grid::SortFlags>();
-    setSortFlags(sortFlags);
+    setSortFlags(std::move(sortFlags));
     const grid::RedrawLock lock(*this);
     buildColumns();
     fillRows();
@@ -55,7 +54,7 @@ void CStingrayGrid::buildColumns() {
         const std::wstring_view shown = familyDisplayName(key);
         families.add(key, shown == key ? std::wstring_view() : shown);
     }
-    setColStyle(Family, {.kind = CellKind::DropDown, .choices = shownText(families.text())});
+    setColStyle(Family, {.kind = CellKind::DropDown, .choices = qtText(families.text())});
     setColStyle(Group, {.kind = CellKind::DropDown, .enabled = false});
 }
 
@@ -66,9 +65,9 @@ void CStingrayGrid::fillRows() {
         keys_.push_back(rowKey(row));
         const auto put = [&](Column col, const std::wstring& text) {
             if (!text.empty())
-                setText(row, col, shownText(text), Redraw::Later);
+                setText(row, col, qtText(text), Redraw::Later);
         };
-        setText(row, PartNumber, shownText(line.part).trimmed(), Redraw::Later);
+        setText(row, PartNumber, qtText(line.part).trimmed(), Redraw::Later);
         put(CatalogNumber, line.catalogNumber);
         put(Description, line.description);
         put(Used, line.used);
@@ -92,17 +91,16 @@ const QString& CStingrayGrid::groupChoices(const std::wstring& family) {
     const auto [entry, added] = groupChoices_.try_emplace(family);
     if (added)
         for (const std::wstring& name : table_.groups(family))
-            entry->second += shownText(name) + QLatin1Char('\n');
+            entry->second += qtText(name) + QLatin1Char('\n');
     return entry->second;
 }
 
 void CStingrayGrid::showChoices(int row) {
     const NewComponentRow& line = table_.rows()[placeOf(row)];
-    setText(row, Family, shownText(line.family));
+    setText(row, Family, qtText(line.family));
     const QString& choices = groupChoices(line.family);
-    SetStyleRange(
-        CellRange::cell(row, Group),
-        {.value = shownText(line.group), .enabled = !choices.isEmpty(), .choices = choices});
+    SetStyleRange(CellRange::cell(row, Group),
+                  {.value = qtText(line.group), .enabled = !choices.isEmpty(), .choices = choices});
 }
 
 void CStingrayGrid::assign(int row, int col, const QString& text) {

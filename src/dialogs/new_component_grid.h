@@ -10,6 +10,8 @@
 #include "editing/new_component_session.h"
 #include "grid/cgx_grid_wnd.h"
 
+#include <map>
+#include <memory>
 #include <unordered_map>
 #include <vector>
 
@@ -32,7 +34,8 @@ public:
         Notes,
     };
 
-    explicit CStingrayGrid(NewComponentTable& table, QWidget* parent = nullptr);
+    CStingrayGrid(NewComponentTable& table, std::shared_ptr<grid::SortFlags> sortFlags,
+                  QWidget* parent = nullptr);
 
 protected:
     void autoFillFinished(grid::CellPos source, const grid::CellRange& range) override;

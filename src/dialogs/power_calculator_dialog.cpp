@@ -2,7 +2,7 @@
 
 #include "core/messages.h"
 #include "dialogs/look.h"
-#include "dialogs/shown_text.h"
+#include "dialogs/qt_text.h"
 
 #include <QAccessible>
 #include <QButtonGroup>
@@ -29,7 +29,7 @@ CPowerDissipCalc::CPowerDissipCalc(PowerCalculator& calculator, std::wstring_vie
     : QDialog(parent), calculator_(calculator), cells_(std::move(cells)),
       quantities_(new QButtonGroup(this)), places_(new QButtonGroup(this)) {
     look::initialiseImages();
-    setWindowTitle(shownText(message::calculatorTitle(partNumber)));
+    setWindowTitle(qtText(message::calculatorTitle(partNumber)));
     setObjectName(QStringLiteral("powerCalculator"));
     auto* column = new QVBoxLayout(this);
     column->addWidget(makeQuantityBox());
@@ -147,8 +147,8 @@ QBoxLayout* CPowerDissipCalc::makeButtons() {
     };
     add(tr("OK"), "ok.svg", "ok", [this] { accept(); });
     add(tr("Cancel"), "cancel.svg", "cancel", [this] { reject(); });
-    add(tr("Refresh"), "sync.svg", "refresh", [this] { load(); });
-    add(tr("Calculate"), "calculate.svg", "calculate", [this] { calculate(); });
+    add(tr("Refresh"), "refresh.svg", "refresh", [this] { load(); });
+    add(tr("Calculate"), "calculator.svg", "calculate", [this] { calculate(); });
     buttons_[0]->setDefault(true);
     return row;
 }
@@ -196,7 +196,7 @@ void CPowerDissipCalc::filter(CalculatorField field) {
     // What was kept before the cursor is where the cursor belongs.
     const auto cursor =
         calculator_.setField(field, typed.left(line->cursorPosition()).toStdWString()).size();
-    const QString kept = shownText(calculator_.setField(field, typed.toStdWString()));
+    const QString kept = qtText(calculator_.setField(field, typed.toStdWString()));
     if (kept == typed)
         return;
     showing_ = true;
@@ -208,12 +208,12 @@ void CPowerDissipCalc::filter(CalculatorField field) {
 void CPowerDissipCalc::showFields() {
     showing_ = true;
     for (std::size_t i = 0; i < fields_.size(); ++i)
-        fields_[i]->setText(shownText(calculator_.field(static_cast<CalculatorField>(i))));
+        fields_[i]->setText(qtText(calculator_.field(static_cast<CalculatorField>(i))));
     showing_ = false;
 }
 
 void CPowerDissipCalc::showStatus() {
-    const QString text = shownText(calculator_.status());
+    const QString text = qtText(calculator_.status());
     status_->setText(text);
     statusPicture_->setVisible(!text.isEmpty());
     statusPicture_->setAccessibleName(text.isEmpty() ? QString() : tr("Not calculated"));

@@ -3,6 +3,7 @@
 #include "autofill/defaults.h"
 #include "core/cell_text.h"
 #include "core/text.h"
+#include "editing/component_table_session.h"
 #include "editing/library_save.h"
 #include "editing/new_component_session.h"
 #include "editing/startup.h"
@@ -61,15 +62,19 @@ void add(GroupCount& count, const Record& record) {
 } // namespace
 
 const PartSelection& PageSession::filterSet() const {
-    switch (filter_) {
+    return this->*setOf(filter_, isDesign_);
+}
+
+PartSelection PageSession::*PageSession::setOf(PageFilter filter, bool isDesign) {
+    switch (filter) {
     case PageFilter::SelectedOnly:
-        return selectedParts;
+        return &PageSession::selectedParts;
     case PageFilter::AllProject:
-        return projectParts;
+        return &PageSession::projectParts;
     case PageFilter::FullLibrary:
         break;
     }
-    return isDesign_ ? designParts : publicParts;
+    return isDesign ? &PageSession::designParts : &PageSession::publicParts;
 }
 
 void PageSession::tellAll(const std::vector<LoadResult>& results) {
@@ -133,14 +138,54 @@ std::vector<std::wstring> LibraryPageSession<Record>::parseDescriptions() {
 }
 
 template <class Record>
+std::unique_ptr<TableSession> LibraryPageSession<Record>::openGroup(std::int32_t group) {
+    Library records;
+    handedOut_.clear();
+    for (const auto& [key, record] : workingLibrary()) {
+        if (record.group != group || !isCounted(key))
+            continue;
+        records.emplace_hint(records.end(), key, record);
+        handedOut_.push_back(key);
+    }
+    TablePlace place{&projectRows_, &shownParts(), isDesign_ ? &designParts : &publicParts,
+                     [this](std::wstring_view part) { return workingLibrary().contains(part); }};
+    return std::make_unique<ComponentTableSession<Record>>(app_, group, level(), std::move(records),
+                                                           rules(), std::move(place), prompt_);
+}
+
+template <class Record>
+void LibraryPageSession<Record>::storeGroup(TableSession& session) {
+    Library returned = static_cast<ComponentTableSession<Record>&>(session).takeRecords();
+    Library& library = workingLibrary();
+    for (const std::wstring& key : handedOut_) {
+        if (returned.contains(key))
+            continue;
+        library.erase(key);
+        if (projectRows_.contains(key))
+            continue;
+        projectParts.erase(key); // it was there because somebody had added it by hand
+        selectedParts.erase(key);
+    }
+    for (auto& [key, record] : returned) {
+        if (std::is_same_v<Record, SdtaComponent> && record.group < 0)
+            library.erase(key); // no group of its own is how a stress record is given up
+        else
+            library.insert_or_assign(key, std::move(record));
+    }
+    handedOut_.clear();
+    modified_ = true;
+    RebuildKeySets();
+    refresh();
+}
+
+template <class Record>
 std::unique_ptr<NewComponentTable> LibraryPageSession<Record>::openNewComponents() {
-    const PartSelection& filter = filterSet();
     Library records;
     for (const auto& [key, record] : workingLibrary())
-        if (record.group == 0 && (!isDesign_ || filter.contains(key)))
+        if (record.group == 0 && isCounted(key))
             records.emplace_hint(records.end(), key, record);
-    return std::make_unique<NewComponentSession<Record>>(app_, std::move(records),
-                                                         partsOfProject(app_, false), prompt_);
+    return std::make_unique<NewComponentSession<Record>>(app_, std::move(records), projectRows_,
+                                                         prompt_);
 }
 
 template <class Record>
@@ -198,10 +243,9 @@ std::vector<GroupCount> LibraryPageSession<Record>::countsByGroup() const {
         count.name = names[i];
         count.family = Kind<Record>::family(group);
     }
-    const PartSelection& filter = filterSet();
     for (const auto& [key, record] : workingLibrary())
         if (record.group >= 0 && static_cast<std::size_t>(record.group) < counts.size() &&
-            (!isDesign_ || filter.contains(key)))
+            isCounted(key))
             add(counts[static_cast<std::size_t>(record.group)], record);
     return counts;
 }
@@ -212,7 +256,7 @@ template class LibraryPageSession<AsrComponent>;
 void SdtaPageSession::start() {
     takeMasters();
     selectedParts = partsOfProject(app_, true);
-    projectParts = partsOfProject(app_, false);
+    projectParts = projectRows_ = partsOfProject(app_, false);
     RebuildKeySets();
     filter_ = app_.selectedCount > 0 ? PageFilter::SelectedOnly : PageFilter::AllProject;
     loadRules();
@@ -243,7 +287,7 @@ bool SdtaPageSession::addMissingParts() {
     const PartSelection& wanted =
         filter_ == PageFilter::SelectedOnly ? selectedParts : projectParts;
     for (const auto& [partNumber, designators] : wanted) {
-        if (isUsable(designLibrary, partNumber))
+        if (isUsable(designLibrary, partNumber) || !projectRows_.contains(partNumber))
             continue;
         SdtaComponent record = newRecord(partNumber, designators);
         const Classification found = engine_.classify(designators, record.Description);
@@ -265,7 +309,7 @@ void AsrPageSession::start() {
     reloadSdtaLibraries(app_, prompt_);
     filter_ = PageFilter::AllProject;
     level_ = app_.analysisLevel != 0 ? AnalysisLevel::Rapid : AnalysisLevel::SchematicReview;
-    projectParts = partsOfProject(app_, false);
+    projectParts = projectRows_ = partsOfProject(app_, false);
     RebuildKeySets();
     refresh();
 }
@@ -309,7 +353,7 @@ std::int32_t AsrPageSession::uncompletedOf(const GroupCount& line) const {
 bool AsrPageSession::addMissingParts() {
     bool added = false;
     for (const auto& [partNumber, designators] : filterSet()) {
-        if (isUsable(designLibrary, partNumber))
+        if (isUsable(designLibrary, partNumber) || !projectRows_.contains(partNumber))
             continue;
         AsrComponent record = newRecord(partNumber, designators);
         std::int32_t sdtaGroup = 0;

@@ -1,0 +1,43 @@
+#include "editing/open_datasheet.h"
+
+#include "core/messages.h"
+#include "core/paths.h"
+#include "core/text_file.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+
+namespace partwright {
+
+namespace {
+
+std::wstring pathOfLink(std::wstring_view folder, std::wstring_view fileName) {
+    std::wstring path(fileName);
+    std::replace_if(path.begin(), path.end(), isPathSeparator, pathSeparator);
+    return withSeparator(folder) + path;
+}
+
+} // namespace
+
+void OpenDatasheet(const CPartwrightPlugInApp& app, std::wstring_view fileName, Prompt& prompt,
+                   Opener& opener) {
+    if (fileName.empty())
+        return;
+    std::error_code none;
+    if (app.datasheetFolder.empty()) {
+        prompt.tell(message::datasheetFolderNotDefined, PromptIcon::Warning);
+        return;
+    }
+    if (!std::filesystem::is_directory(nativePath(app.datasheetFolder), none)) {
+        prompt.tell(message::datasheetFolderMissing(app.datasheetFolder), PromptIcon::Warning);
+        return;
+    }
+    const std::wstring path = pathOfLink(app.datasheetFolder, fileName);
+    if (!std::filesystem::is_regular_file(nativePath(path), none))
+        prompt.tell(message::fileMissing(path), PromptIcon::Warning);
+    else if (!opener.open(path))
+        prompt.tell(message::noProgramToOpen(path), PromptIcon::Warning);
+}
+
+} // namespace partwright
