@@ -5,7 +5,7 @@
 #include "dialogs/find_bar.h"
 #include "dialogs/look.h"
 #include "dialogs/power_calculator_dialog.h"
-#include "dialogs/shown_text.h"
+#include "dialogs/qt_text.h"
 #include "editing/new_component_session.h"
 #include "editing/open_datasheet.h"
 #include "editing/power_calculator.h"
@@ -49,7 +49,7 @@ CComChange1::CComChange1(TableSession& session, const DialogServices& services,
                          std::shared_ptr<grid::SortFlags> flags, QWidget* parent)
     : QDialog(parent), session_(session), services_(services) {
     setObjectName(QStringLiteral("changeDialog"));
-    setWindowTitle(shownText(session_.title()));
+    setWindowTitle(qtText(session_.title()));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     setSizeGripEnabled(true);
     auto* column = new QVBoxLayout(this);
@@ -73,7 +73,7 @@ CComChange1::CComChange1(TableSession& session, const DialogServices& services,
     const auto& columns = session_.setup().columns;
     for (std::size_t at = 1; at < columns.size(); ++at)
         if (!columns[at].hidden)
-            findBar_->addColumn(static_cast<int>(at) - 1, shownText(columns[at].header));
+            findBar_->addColumn(static_cast<int>(at) - 1, qtText(columns[at].header));
     connect(findBar_, &FindBar::requested, this, [this](const QString& request) {
         SearchRequest message(engineText(request));
         QCoreApplication::sendEvent(this, &message);
@@ -122,13 +122,13 @@ void CComChange1::makeControls(QBoxLayout* column) {
                       QStringLiteral("changeGroup")),
             &QPushButton::clicked, this, &CComChange1::changeGroup);
     QPushButton* const calculator =
-        addButton(box, tr("&P/T/O Calculator"), QStringLiteral("calculate.svg"),
+        addButton(box, tr("&P/T/O Calculator"), QStringLiteral("calculator.svg"),
                   tr("Work out power, temperatures and thermal resistances of the current row"),
                   QStringLiteral("calculator"));
     calculator->setEnabled(PowerCalculator::serves(session_.setup()));
     connect(calculator, &QPushButton::clicked, this, &CComChange1::calculate);
     box = groupBox(row, tr("Datasheet"), QStringLiteral("datasheetBox"));
-    addLater(box, tr("Search"), QStringLiteral("search.svg"),
+    addLater(box, tr("Search"), QStringLiteral("datasheet_search.svg"),
              QStringLiteral("datasheetSearch"));
     addLater(box, tr("Refresh"), QStringLiteral("refresh.svg"), QStringLiteral("datasheetRefresh"));
     row->addStretch(1);
@@ -243,7 +243,7 @@ void CComChange1::copyComponent() {
     GroupChoiceSession choice(GroupChoiceMode::Copy, session_.familyGroups(),
                               session_.setup().group,
                               [this](std::wstring_view part) { return session_.hasPart(part); });
-    const QString part = shownText(session_.table().text(*row, partNumberColumn));
+    const QString part = qtText(session_.table().text(*row, partNumberColumn));
     if (CAdvDlg(choice, services_.prompt, part, this).exec() == QDialog::Accepted)
         grid_->show(session_.copy(*row, choice.result()));
 }
@@ -254,7 +254,7 @@ void CComChange1::changeGroup() {
         return;
     GroupChoiceSession choice(GroupChoiceMode::ChangeGroup, session_.familyGroups(),
                               session_.setup().group, [](std::wstring_view) { return false; });
-    const QString part = shownText(session_.table().text(*row, partNumberColumn));
+    const QString part = qtText(session_.table().text(*row, partNumberColumn));
     if (CAdvDlg(choice, services_.prompt, part, this).exec() == QDialog::Accepted)
         grid_->show(session_.changeGroup(*row, choice.result()));
 }

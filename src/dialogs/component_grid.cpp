@@ -1,6 +1,6 @@
 #include "dialogs/component_grid.h"
 
-#include "dialogs/shown_text.h"
+#include "dialogs/qt_text.h"
 #include "dialogs/wait_cursor.h"
 
 #include <QAction>
@@ -78,7 +78,7 @@ void CStingrayGridComp::makeColumns() {
     for (std::size_t at = 1; at < setup.columns.size(); ++at) {
         const TableColumn& column = setup.columns[at];
         const int col = gridColumn(at);
-        setText(0, col, shownText(column.header));
+        setText(0, col, qtText(column.header));
         SetColWidth(col, col, pixels(column));
         HideCols(col, col, column.hidden);
         StyleChange look{.kind = kindOf(column), .readOnly = session_.isReadOnly(at)};
@@ -107,7 +107,7 @@ void CStingrayGridComp::makeRows() {
 QString CStingrayGridComp::choiceText(const ChoiceList* list) {
     QString& text = choiceTexts_[list];
     if (text.isNull()) {
-        text = shownText(list->text());
+        text = qtText(list->text());
         text.chop(text.endsWith(QLatin1Char('\n')) ? 1 : 0);
     }
     return text;
@@ -167,7 +167,7 @@ void CStingrayGridComp::showRow(std::size_t sessionRow) {
     const auto& cells = session_.table().row(sessionRow).cells;
     for (std::size_t at = 1; at < setup.columns.size(); ++at) {
         const int col = gridColumn(at);
-        const QString text = shownText(cells[at]);
+        const QString text = qtText(cells[at]);
         if (this->text(row, col) != text)
             setText(row, col, text);
         if (setup.columns[at].kind == ColumnKind::Parameter)
@@ -252,7 +252,7 @@ void CStingrayGridComp::show(const TableOutcome& outcome) {
     if (isReshaped && currentCell() && !outcome.current)
         currentCellMoved(currentCell()->row, currentCell()->col);
     if (outcome.line)
-        Q_EMIT lineChanged(shownText(*outcome.line));
+        Q_EMIT lineChanged(qtText(*outcome.line));
     if (outcome.current)
         setCurrentCell(gridRow(outcome.current->row), gridColumn(outcome.current->column));
     if (!outcome.selectedRows.empty()) {
@@ -266,7 +266,7 @@ void CStingrayGridComp::show(const TableOutcome& outcome) {
         }
     }
     if (outcome.editorText)
-        setControlText(shownText(*outcome.editorText));
+        setControlText(qtText(*outcome.editorText));
     Q_EMIT tableChanged();
     session_.present(outcome);
 }
@@ -276,7 +276,7 @@ bool CStingrayGridComp::validateCell(int row, int col, const QString& text) {
     const TableOutcome outcome = session_.commit(at, engineText(text));
     show(outcome);
     if (outcome.accepted)
-        setControlText(shownText(session_.table().text(at.row, at.column)));
+        setControlText(qtText(session_.table().text(at.row, at.column)));
     return outcome.accepted;
 }
 

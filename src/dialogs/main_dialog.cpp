@@ -2,6 +2,7 @@
 
 #include "dialogs/change_dialog.h"
 #include "dialogs/look.h"
+#include "dialogs/new_component_dialog.h"
 #include "dialogs/wait_cursor.h"
 
 #include <QApplication>
@@ -191,6 +192,10 @@ void CPartwrightPlugInDlg::run(MainCommand command) {
 }
 
 void CPartwrightPlugInDlg::openGroup(int page, int group) {
+    if (group == 0) {
+        openNewComponents(page);
+        return;
+    }
     PageSession& owner = session_.page(page);
     const auto components = owner.openGroup(group);
     CComChange1 dialog(*components, services_, sortFlags_[static_cast<std::size_t>(page)], this);
@@ -198,6 +203,15 @@ void CPartwrightPlugInDlg::openGroup(int page, int group) {
         return;
     const WaitCursor wait;
     owner.storeGroup(*components);
+    showAll();
+}
+
+void CPartwrightPlugInDlg::openNewComponents(int page) {
+    const auto table = session_.page(page).openNewComponents();
+    if (CNewComp1(*table, newComponentSort_, this).exec() != QDialog::Accepted)
+        return;
+    const WaitCursor wait;
+    session_.storeNewComponents(page, *table);
     showAll();
 }
 

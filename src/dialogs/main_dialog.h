@@ -59,6 +59,7 @@ private:
     void run(MainCommand command);
     /// A group of a page is to be edited; `page` is 0 for SDTA and 1 for Analyses.
     void openGroup(int page, int group);
+    void openNewComponents(int page);
     void showAll();
     void showCommands();
     void showAbout();
@@ -71,6 +72,8 @@ private:
     CSDTAPage* sdtaPage_ = nullptr;
     CASRPage* asrPage_ = nullptr;
     std::map<MainCommand, QPushButton*> commands_;
+    /// The directions in which the table of new parts was sorted last.
+    std::shared_ptr<grid::SortFlags> newComponentSort_ = std::make_shared<grid::SortFlags>();
 };
 
 } // namespace partwright

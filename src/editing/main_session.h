@@ -59,6 +59,10 @@ public:
     /// Asks first; anything but Yes changes nothing.
     void parseDescriptions();
 
+    /// A page's parts without a group after OK: the records go back to the page, and the parts that
+    /// were removed leave both pages.
+    void storeNewComponents(int page, NewComponentTable& table);
+
     /// Saves all; true when the window closes.
     bool closeWithOk();
 

@@ -34,9 +34,9 @@ public:
     std::unique_ptr<CComChange1> dialog;
 
     void openDialog() {
-        dialog = std::make_unique<CComChange1>(
-            *this->session, DialogServices{this->app, this->prompt, opener},
-            std::make_shared<grid::SortFlags>());
+        dialog = std::make_unique<CComChange1>(*this->session,
+                                               DialogServices{this->app, this->prompt, opener},
+                                               std::make_shared<grid::SortFlags>());
         dialog->show();
         EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
     }
@@ -87,6 +87,8 @@ public:
         QTest::keyClick(entries, Qt::Key_Return);
     }
     void shortcut(int which, Qt::KeyboardModifiers with) {
+        dialog->activateWindow(); // a box that closed may have left nobody active
+        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
         QTest::keyClick(dialog.get(), static_cast<Qt::Key>(which), with);
     }
     /// Answers the next modal dialog.
