@@ -1,6 +1,7 @@
 #include "editing/main_session.h"
 
 #include "core/messages.h"
+#include "library/datasheet_links.h"
 
 namespace partwright {
 
@@ -77,9 +78,27 @@ void MainSession::parseDescriptions() {
 
 bool MainSession::closeWithOk() {
     bool close = true;
-    for (int index = 0; index < pageCount; ++index)
-        close = page(index).save(false) != SaveOutcome::Failed && close;
-    return close;
+    for (int index = 0; index < pageCount; ++index) {
+        const SaveOutcome outcome = page(index).save(false);
+        close = close && (outcome == SaveOutcome::Saved || outcome == SaveOutcome::CannotOpen);
+    }
+    return saveLinks() && close;
+}
+
+bool MainSession::saveLinks() {
+    const LinkSaveResult saved = SaveDatasheetLinks(app_);
+    if (!saved.message.empty())
+        prompt_.tell(saved.message, PromptIcon::Warning);
+    switch (saved.status) {
+    case SaveStatus::Saved:
+    case SaveStatus::OpenFailed:
+        return true;
+    case SaveStatus::Refused:
+    case SaveStatus::WriteFailed:
+    case SaveStatus::Unencodable:
+        break;
+    }
+    return app_.datasheetLinks.empty();
 }
 
 } // namespace partwright

@@ -163,6 +163,12 @@ bool LibraryPageSession<Record>::isUsable(const Library& library, std::wstring_v
 }
 
 template <class Record>
+bool LibraryPageSession<Record>::isMissing(std::wstring_view partNumber,
+                                           std::wstring_view designators) const {
+    return !designators.empty() && !isUsable(designLibrary, partNumber);
+}
+
+template <class Record>
 std::vector<GroupCount> LibraryPageSession<Record>::countsByGroup() const {
     std::vector<GroupCount> counts;
     const auto& names = Kind<Record>::groupNames(app_);
@@ -219,7 +225,7 @@ bool SdtaPageSession::addMissingParts() {
     const PartSelection& wanted =
         filter_ == PageFilter::SelectedOnly ? selectedParts : projectParts;
     for (const auto& [partNumber, designators] : wanted) {
-        if (isUsable(designLibrary, partNumber))
+        if (!isMissing(partNumber, designators))
             continue;
         SdtaComponent record = newRecord(partNumber, designators);
         const Classification found = engine_.classify(designators, record.Description);
@@ -285,7 +291,7 @@ std::int32_t AsrPageSession::uncompletedOf(const GroupCount& line) const {
 bool AsrPageSession::addMissingParts() {
     bool added = false;
     for (const auto& [partNumber, designators] : filterSet()) {
-        if (isUsable(designLibrary, partNumber))
+        if (!isMissing(partNumber, designators))
             continue;
         AsrComponent record = newRecord(partNumber, designators);
         std::int32_t sdtaGroup = 0;

@@ -145,6 +145,10 @@ protected:
                                    std::wstring_view designators) const;
     /// True when the library has the part with a group and a type.
     [[nodiscard]] static bool isUsable(const Library& library, std::wstring_view partNumber);
+    /// True for a part of the project that the design library lacks. Sets of parts also hold
+    /// numbers that were put into the library by hand; they have no designators, and nothing that
+    /// a new record could be made of.
+    [[nodiscard]] bool isMissing(std::wstring_view partNumber, std::wstring_view designators) const;
     /// One count a group name, by group number; "Public" counts the whole public map.
     [[nodiscard]] std::vector<GroupCount> countsByGroup() const;
 };
