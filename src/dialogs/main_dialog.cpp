@@ -1,17 +1,18 @@
 #include "dialogs/main_dialog.h"
 
 #include "dialogs/look.h"
+#include "dialogs/wait_cursor.h"
 
-#include <QApplication>
-#include <QContextMenuEvent>
+#include <QAction>
 #include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QIcon>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QMenu>
 #include <QRadioButton>
+#include <QScreen>
+#include <QShortcut>
+#include <QTabBar>
 #include <QVBoxLayout>
 
 namespace partwright {
@@ -23,15 +24,6 @@ bool isAvailable(MainCommand command) {
     return command == MainCommand::SaveLibrary || command == MainCommand::GroupLibrary ||
            command == MainCommand::DescriptionParsing;
 }
-
-/// Shows the wait cursor while it lives.
-class WaitCursor {
-public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-};
 
 } // namespace
 
@@ -63,12 +55,15 @@ CPartwrightPlugInDlg::CPartwrightPlugInDlg(MainSession& session, QWidget* parent
     auto* row = new QHBoxLayout(this);
     propertySheet_ = new CPropSheetList(this);
     propertySheet_->setObjectName(QStringLiteral("propertySheet"));
+    propertySheet_->tabBar()->setObjectName(QStringLiteral("pageTabs"));
+    propertySheet_->tabBar()->setAccessibleName(tr("Libraries"));
     sdtaPage_ = new CSDTAPage(session_.sdtaPage, propertySheet_);
     asrPage_ = new CASRPage(session_.asrPage, propertySheet_);
     propertySheet_->addTab(sdtaPage_, tr("SDTA"));
     propertySheet_->addTab(asrPage_, tr("Analyses"));
     row->addWidget(propertySheet_, 1);
     row->addLayout(makeCommands());
+    addKeys();
 
     propertySheet_->setCurrentIndex(session_.activePage());
     connect(propertySheet_, &QTabWidget::currentChanged, this, [this](int index) {
@@ -82,8 +77,37 @@ CPartwrightPlugInDlg::CPartwrightPlugInDlg(MainSession& session, QWidget* parent
     connect(asrPage_, &CLibraryPage::groupOpened, this,
             [this](int group) { Q_EMIT groupOpened(1, group); });
     showAll();
-    const int unit = fontMetrics().averageCharWidth();
-    resize(unit * 130, fontMetrics().height() * 42);
+    const QSize wanted(fontMetrics().averageCharWidth() * 130, fontMetrics().height() * 40);
+    resize(wanted.boundedTo(screen()->availableSize() * 9 / 10));
+    activePageWidget().list()->setFocus();
+}
+
+CLibraryPage& CPartwrightPlugInDlg::activePageWidget() {
+    if (session_.activePage() == 0)
+        return *sdtaPage_;
+    return *asrPage_;
+}
+
+void CPartwrightPlugInDlg::addKeys() {
+    // The sheet itself hears these keys only while it has the focus.
+    const auto turnPage = [this](const QList<QKeySequence>& keys, int step) {
+        for (const QKeySequence& key : keys)
+            connect(new QShortcut(key, this), &QShortcut::activated, this, [this, step] {
+                const int count = propertySheet_->count();
+                propertySheet_->setCurrentIndex((propertySheet_->currentIndex() + step + count) %
+                                                count);
+            });
+    };
+    turnPage({Qt::CTRL | Qt::Key_Tab, Qt::CTRL | Qt::Key_PageDown}, 1);
+    turnPage({Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, Qt::CTRL | Qt::SHIFT | Qt::Key_Tab,
+              Qt::CTRL | Qt::Key_PageUp},
+             -1);
+    auto* about = new QAction(tr("&About Partwright_PlugIn..."), this);
+    about->setObjectName(QStringLiteral("about"));
+    about->setShortcut(Qt::Key_F1);
+    connect(about, &QAction::triggered, this, [this] { CAboutDlg(this).exec(); });
+    addAction(about);
+    setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
 QBoxLayout* CPartwrightPlugInDlg::makeCommands() {
@@ -164,7 +188,6 @@ QPushButton* CPartwrightPlugInDlg::addCommand(QBoxLayout* layout, MainCommand co
                                               const QString& caption, const QString& image,
                                               const QString& toolTip, const QString& name) {
     QPushButton* button = look::imageButton(caption, image, toolTip, name);
-    button->setAutoDefault(false);
     connect(button, &QPushButton::clicked, this, [this, command] { run(command); });
     layout->addWidget(button);
     commands_[command] = button;
@@ -172,20 +195,17 @@ QPushButton* CPartwrightPlugInDlg::addCommand(QBoxLayout* layout, MainCommand co
 }
 
 void CPartwrightPlugInDlg::run(MainCommand command) {
+    const WaitCursor wait;
     switch (command) {
-    case MainCommand::SaveLibrary: {
-        const bool refreshed = session_.activePage() == 0;
+    case MainCommand::SaveLibrary:
         session_.saveActivePage();
-        if (refreshed)
-            showAll();
+        if (session_.activePage() == 0) // the Analyses page's list stays as it is
+            sdtaPage_->showSession();
         break;
-    }
-    case MainCommand::GroupLibrary: {
-        const WaitCursor wait;
+    case MainCommand::GroupLibrary:
         session_.runGroupLibrary();
         showAll();
         break;
-    }
     case MainCommand::DescriptionParsing:
         session_.parseDescriptions();
         showAll();
@@ -207,29 +227,11 @@ void CPartwrightPlugInDlg::showCommands() {
 }
 
 void CPartwrightPlugInDlg::accept() {
+    const WaitCursor wait;
     if (session_.closeWithOk())
         QDialog::accept();
     else
         showAll();
-}
-
-void CPartwrightPlugInDlg::contextMenuEvent(QContextMenuEvent* event) {
-    QMenu menu(this);
-    menu.setObjectName(QStringLiteral("windowMenu"));
-    connect(menu.addAction(tr("&About Partwright_PlugIn...")), &QAction::triggered, this,
-            &CPartwrightPlugInDlg::showAbout);
-    menu.exec(event->globalPos());
-}
-
-void CPartwrightPlugInDlg::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F1)
-        showAbout();
-    else
-        QDialog::keyPressEvent(event);
-}
-
-void CPartwrightPlugInDlg::showAbout() {
-    CAboutDlg(this).exec();
 }
 
 } // namespace partwright

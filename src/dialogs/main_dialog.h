@@ -45,11 +45,10 @@ Q_SIGNALS:
     /// A group of a page is to be edited; `page` is 0 for SDTA and 1 for Analyses.
     void groupOpened(int page, int group);
 
-protected:
-    void contextMenuEvent(QContextMenuEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-
 private:
+    /// Keys that turn the pages, and the entry that tells about the program.
+    void addKeys();
+    CLibraryPage& activePageWidget();
     QBoxLayout* makeCommands();
     QWidget* makeLibraryTypeBox();
     QWidget* makeFillBox();
@@ -58,7 +57,6 @@ private:
     void run(MainCommand command);
     void showAll();
     void showCommands();
-    void showAbout();
 
     MainSession& session_;
     CPropSheetList* propertySheet_ = nullptr;

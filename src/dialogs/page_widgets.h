@@ -35,8 +35,13 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
+    /// Once, when the list is first shown: later widths are the person's.
+    void sizeColumns();
+
     std::vector<double> fractions_;
     bool sized_ = false;
 };
@@ -49,6 +54,7 @@ public:
 
     /// Shows what the session holds now.
     void showSession();
+    CMyListCtrl* list() { return list_; }
 
 Q_SIGNALS:
     /// The filter or the counts have changed.
@@ -63,7 +69,6 @@ protected:
     QBoxLayout* optionsRow() { return optionsRow_; }
     QGroupBox* makeBox(const QString& title, const QString& name);
     [[nodiscard]] QString objectName(const char* suffix) const;
-    CMyListCtrl* list() { return list_; }
     virtual void showOptions() {}
 
 private:
