@@ -76,7 +76,7 @@ public:
     std::vector<std::wstring> asrGroupNames;
     std::map<std::wstring, std::vector<TypeEntry>, std::less<>> sdtaGroupTypes;
     std::map<std::wstring, std::vector<TypeEntry>, std::less<>> asrGroupTypes;
-    std::map<std::wstring, std::vector<FamilyGroup>, std::less<>> asrFamilyGroups;
+    FamilyGroups asrFamilyGroups;
     std::map<std::int32_t, std::wstring> asrGroupFamily;
     std::map<std::int32_t, LevelColumns> asrColumnsForRapid;
     std::map<std::int32_t, LevelColumns> asrColumnsForAsr;

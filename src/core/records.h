@@ -100,6 +100,9 @@ struct FamilyGroup {
     std::wstring name;
 };
 
+/// Family key to its groups.
+using FamilyGroups = std::map<std::wstring, std::vector<FamilyGroup>, std::less<>>;
+
 /// Flags by LPar number, from 1: the columns that an analysis level needs.
 using LevelColumns = std::array<std::int32_t, 25>;
 

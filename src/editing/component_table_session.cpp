@@ -3,6 +3,7 @@
 #include "core/cell_text.h"
 #include "core/text.h"
 #include "core/vocabulary.h"
+#include "editing/new_component_session.h"
 
 #include <algorithm>
 #include <type_traits>
@@ -127,6 +128,11 @@ std::wstring ComponentTableSession<Record>::shownValue(const Record& record,
     if (value.empty() && property != nullptr && property->doesNotApply(column.parameter))
         return std::wstring(cell::notApplicable);
     return std::wstring(toShown(value));
+}
+
+template <class Record>
+FamilyGroups ComponentTableSession<Record>::familyGroups() const {
+    return partwright::familyGroups<Record>(app_);
 }
 
 template <class Record>

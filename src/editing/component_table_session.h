@@ -15,7 +15,6 @@
 
 #include "core/library_kind.h"
 #include "editing/table_session.h"
-#include "library/datasheet_links.h"
 
 #include <cstdint>
 #include <string_view>
@@ -33,9 +32,8 @@ public:
                           Library records, const ValidationTables& rules, TablePlace place,
                           Prompt& prompt);
 
-    /// Checks all rows; when nothing stops it, the rows are stored to the records and the links to
-    /// the table of links.
-    TableOutcome ok(RowOrder order, DatasheetLinks& links);
+    [[nodiscard]] FamilyGroups familyGroups() const override;
+    TableOutcome ok(RowOrder order, DatasheetLinks& links) override;
 
     /// After an accepted ok().
     [[nodiscard]] Library takeRecords() { return std::move(records_); }

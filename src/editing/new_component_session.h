@@ -21,9 +21,6 @@
 
 namespace partwright {
 
-/// Family key to its groups.
-using FamilyGroups = std::map<std::wstring, std::vector<FamilyGroup>, std::less<>>;
-
 /// What a dialog shows for a family.
 [[nodiscard]] std::wstring_view familyDisplayName(std::wstring_view key);
 /// Position in the family list.

@@ -3,6 +3,7 @@
 #include "autofill/defaults.h"
 #include "core/cell_text.h"
 #include "core/text.h"
+#include "editing/component_table_session.h"
 #include "editing/library_save.h"
 #include "editing/startup.h"
 #include "library/property_tables.h"
@@ -60,15 +61,19 @@ void add(GroupCount& count, const Record& record) {
 } // namespace
 
 const PartSelection& PageSession::filterSet() const {
-    switch (filter_) {
+    return this->*setOf(filter_, isDesign_);
+}
+
+PartSelection PageSession::*PageSession::setOf(PageFilter filter, bool isDesign) {
+    switch (filter) {
     case PageFilter::SelectedOnly:
-        return selectedParts;
+        return &PageSession::selectedParts;
     case PageFilter::AllProject:
-        return projectParts;
+        return &PageSession::projectParts;
     case PageFilter::FullLibrary:
         break;
     }
-    return isDesign_ ? designParts : publicParts;
+    return isDesign ? &PageSession::designParts : &PageSession::publicParts;
 }
 
 void PageSession::tellAll(const std::vector<LoadResult>& results) {
@@ -132,6 +137,47 @@ std::vector<std::wstring> LibraryPageSession<Record>::parseDescriptions() {
 }
 
 template <class Record>
+std::unique_ptr<TableSession> LibraryPageSession<Record>::openGroup(std::int32_t group) {
+    Library records;
+    handedOut_.clear();
+    for (const auto& [key, record] : workingLibrary()) {
+        if (record.group != group || !isCounted(key))
+            continue;
+        records.emplace_hint(records.end(), key, record);
+        handedOut_.push_back(key);
+    }
+    TablePlace place{&projectRows_, &shownParts(), isDesign_ ? &designParts : &publicParts,
+                     [this](std::wstring_view part) { return workingLibrary().contains(part); }};
+    return std::make_unique<ComponentTableSession<Record>>(app_, group, level(), std::move(records),
+                                                           rules(), std::move(place), prompt_);
+}
+
+template <class Record>
+void LibraryPageSession<Record>::storeGroup(TableSession& session) {
+    Library returned = static_cast<ComponentTableSession<Record>&>(session).takeRecords();
+    Library& library = workingLibrary();
+    for (const std::wstring& key : handedOut_) {
+        if (returned.contains(key))
+            continue;
+        library.erase(key);
+        if (projectRows_.contains(key))
+            continue;
+        projectParts.erase(key); // it was there because somebody had added it by hand
+        selectedParts.erase(key);
+    }
+    for (auto& [key, record] : returned) {
+        if (std::is_same_v<Record, SdtaComponent> && record.group < 0)
+            library.erase(key); // no group of its own is how a stress record is given up
+        else
+            library.insert_or_assign(key, std::move(record));
+    }
+    handedOut_.clear();
+    modified_ = true;
+    RebuildKeySets();
+    refresh();
+}
+
+template <class Record>
 SaveOutcome LibraryPageSession<Record>::save(bool announce) {
     Library& master =
         isDesign_ ? Kind<Record>::designLibrary(app_) : Kind<Record>::publicLibrary(app_);
@@ -163,12 +209,6 @@ bool LibraryPageSession<Record>::isUsable(const Library& library, std::wstring_v
 }
 
 template <class Record>
-bool LibraryPageSession<Record>::isMissing(std::wstring_view partNumber,
-                                           std::wstring_view designators) const {
-    return !designators.empty() && !isUsable(designLibrary, partNumber);
-}
-
-template <class Record>
 std::vector<GroupCount> LibraryPageSession<Record>::countsByGroup() const {
     std::vector<GroupCount> counts;
     const auto& names = Kind<Record>::groupNames(app_);
@@ -180,10 +220,9 @@ std::vector<GroupCount> LibraryPageSession<Record>::countsByGroup() const {
         count.name = names[i];
         count.family = Kind<Record>::family(group);
     }
-    const PartSelection& filter = filterSet();
     for (const auto& [key, record] : workingLibrary())
         if (record.group >= 0 && static_cast<std::size_t>(record.group) < counts.size() &&
-            (!isDesign_ || filter.contains(key)))
+            isCounted(key))
             add(counts[static_cast<std::size_t>(record.group)], record);
     return counts;
 }
@@ -194,7 +233,7 @@ template class LibraryPageSession<AsrComponent>;
 void SdtaPageSession::start() {
     takeMasters();
     selectedParts = partsOfProject(app_, true);
-    projectParts = partsOfProject(app_, false);
+    projectParts = projectRows_ = partsOfProject(app_, false);
     RebuildKeySets();
     filter_ = app_.selectedCount > 0 ? PageFilter::SelectedOnly : PageFilter::AllProject;
     loadRules();
@@ -225,7 +264,7 @@ bool SdtaPageSession::addMissingParts() {
     const PartSelection& wanted =
         filter_ == PageFilter::SelectedOnly ? selectedParts : projectParts;
     for (const auto& [partNumber, designators] : wanted) {
-        if (!isMissing(partNumber, designators))
+        if (isUsable(designLibrary, partNumber) || !projectRows_.contains(partNumber))
             continue;
         SdtaComponent record = newRecord(partNumber, designators);
         const Classification found = engine_.classify(designators, record.Description);
@@ -247,7 +286,7 @@ void AsrPageSession::start() {
     reloadSdtaLibraries(app_, prompt_);
     filter_ = PageFilter::AllProject;
     level_ = app_.analysisLevel != 0 ? AnalysisLevel::Rapid : AnalysisLevel::SchematicReview;
-    projectParts = partsOfProject(app_, false);
+    projectParts = projectRows_ = partsOfProject(app_, false);
     RebuildKeySets();
     refresh();
 }
@@ -291,7 +330,7 @@ std::int32_t AsrPageSession::uncompletedOf(const GroupCount& line) const {
 bool AsrPageSession::addMissingParts() {
     bool added = false;
     for (const auto& [partNumber, designators] : filterSet()) {
-        if (!isMissing(partNumber, designators))
+        if (isUsable(designLibrary, partNumber) || !projectRows_.contains(partNumber))
             continue;
         AsrComponent record = newRecord(partNumber, designators);
         std::int32_t sdtaGroup = 0;

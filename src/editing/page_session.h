@@ -23,9 +23,11 @@
 #include "core/ports/prompt.h"
 #include "editing/analysis_level.h"
 #include "editing/library_save.h"
+#include "editing/table_session.h"
 #include "validation/validation_tables.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -74,6 +76,8 @@ public:
 
     /// The set of the checked radio.
     [[nodiscard]] const PartSelection& filterSet() const;
+    /// How deep the page looks; only the Analyses page asks.
+    [[nodiscard]] virtual AnalysisLevel level() const { return AnalysisLevel::Full; }
     /// One line a group, in the order in which the page shows them.
     [[nodiscard]] virtual std::vector<GroupCount> counts() const = 0;
     /// Of a line, the count that the page calls uncompleted.
@@ -86,6 +90,13 @@ public:
     /// records gone through, in key order.
     virtual std::vector<std::wstring> runGroupLibrary() = 0;
     virtual std::vector<std::wstring> parseDescriptions() = 0;
+
+    /// The counted records of a group, for a dialog that changes them. One such session is in work
+    /// at a time.
+    [[nodiscard]] virtual std::unique_ptr<TableSession> openGroup(std::int32_t group) = 0;
+    /// Takes back what the session holds once its ok() was accepted. A record that was handed out
+    /// and does not come back was deleted.
+    virtual void storeGroup(TableSession& session) = 0;
 
     /// Makes the working map the master copy and writes it over the file of the current library.
     virtual SaveOutcome save(bool announce) = 0;
@@ -105,6 +116,9 @@ public:
 protected:
     /// Shows what loaders have to say.
     void tellAll(const std::vector<LoadResult>& results);
+    /// Parts with a row in the project, whatever a dialog added to the sets above.
+    PartSelection projectRows_;
+    [[nodiscard]] PartSelection& shownParts() { return this->*setOf(filter_, isDesign_); }
 
     CPartwrightPlugInApp& app_;
     FillEngine& engine_;
@@ -113,6 +127,9 @@ protected:
     PageFilter filter_ = PageFilter::AllProject;
     bool isDesign_ = true;
     bool modified_ = false;
+
+private:
+    [[nodiscard]] static PartSelection PageSession::*setOf(PageFilter filter, bool isDesign);
 };
 
 template <class Record>
@@ -130,6 +147,8 @@ public:
     [[nodiscard]] const std::wstring& libraryPath() const override;
     std::vector<std::wstring> runGroupLibrary() override;
     std::vector<std::wstring> parseDescriptions() override;
+    [[nodiscard]] std::unique_ptr<TableSession> openGroup(std::int32_t group) override;
+    void storeGroup(TableSession& session) override;
     SaveOutcome save(bool announce) override;
 
     [[nodiscard]] Library& workingLibrary();
@@ -145,12 +164,17 @@ protected:
                                    std::wstring_view designators) const;
     /// True when the library has the part with a group and a type.
     [[nodiscard]] static bool isUsable(const Library& library, std::wstring_view partNumber);
-    /// True for a part of the project that the design library lacks. Sets of parts also hold
-    /// numbers that were put into the library by hand; they have no designators, and nothing that
-    /// a new record could be made of.
-    [[nodiscard]] bool isMissing(std::wstring_view partNumber, std::wstring_view designators) const;
     /// One count a group name, by group number; "Public" counts the whole public map.
     [[nodiscard]] std::vector<GroupCount> countsByGroup() const;
+
+private:
+    /// The page shows the record.
+    [[nodiscard]] bool isCounted(const std::wstring& key) const {
+        return !isDesign_ || filterSet().contains(key);
+    }
+
+    /// Keys of the records that a dialog has.
+    std::vector<std::wstring> handedOut_;
 };
 
 extern template class LibraryPageSession<SdtaComponent>;
@@ -184,7 +208,7 @@ public:
     [[nodiscard]] std::int32_t uncompletedOf(const GroupCount& line) const override;
 
     void setLevel(AnalysisLevel level) { level_ = level; }
-    [[nodiscard]] AnalysisLevel level() const { return level_; }
+    [[nodiscard]] AnalysisLevel level() const override { return level_; }
 
 private:
     bool addMissingParts() override;

@@ -22,6 +22,7 @@
 #include "editing/component_table.h"
 #include "editing/table_checks.h"
 #include "editing/table_outcome.h"
+#include "library/datasheet_links.h"
 #include "validation/cell_check.h"
 #include "validation/validation_tables.h"
 
@@ -122,6 +123,13 @@ public:
     [[nodiscard]] TableOutcome requireRow(std::optional<CellAt> current) const;
     /// The part number is taken, in this table or elsewhere in the library.
     [[nodiscard]] bool hasPart(std::wstring_view part) const;
+    /// Every family that has groups which a part can be put into.
+    [[nodiscard]] virtual FamilyGroups familyGroups() const = 0;
+
+    // --- The end
+    /// Checks all rows; when nothing stops it, the rows are stored to the records and the links to
+    /// the table of links.
+    virtual TableOutcome ok(RowOrder order, DatasheetLinks& links) = 0;
 
     // --- Flags and the way back
     void RecheckRowFlag(CellAt at, TableOutcome& outcome);

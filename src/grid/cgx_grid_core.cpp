@@ -298,6 +298,7 @@ void CGXGridCore::currentCellMoved(int, int) {}
 void CGXGridCore::selectionChanged() {}
 
 void CGXGridCore::rowsSorted(int) {}
+void CGXGridCore::menuOpening(QMenu&) {}
 
 SortRule CGXGridCore::sortRule(int) const {
     return {};

@@ -37,6 +37,7 @@
 #include <vector>
 
 class QKeyEvent;
+class QMenu;
 
 namespace partwright::grid {
 
@@ -159,6 +160,8 @@ protected:
     virtual void selectionChanged();
     virtual void rowsSorted(int col);
     [[nodiscard]] virtual SortRule sortRule(int col) const;
+    /// The context menu is about to open with the grid's own entries; an owner appends its own.
+    virtual void menuOpening(QMenu& menu);
 
     // What the window needs to know.
     virtual void cellsChanged(const CellRange& range);

@@ -298,6 +298,7 @@ void CGXGridWnd::contextMenuEvent(QContextMenuEvent* event) {
         [this, col] { fitColWidth(col); });
     menu.addSeparator();
     add(tr("P&rint..."), QKeySequence::Print, true, [this] { printPreview(); });
+    menuOpening(menu);
     menu.exec(place);
 }
 

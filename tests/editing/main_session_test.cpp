@@ -91,6 +91,73 @@ TEST_F(MainSessionTest, WaitsForALockedPartListAndGoesOnWithoutAProject) {
     EXPECT_EQ(main.sdtaPage.filter(), PageFilter::AllProject);
 }
 
+TEST_F(MainSessionTest, HandsOutAGroupAndTakesItBack) {
+    folder.put(sdtaFile, "sep=,\n|\n"
+                         ">,SDTA-M, Capacitor,Capacitor,CAP-8,8,kept,CK,16,85,N/A,N/A,N/A,,,,<\n"
+                         ">,SDTA-M, Capacitor,Capacitor,CAP-9,9,kept,CK,16,85,N/A,N/A,N/A,,,,<\n");
+    expectFirstStart();
+    MainSession& main = start();
+    SdtaPageSession& page = main.sdtaPage;
+    constexpr std::int32_t capacitors = 11;
+    page.setFilter(PageFilter::AllProject);
+    page.refresh();
+    EXPECT_EQ(page.openGroup(capacitors)->table().rowCount(), 1u); // the project has C-1 alone
+    page.setFilter(PageFilter::FullLibrary);
+    const auto keys = [&] {
+        std::set<std::wstring> found;
+        for (const auto& [key, record] : page.designLibrary)
+            found.insert(key);
+        return found;
+    };
+    const auto everything = keys();
+    const GroupChoice added{L"NEW-1", capacitors, L"Capacitor", 7};
+
+    {
+        // Dropping the dialog undoes all but the numbers it announced.
+        const auto dropped = page.openGroup(capacitors);
+        EXPECT_EQ(dropped->table().rowCount(), 3u);
+        prompt.expectQuestion(message::selectedForDeletion(1) +
+                                  std::wstring(message::deleteQuestion),
+                              PromptAnswer::Yes);
+        dropped->deleteRows({1});
+        dropped->add(added);
+    }
+    page.setFilter(PageFilter::AllProject);
+    page.openGroup(capacitors)->add({L"GHOST", capacitors, L"Capacitor", 7});
+    page.refresh();
+    EXPECT_EQ(keys(), everything); // only what the project's rows name is added by a refresh
+
+    page.setFilter(PageFilter::FullLibrary);
+    const auto opened = page.openGroup(capacitors);
+    prompt.expectQuestion(message::selectedForDeletion(1) + std::wstring(message::deleteQuestion),
+                          PromptAnswer::Yes);
+    opened->deleteRows({1});
+    opened->add(added);
+    opened->changeGroup(1, {{}, 10, L"Resistor Chip", 6});
+    DatasheetLinks links;
+    prompt.expectQuestion(message::notAllFilledIn, PromptAnswer::Yes);
+    ASSERT_TRUE(opened->ok({}, links).accepted);
+    page.storeGroup(*opened);
+    EXPECT_FALSE(page.designLibrary.contains(L"CAP-8"));
+    EXPECT_FALSE(page.designParts.contains(L"CAP-8"));
+    EXPECT_EQ(page.designLibrary.at(L"CAP-9").group, 10);
+    EXPECT_EQ(page.designLibrary.at(L"NEW-1").group, capacitors);
+    EXPECT_TRUE(page.designParts.contains(L"NEW-1"));
+    EXPECT_TRUE(page.modified());
+    EXPECT_EQ(page.openGroup(capacitors)->table().rowCount(), 2u);
+
+    // A part added by hand can be deleted again, one of the project cannot.
+    const auto last = page.openGroup(capacitors);
+    prompt.expectQuestion(message::selectedForDeletion(2) + message::partlyDeletable(1, 1) +
+                              std::wstring(message::deleteQuestion),
+                          PromptAnswer::Yes);
+    EXPECT_EQ(last->deleteRows({0, 1}).removedRows, std::vector<std::size_t>{1});
+    prompt.expectQuestion(message::notAllFilledIn, PromptAnswer::Yes);
+    ASSERT_TRUE(last->ok({}, links).accepted);
+    page.storeGroup(*last);
+    EXPECT_FALSE(page.designLibrary.contains(L"NEW-1"));
+}
+
 TEST_F(MainSessionTest, AddsTheMissingPartsOfTheProject) {
     const std::string longText(300, 'x');
     folder.putParts("R10,res-1,,-,,Yes\n"
