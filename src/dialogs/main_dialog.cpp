@@ -33,6 +33,8 @@ CAboutDlg::CAboutDlg(QWidget* parent) : QDialog(parent) {
     auto* column = new QVBoxLayout(this);
     auto* row = new QHBoxLayout;
     auto* picture = new QLabel(this);
+    picture->setObjectName(QStringLiteral("programIcon"));
+    picture->setAccessibleName(tr("Partwright"));
     const int side = fontMetrics().height() * 3;
     picture->setPixmap(QIcon(QStringLiteral(":/images/partwright.svg"))
                            .pixmap(QSize(side, side), devicePixelRatioF()));
@@ -40,6 +42,7 @@ CAboutDlg::CAboutDlg(QWidget* parent) : QDialog(parent) {
     row->addWidget(new QLabel(tr("Partwright_PlugIn, Version 1.0"), this), 1);
     column->addLayout(row);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
+    buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("ok"));
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     column->addWidget(buttons);
 }
@@ -110,6 +113,8 @@ void CPartwrightPlugInDlg::addKeys() {
     setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
+// Nothing here has a parent before the whole column has one, so that the Tab key goes down the
+// column.
 QBoxLayout* CPartwrightPlugInDlg::makeCommands() {
     auto* column = new QVBoxLayout;
     column->addWidget(makeLibraryTypeBox());
@@ -148,7 +153,7 @@ QBoxLayout* CPartwrightPlugInDlg::makeCommands() {
 }
 
 QWidget* CPartwrightPlugInDlg::makeLibraryTypeBox() {
-    auto* box = new QGroupBox(tr("Library Type:"), this);
+    auto* box = new QGroupBox(tr("Library Type:"));
     box->setObjectName(QStringLiteral("libraryTypeBox"));
     auto* row = new QHBoxLayout(box);
     const auto addType = [&](const QString& caption, const QString& name, bool design) {
@@ -168,7 +173,7 @@ QWidget* CPartwrightPlugInDlg::makeLibraryTypeBox() {
 }
 
 QWidget* CPartwrightPlugInDlg::makeFillBox() {
-    auto* box = new QGroupBox(tr("Auto-Fill Library Missing Values:"), this);
+    auto* box = new QGroupBox(tr("Auto-Fill Library Missing Values:"));
     box->setObjectName(QStringLiteral("fillBox"));
     auto* column = new QVBoxLayout(box);
     addCommand(

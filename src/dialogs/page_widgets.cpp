@@ -40,10 +40,12 @@ CMyListCtrl::CMyListCtrl(QWidget* parent) : QTableWidget(0, ColumnCount, parent)
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setTabKeyNavigation(false);
+    setWordWrap(false);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // the columns share what it leaves
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
     verticalHeader()->hide();
     horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     look::paintHeader(*horizontalHeader());
     connect(this, &QTableWidget::cellDoubleClicked, this,
             [this](int row) { Q_EMIT lineOpened(row); });
@@ -84,25 +86,20 @@ void CMyListCtrl::keyPressEvent(QKeyEvent* event) {
 
 void CMyListCtrl::resizeEvent(QResizeEvent* event) {
     QTableWidget::resizeEvent(event);
-    sizeColumns();
+    if (!painted_) // the window still finds its size
+        for (std::size_t i = 0; i < fractions_.size(); ++i)
+            setColumnWidth(static_cast<int>(i),
+                           static_cast<int>(fractions_[i] * viewport()->width()));
 }
 
-void CMyListCtrl::showEvent(QShowEvent* event) {
-    QTableWidget::showEvent(event);
-    sizeColumns();
+void CMyListCtrl::paintEvent(QPaintEvent* event) {
+    painted_ = true;
+    QTableWidget::paintEvent(event);
 }
 
 void CMyListCtrl::wheelEvent(QWheelEvent* event) {
     setFocus();
     QTableWidget::wheelEvent(event);
-}
-
-void CMyListCtrl::sizeColumns() {
-    if (sized_ || !isVisible())
-        return;
-    sized_ = true;
-    for (std::size_t i = 0; i < fractions_.size(); ++i)
-        setColumnWidth(static_cast<int>(i), static_cast<int>(fractions_[i] * viewport()->width()));
 }
 
 CLibraryPage::CLibraryPage(PageSession& session, QString prefix, QWidget* parent)

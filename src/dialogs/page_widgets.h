@@ -24,7 +24,7 @@ class CMyListCtrl : public QTableWidget {
 public:
     explicit CMyListCtrl(QWidget* parent = nullptr);
 
-    /// Widths of the columns as fractions of the list's width, applied when it is first shown.
+    /// Widths of the columns as fractions of the list's width when it is first shown.
     void setFractions(std::vector<double> fractions) { fractions_ = std::move(fractions); }
     void showLines(const std::vector<GroupCount>& lines, const PageSession& session);
 
@@ -35,15 +35,12 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void showEvent(QShowEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
 
 private:
-    /// Once, when the list is first shown: later widths are the person's.
-    void sizeColumns();
-
     std::vector<double> fractions_;
-    bool sized_ = false;
+    bool painted_ = false;
 };
 
 class CLibraryPage : public QWidget {
