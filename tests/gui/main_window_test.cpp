@@ -129,11 +129,11 @@ TEST_F(MainWindowCase, FiltersAndLevelsCountAnew) {
         if (record.PartNum == L"TPS54331DR")
             record.completedForAsr = 1;
     QStringList uncompleted;
-    for (const char* level : {"asrLevelAsr", "asrLevelRapid", "asrLevelFull"}) {
+    for (const char* level : {"asrLevelRapid", "asrLevelAsr", "asrLevelFull"}) {
         press(level);
         uncompleted << line("asrList", QStringLiteral("IC General")).at(3);
     }
-    EXPECT_EQ(uncompleted, strings({"7", "8", "8"}));
+    EXPECT_EQ(uncompleted, strings({"8", "7", "8"}));
 
     // A press on the checked radio is no change: the list keeps its very items.
     const QTableWidgetItem* item = find<QTableWidget>("sdtaList").item(0, 0);
