@@ -1,6 +1,7 @@
 #include "dialogs/look.h"
 
 #include <QIcon>
+#include <QScrollBar>
 
 /// Resources of a static library are only linked in by this macro, which knows no namespace.
 static void registerImages() {
@@ -21,6 +22,17 @@ void paintHeader(QHeaderView& header) {
     palette.setColor(QPalette::WindowText, darkText);
     palette.setColor(QPalette::Text, darkText);
     header.setPalette(palette);
+}
+
+void paintList(QAbstractScrollArea& list) {
+    const QPalette desktop = list.palette();
+    QPalette palette = desktop;
+    palette.setColor(QPalette::Base, listBackground);
+    palette.setColor(QPalette::Window, headerBackground); // the lines are a shade of it
+    palette.setColor(QPalette::Text, darkText);
+    list.setPalette(palette);
+    list.verticalScrollBar()->setPalette(desktop);
+    list.horizontalScrollBar()->setPalette(desktop);
 }
 
 QPushButton* imageButton(const QString& caption, const QString& image, const QString& toolTip,

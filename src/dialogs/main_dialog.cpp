@@ -72,6 +72,8 @@ CPartwrightPlugInDlg::CPartwrightPlugInDlg(MainSession& session, QWidget* parent
     connect(propertySheet_, &QTabWidget::currentChanged, this, [this](int index) {
         session_.setActivePage(index);
         showCommands();
+        if (!propertySheet_->tabBar()->hasFocus())
+            activePageWidget().list()->setFocus();
     });
     connect(sdtaPage_, &CLibraryPage::changed, this, [this] { showCommands(); });
     connect(asrPage_, &CLibraryPage::changed, this, [this] { showCommands(); });
@@ -80,7 +82,7 @@ CPartwrightPlugInDlg::CPartwrightPlugInDlg(MainSession& session, QWidget* parent
     connect(asrPage_, &CLibraryPage::groupOpened, this,
             [this](int group) { Q_EMIT groupOpened(1, group); });
     showAll();
-    const QSize wanted(fontMetrics().averageCharWidth() * 130, fontMetrics().height() * 40);
+    const QSize wanted(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 46);
     resize(wanted.boundedTo(screen()->availableSize() * 9 / 10));
     activePageWidget().list()->setFocus();
 }

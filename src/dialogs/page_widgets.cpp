@@ -46,6 +46,7 @@ CMyListCtrl::CMyListCtrl(QWidget* parent) : QTableWidget(0, ColumnCount, parent)
     verticalHeader()->hide();
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    look::paintList(*this);
     look::paintHeader(*horizontalHeader());
     connect(this, &QTableWidget::cellDoubleClicked, this,
             [this](int row) { Q_EMIT lineOpened(row); });
