@@ -13,7 +13,7 @@ namespace partwright {
 
 namespace {
 
-constexpr int firstColumns = 200;
+constexpr int firstColumns = 201;
 constexpr int firstLines = 32;
 
 } // namespace

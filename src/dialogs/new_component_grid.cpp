@@ -22,7 +22,7 @@ struct ColumnLook {
 };
 
 constexpr ColumnLook columns[] = {
-    {"PartNum", 20}, {"CatNum", 14}, {"Description", 34},     {"BlockNumb", 14},    {"Family", 15},
+    {"PartNum", 20}, {"CatNum", 14}, {"Description", 32},     {"BlockNumb", 17},    {"Family", 18},
     {"Group", 20},   {"Used", 12},   {"Datasheet (PDF)", 20}, {"Manufacturer", 18}, {"Notes", 13},
 };
 
