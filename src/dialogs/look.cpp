@@ -23,6 +23,12 @@ void paintHeader(QHeaderView& header) {
     header.setPalette(palette);
 }
 
+void paintAlarm(QLabel& label) {
+    QPalette palette = label.palette();
+    palette.setColor(QPalette::WindowText, alarmText);
+    label.setPalette(palette);
+}
+
 QPushButton* imageButton(const QString& caption, const QString& image, const QString& toolTip,
                          const QString& objectName) {
     auto* button = new QPushButton(QIcon(QStringLiteral(":/images/") + image), caption);

@@ -5,6 +5,7 @@
 
 #include <QColor>
 #include <QHeaderView>
+#include <QLabel>
 #include <QPushButton>
 #include <QString>
 
@@ -20,6 +21,9 @@ inline const QColor alarmText(0xFF, 0x00, 0x00);
 void initialiseImages();
 
 void paintHeader(QHeaderView& header);
+
+/// The text of the label is red.
+void paintAlarm(QLabel& label);
 
 /// A button with a small image, the told face and a hand cursor. `image` names a file of the
 /// program's images; the accessible name is the caption without its mnemonic.

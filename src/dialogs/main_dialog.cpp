@@ -1,7 +1,9 @@
 #include "dialogs/main_dialog.h"
 
+#include "dialogs/change_dialog.h"
 #include "dialogs/look.h"
 #include "dialogs/new_component_dialog.h"
+#include "dialogs/wait_cursor.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -25,15 +27,6 @@ bool isAvailable(MainCommand command) {
            command == MainCommand::DescriptionParsing;
 }
 
-/// Shows the wait cursor while it lives.
-class WaitCursor {
-public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-};
-
 } // namespace
 
 CAboutDlg::CAboutDlg(QWidget* parent) : QDialog(parent) {
@@ -53,8 +46,11 @@ CAboutDlg::CAboutDlg(QWidget* parent) : QDialog(parent) {
     column->addWidget(buttons);
 }
 
-CPartwrightPlugInDlg::CPartwrightPlugInDlg(MainSession& session, QWidget* parent)
-    : QDialog(parent), session_(session) {
+CPartwrightPlugInDlg::CPartwrightPlugInDlg(MainSession& session, const DialogServices& services,
+                                           QWidget* parent)
+    : QDialog(parent), session_(session), services_(services) {
+    for (auto& flags : sortFlags_)
+        flags = std::make_shared<grid::SortFlags>();
     look::initialiseImages();
     setWindowTitle(tr("Partwright"));
     setWindowIcon(QIcon(QStringLiteral(":/images/partwright.svg")));
@@ -79,13 +75,8 @@ CPartwrightPlugInDlg::CPartwrightPlugInDlg(MainSession& session, QWidget* parent
     connect(sdtaPage_, &CLibraryPage::changed, this, [this] { showCommands(); });
     connect(asrPage_, &CLibraryPage::changed, this, [this] { showCommands(); });
     connect(sdtaPage_, &CLibraryPage::groupOpened, this,
-            [this](int group) { Q_EMIT groupOpened(0, group); });
-    connect(asrPage_, &CLibraryPage::groupOpened, this,
-            [this](int group) { Q_EMIT groupOpened(1, group); });
-    connect(this, &CPartwrightPlugInDlg::groupOpened, this, [this](int page, int group) {
-        if (group == 0)
-            openNewComponents(page);
-    });
+            [this](int group) { openGroup(0, group); });
+    connect(asrPage_, &CLibraryPage::groupOpened, this, [this](int group) { openGroup(1, group); });
     showAll();
     const int unit = fontMetrics().averageCharWidth();
     resize(unit * 130, fontMetrics().height() * 42);
@@ -198,6 +189,21 @@ void CPartwrightPlugInDlg::run(MainCommand command) {
     default:
         break;
     }
+}
+
+void CPartwrightPlugInDlg::openGroup(int page, int group) {
+    if (group == 0) {
+        openNewComponents(page);
+        return;
+    }
+    PageSession& owner = session_.page(page);
+    const auto components = owner.openGroup(group);
+    CComChange1 dialog(*components, services_, sortFlags_[static_cast<std::size_t>(page)], this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const WaitCursor wait;
+    owner.storeGroup(*components);
+    showAll();
 }
 
 void CPartwrightPlugInDlg::openNewComponents(int page) {

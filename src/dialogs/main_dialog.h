@@ -4,12 +4,14 @@
 // MainSession holds and hands every press to it.
 
 #include "dialogs/page_widgets.h"
+#include "dialogs/services.h"
 #include "editing/main_session.h"
 #include "grid/cgx_grid_core.h"
 
 #include <QDialog>
 #include <QPushButton>
 #include <QTabWidget>
+#include <array>
 #include <map>
 #include <memory>
 
@@ -37,15 +39,12 @@ class CPartwrightPlugInDlg : public QDialog {
     Q_OBJECT
 
 public:
-    explicit CPartwrightPlugInDlg(MainSession& session, QWidget* parent = nullptr);
+    CPartwrightPlugInDlg(MainSession& session, const DialogServices& services,
+                         QWidget* parent = nullptr);
 
 public Q_SLOTS:
     /// OK: saves all, and closes unless a write failed.
     void accept() override;
-
-Q_SIGNALS:
-    /// A group of a page is to be edited; `page` is 0 for SDTA and 1 for Analyses.
-    void groupOpened(int page, int group);
 
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
@@ -58,12 +57,17 @@ private:
     QPushButton* addCommand(QBoxLayout* layout, MainCommand command, const QString& caption,
                             const QString& image, const QString& toolTip, const QString& name);
     void run(MainCommand command);
+    /// A group of a page is to be edited; `page` is 0 for SDTA and 1 for Analyses.
+    void openGroup(int page, int group);
     void openNewComponents(int page);
     void showAll();
     void showCommands();
     void showAbout();
 
     MainSession& session_;
+    DialogServices services_;
+    /// By page: the directions in which component tables were sorted last.
+    std::array<std::shared_ptr<grid::SortFlags>, MainSession::pageCount> sortFlags_;
     CPropSheetList* propertySheet_ = nullptr;
     CSDTAPage* sdtaPage_ = nullptr;
     CASRPage* asrPage_ = nullptr;
