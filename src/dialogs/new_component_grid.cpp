@@ -128,6 +128,15 @@ void CStingrayGrid::autoFillFinished(CellPos source, const CellRange& range) {
             assign(row, source.col, text);
 }
 
+bool CStingrayGrid::doubleClick(int row, int col) {
+    if (row == 0)
+        return true;
+    if (col != Datasheet || text(row, col).isEmpty())
+        return false;
+    Q_EMIT datasheetOpened(text(row, col));
+    return true;
+}
+
 bool CStingrayGrid::keyPressed(QKeyEvent* event) {
     if (event->key() != Qt::Key_Delete)
         return false;
