@@ -70,8 +70,8 @@ int main(int argc, char** argv) {
         return 0;
     }
     QApplication application(argc, argv);
+    // Serves as the display name, too. Set as such it would be put behind the title of every box.
     QApplication::setApplicationName(QStringLiteral("Partwright"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Partwright"));
     const partwright::CommandLine fields =
         partwright::parseCommandLine(partwright::commandLineText(arguments));
     if (!fields.valid) {

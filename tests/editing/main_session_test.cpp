@@ -278,9 +278,65 @@ TEST_F(MainSessionTest, OkTellsWhatItCannotOpenAndCloses) {
     expectFirstStart();
     MainSession& main = start();
     folder.block(sdtaFile);
+    folder.block(linkFile);
     prompt.expect(message::failedToOpenForWriting(folder / sdtaFile), PromptIcon::Warning);
+    prompt.expect(message::failedToOpenForWriting(folder / linkFile), PromptIcon::Warning);
     EXPECT_TRUE(main.closeWithOk());
     EXPECT_NE(folder.bytesOf(analysesFile).find("R-1"), std::string::npos);
+}
+
+TEST_F(MainSessionTest, OkKeepsTheLinksAndTheWindowWhileTheirTableIsWithheld) {
+    folder.block(linkFile);
+    prompt.expect(message::failedToOpen(folder / linkFile)); // behind the SDTA libraries
+    expectFirstStart();
+    MainSession& main = start();
+    std::filesystem::remove(nativePath(folder / linkFile));
+    const auto expectRefusal = [this] {
+        prompt.expect(message::saveWouldLose(folder / linkFile, message::fileUnreadable()),
+                      PromptIcon::Warning);
+    };
+    expectRefusal();
+    EXPECT_TRUE(main.closeWithOk()) << "there is no link to lose";
+    app.datasheetLinks[L"R-1"] = L"r.pdf";
+    expectRefusal();
+    EXPECT_FALSE(main.closeWithOk());
+    EXPECT_FALSE(std::filesystem::exists(nativePath(folder / linkFile)));
+}
+
+// The records were read while their groups were unknown: writing them would drop the groups.
+TEST_F(MainSessionTest, OkLeavesALibraryReadWithoutGroupNamesAlone) {
+    const std::string old = "sep=,\n|\n>,SDTA-M, IC,IC Linear,PRECIOUS,,,Default,<\n";
+    folder.put(sdtaFile, old);
+    std::filesystem::create_directory(folder.path() / "tables");
+    for (const auto& table : std::filesystem::directory_iterator(PARTWRIGHT_TABLES))
+        if (table.path().filename() != "DescrRules.csv")
+            std::filesystem::create_symlink(table.path(),
+                                            folder.path() / "tables" / table.path().filename());
+    expectFirstStart();
+    loadAtStart(app, clock, prompt, {folder / L"tables", folder / L"public"});
+    session.emplace(app, engine, prompt);
+    session->start();
+    prompt.expect(
+        message::saveWouldLose(folder / sdtaFile, message::groupTableMissing(app.descrRulesPath)),
+        PromptIcon::Warning);
+    EXPECT_FALSE(session->closeWithOk());
+    EXPECT_EQ(folder.bytesOf(sdtaFile), old);
+    EXPECT_NE(folder.bytesOf(analysesFile), "") << "everything else goes on";
+}
+
+// A number that was put into the library by hand stands in the sets as well, without designators.
+TEST_F(MainSessionTest, OnlyPartsOfTheProjectAreEverMissing) {
+    folder.put(analysesFile, "sep=,\n|\n>,DORVANE,N/A,Unknown,HAND-1,cat,words,Default,<\n");
+    prompt.expect(message::sourceFileNotFound(folder / L"public/AnalysesLib_Public.csv"));
+    MainSession& main = start();
+    const AsrComponent byHand = main.asrPage.designLibrary.at(L"HAND-1");
+    ASSERT_EQ(byHand.Description, L"words");
+    main.asrPage.setFilter(PageFilter::FullLibrary);
+    main.asrPage.refresh();
+    EXPECT_EQ(main.asrPage.designLibrary.at(L"HAND-1"), byHand);
+    main.sdtaPage.selectedParts[L"HAND-2"];
+    main.sdtaPage.refresh();
+    EXPECT_FALSE(main.sdtaPage.designLibrary.contains(L"HAND-2"));
 }
 
 TEST_F(MainSessionTest, ACharacterTheFileLacksKeepsTheWindowOpenUntilUtf8IsTaken) {
