@@ -11,6 +11,7 @@
 #include "editing/main_session.h"
 #include "editing/startup.h"
 #include "library/library_writer.h"
+#include "platform/desktop_opener.h"
 #include "platform/message_prompt.h"
 #include "support/temp_folder.h"
 
@@ -83,6 +84,7 @@ void useProject(CPartwrightPlugInApp& app, const std::wstring& folder) {
 
 int showWindow(const std::wstring& folder) {
     MessagePrompt prompt;
+    DesktopOpener opener;
     SystemClock clock;
     CPartwrightPlugInApp app;
     useProject(app, folder);
@@ -90,7 +92,7 @@ int showWindow(const std::wstring& folder) {
     MainSession session(app, engine, prompt);
     loadAtStart(app, clock, prompt, {pathText(PARTWRIGHT_TABLES), folder});
     session.start();
-    CPartwrightPlugInDlg dialog(session);
+    CPartwrightPlugInDlg dialog(session, {app, prompt, opener});
     return show(dialog);
 }
 

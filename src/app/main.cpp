@@ -7,10 +7,10 @@
 #include "dialogs/main_dialog.h"
 #include "editing/main_session.h"
 #include "editing/startup.h"
+#include "platform/desktop_opener.h"
 #include "platform/message_prompt.h"
 
 #include <QApplication>
-
 #include <cstdio>
 #include <filesystem>
 #include <string_view>
@@ -40,6 +40,7 @@ std::vector<std::wstring> wideArguments(int argc, char** argv) {
 int runWindow(const partwright::CommandLine& fields) {
     using namespace partwright;
     MessagePrompt prompt;
+    DesktopOpener opener;
     SystemClock clock;
     CPartwrightPlugInApp app;
     app.hostTool = fields.hostTool;
@@ -51,7 +52,7 @@ int runWindow(const partwright::CommandLine& fields) {
     MainSession session(app, engine, prompt);
     loadAtStart(app, clock, prompt, {});
     session.start();
-    CPartwrightPlugInDlg dialog(session);
+    CPartwrightPlugInDlg dialog(session, {app, prompt, opener});
     dialog.exec();
     return 0;
 }

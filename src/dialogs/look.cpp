@@ -24,6 +24,12 @@ void paintHeader(QHeaderView& header) {
     header.setPalette(palette);
 }
 
+void paintAlarm(QLabel& label) {
+    QPalette palette = label.palette();
+    palette.setColor(QPalette::WindowText, alarmText);
+    label.setPalette(palette);
+}
+
 void paintList(QAbstractScrollArea& list) {
     const QPalette desktop = list.palette();
     QPalette palette = desktop;

@@ -6,6 +6,7 @@
 #include <QAbstractScrollArea>
 #include <QColor>
 #include <QHeaderView>
+#include <QLabel>
 #include <QPushButton>
 #include <QString>
 
@@ -21,6 +22,9 @@ inline const QColor alarmText(0xFF, 0x00, 0x00);
 void initialiseImages();
 
 void paintHeader(QHeaderView& header);
+
+/// The text of the label is red.
+void paintAlarm(QLabel& label);
 
 /// The told background for all that the list does not cover with cells, and lines that suit it.
 void paintList(QAbstractScrollArea& list);

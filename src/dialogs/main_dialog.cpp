@@ -1,6 +1,8 @@
 #include "dialogs/main_dialog.h"
 
+#include "dialogs/change_dialog.h"
 #include "dialogs/look.h"
+#include "dialogs/new_component_dialog.h"
 #include "dialogs/wait_cursor.h"
 
 #include <QAction>
@@ -47,8 +49,11 @@ CAboutDlg::CAboutDlg(QWidget* parent) : QDialog(parent) {
     column->addWidget(buttons);
 }
 
-CPartwrightPlugInDlg::CPartwrightPlugInDlg(MainSession& session, QWidget* parent)
-    : QDialog(parent), session_(session) {
+CPartwrightPlugInDlg::CPartwrightPlugInDlg(MainSession& session, const DialogServices& services,
+                                           QWidget* parent)
+    : QDialog(parent), session_(session), services_(services) {
+    for (auto& flags : sortFlags_)
+        flags = std::make_shared<grid::SortFlags>();
     look::initialiseImages();
     setWindowTitle(tr("Partwright"));
     setWindowIcon(QIcon(QStringLiteral(":/images/partwright.svg")));
@@ -78,9 +83,8 @@ CPartwrightPlugInDlg::CPartwrightPlugInDlg(MainSession& session, QWidget* parent
     connect(sdtaPage_, &CLibraryPage::changed, this, [this] { showCommands(); });
     connect(asrPage_, &CLibraryPage::changed, this, [this] { showCommands(); });
     connect(sdtaPage_, &CLibraryPage::groupOpened, this,
-            [this](int group) { Q_EMIT groupOpened(0, group); });
-    connect(asrPage_, &CLibraryPage::groupOpened, this,
-            [this](int group) { Q_EMIT groupOpened(1, group); });
+            [this](int group) { openGroup(0, group); });
+    connect(asrPage_, &CLibraryPage::groupOpened, this, [this](int group) { openGroup(1, group); });
     showAll();
     const QSize wanted(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 46);
     resize(wanted.boundedTo(screen()->availableSize() * 9 / 10));
@@ -220,6 +224,30 @@ void CPartwrightPlugInDlg::run(MainCommand command) {
     default:
         break;
     }
+}
+
+void CPartwrightPlugInDlg::openGroup(int page, int group) {
+    if (group == 0) {
+        openNewComponents(page);
+        return;
+    }
+    PageSession& owner = session_.page(page);
+    const auto components = owner.openGroup(group);
+    CComChange1 dialog(*components, services_, sortFlags_[static_cast<std::size_t>(page)], this);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const WaitCursor wait;
+    owner.storeGroup(*components);
+    showAll();
+}
+
+void CPartwrightPlugInDlg::openNewComponents(int page) {
+    const auto table = session_.page(page).openNewComponents();
+    if (CNewComp1(*table, newComponentSort_, this).exec() != QDialog::Accepted)
+        return;
+    const WaitCursor wait;
+    session_.storeNewComponents(page, *table);
+    showAll();
 }
 
 void CPartwrightPlugInDlg::showAll() {

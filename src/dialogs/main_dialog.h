@@ -4,12 +4,16 @@
 // MainSession holds and hands every press to it.
 
 #include "dialogs/page_widgets.h"
+#include "dialogs/services.h"
 #include "editing/main_session.h"
+#include "grid/cgx_grid_core.h"
 
 #include <QDialog>
 #include <QPushButton>
 #include <QTabWidget>
+#include <array>
 #include <map>
+#include <memory>
 
 class QBoxLayout;
 class QRadioButton;
@@ -35,15 +39,12 @@ class CPartwrightPlugInDlg : public QDialog {
     Q_OBJECT
 
 public:
-    explicit CPartwrightPlugInDlg(MainSession& session, QWidget* parent = nullptr);
+    CPartwrightPlugInDlg(MainSession& session, const DialogServices& services,
+                         QWidget* parent = nullptr);
 
 public Q_SLOTS:
     /// OK: saves all, and closes unless a write failed.
     void accept() override;
-
-Q_SIGNALS:
-    /// A group of a page is to be edited; `page` is 0 for SDTA and 1 for Analyses.
-    void groupOpened(int page, int group);
 
 private:
     /// Keys that turn the pages, and the entry that tells about the program.
@@ -55,14 +56,22 @@ private:
     QPushButton* addCommand(QBoxLayout* layout, MainCommand command, const QString& caption,
                             const QString& image, const QString& toolTip, const QString& name);
     void run(MainCommand command);
+    /// A group of a page is to be edited; `page` is 0 for SDTA and 1 for Analyses.
+    void openGroup(int page, int group);
+    void openNewComponents(int page);
     void showAll();
     void showCommands();
 
     MainSession& session_;
+    DialogServices services_;
+    /// By page: the directions in which component tables were sorted last.
+    std::array<std::shared_ptr<grid::SortFlags>, MainSession::pageCount> sortFlags_;
     CPropSheetList* propertySheet_ = nullptr;
     CSDTAPage* sdtaPage_ = nullptr;
     CASRPage* asrPage_ = nullptr;
     std::map<MainCommand, QPushButton*> commands_;
+    /// The directions in which the table of new parts was sorted last.
+    std::shared_ptr<grid::SortFlags> newComponentSort_ = std::make_shared<grid::SortFlags>();
 };
 
 } // namespace partwright

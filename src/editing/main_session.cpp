@@ -1,6 +1,7 @@
 #include "editing/main_session.h"
 
 #include "core/messages.h"
+#include "editing/new_component_session.h"
 #include "library/datasheet_links.h"
 
 namespace partwright {
@@ -74,6 +75,23 @@ void MainSession::runGroupLibrary() {
 void MainSession::parseDescriptions() {
     if (prompt_.ask(message::confirmAutoFillTitle, message::confirmAutoFill))
         page(activePage_).parseDescriptions();
+}
+
+void MainSession::storeNewComponents(int index, NewComponentTable& table) {
+    for (const std::wstring& part : table.removedParts()) {
+        for (PartSelection* keys :
+             {&sdtaPage.projectParts, &sdtaPage.selectedParts, &sdtaPage.designParts,
+              &asrPage.projectParts, &asrPage.designParts, &asrPage.publicParts})
+            keys->erase(part);
+        asrPage.designLibrary.erase(part);
+        if (index == 0) {
+            sdtaPage.designLibrary.erase(part);
+            sdtaPage.publicLibrary.erase(part);
+        } else {
+            asrPage.publicLibrary.erase(part);
+        }
+    }
+    page(index).storeNewComponents(table);
 }
 
 bool MainSession::closeWithOk() {

@@ -59,6 +59,10 @@ public:
     /// Asks first; anything but Yes changes nothing.
     void parseDescriptions();
 
+    /// A page's parts without a group after OK: the records go back to the page, and the parts that
+    /// were removed leave both pages.
+    void storeNewComponents(int page, NewComponentTable& table);
+
     /// Saves all; true when the window closes. It stays, with everything in memory, when a write
     /// was refused or failed; a file that cannot be opened is told and does not keep it open.
     bool closeWithOk();

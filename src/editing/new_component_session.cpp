@@ -179,11 +179,84 @@ bool GroupChoiceSession::accept(std::wstring_view partNumber, Prompt& prompt) {
     return true;
 }
 
+NewComponentTable::NewComponentTable(FamilyGroups groups, PartSelection projectParts,
+                                     Prompt& prompt)
+    : groups_(std::move(groups)), projectParts_(std::move(projectParts)), prompt_(prompt) {}
+
+std::vector<std::wstring> NewComponentTable::families() const {
+    std::vector<std::wstring> keys;
+    for (const auto& [key, list] : groups_)
+        keys.push_back(key);
+    std::stable_sort(keys.begin(), keys.end(), [](const auto& a, const auto& b) {
+        return displayPlace(a) < displayPlace(b);
+    });
+    return keys;
+}
+
+const std::vector<FamilyGroup>* NewComponentTable::groupsOf(std::wstring_view family) const {
+    const auto found = groups_.find(ownKey(family));
+    return found == groups_.end() ? nullptr : &found->second;
+}
+
+std::vector<std::wstring> NewComponentTable::groups(std::wstring_view family) const {
+    std::vector<std::wstring> names;
+    if (const auto* list = groupsOf(family))
+        for (const FamilyGroup& group : *list)
+            names.push_back(group.name);
+    return names;
+}
+
+std::int32_t NewComponentTable::groupNumber(std::wstring_view family,
+                                            std::wstring_view name) const {
+    if (const auto* list = groupsOf(family))
+        for (const FamilyGroup& group : *list)
+            if (group.name == name)
+                return group.code;
+    return 0;
+}
+
+std::wstring NewComponentTable::designatorsOf(std::wstring_view part) const {
+    const auto found = projectParts_.find(part);
+    return found == projectParts_.end() ? std::wstring() : found->second;
+}
+
+void NewComponentTable::setFamily(std::size_t row, std::wstring_view family) {
+    rows_[row].family = family;
+    if (groupNumber(family, rows_[row].group) == 0)
+        rows_[row].group.clear();
+}
+
+void NewComponentTable::setGroup(std::size_t row, std::wstring_view group) {
+    if (groupNumber(rows_[row].family, group) != 0)
+        rows_[row].group = group;
+}
+
+std::vector<std::size_t> NewComponentTable::deleteRows(std::vector<std::size_t> selected) {
+    std::sort(selected.begin(), selected.end());
+    selected.erase(std::unique(selected.begin(), selected.end()), selected.end());
+    std::vector<std::wstring_view> parts;
+    parts.reserve(selected.size());
+    for (const std::size_t row : selected)
+        parts.push_back(rows_[row].part);
+    std::vector<std::size_t> gone;
+    for (const std::size_t place : confirmDeletion(parts, projectParts_, prompt_))
+        gone.push_back(selected[place]);
+    std::vector<NewComponentRow> left;
+    for (std::size_t row = 0; row < rows_.size(); ++row) {
+        if (std::binary_search(gone.begin(), gone.end(), row))
+            removed_.push_back(rows_[row].part);
+        else
+            left.push_back(std::move(rows_[row]));
+    }
+    rows_ = std::move(left);
+    return gone;
+}
+
 template <class Record>
 NewComponentSession<Record>::NewComponentSession(const CPartwrightPlugInApp& app, Library records,
-                                                 const PartSelection& projectParts, Prompt& prompt)
-    : app_(app), records_(std::move(records)), projectParts_(projectParts), prompt_(prompt),
-      groups_(assignableGroups<Record>(app)) {
+                                                 PartSelection projectParts, Prompt& prompt)
+    : NewComponentTable(assignableGroups<Record>(app), std::move(projectParts), prompt), app_(app),
+      records_(std::move(records)) {
     for (const auto& [key, record] : records_) {
         NewComponentRow row;
         row.part = key;
@@ -191,6 +264,7 @@ NewComponentSession<Record>::NewComponentSession(const CPartwrightPlugInApp& app
         row.description = record.Description;
         row.manufacturer = record.Manufacturer;
         row.notes = record.Notes;
+        row.used = designatorsOf(key);
         if (record.group > 0)
             row.family = Kind<Record>::family(record.group);
         else if (record.family > 0 &&
@@ -203,81 +277,9 @@ NewComponentSession<Record>::NewComponentSession(const CPartwrightPlugInApp& app
 }
 
 template <class Record>
-std::vector<std::wstring> NewComponentSession<Record>::families() const {
-    std::vector<std::wstring> keys;
-    for (const auto& [key, list] : groups_)
-        keys.push_back(key);
-    std::stable_sort(keys.begin(), keys.end(), [](const auto& a, const auto& b) {
-        return displayPlace(a) < displayPlace(b);
-    });
-    return keys;
-}
-
-template <class Record>
-const std::vector<FamilyGroup>*
-NewComponentSession<Record>::groupsOf(std::wstring_view family) const {
-    const auto found = groups_.find(ownKey(family));
-    return found == groups_.end() ? nullptr : &found->second;
-}
-
-template <class Record>
-std::vector<std::wstring> NewComponentSession<Record>::groups(std::wstring_view family) const {
-    std::vector<std::wstring> names;
-    if (const auto* list = groupsOf(family))
-        for (const FamilyGroup& group : *list)
-            names.push_back(group.name);
-    return names;
-}
-
-template <class Record>
-std::int32_t NewComponentSession<Record>::groupNumber(std::wstring_view family,
-                                                      std::wstring_view name) const {
-    if (const auto* list = groupsOf(family))
-        for (const FamilyGroup& group : *list)
-            if (group.name == name)
-                return group.code;
-    return 0;
-}
-
-template <class Record>
-void NewComponentSession<Record>::setFamily(std::size_t row, std::wstring_view family) {
-    rows_[row].family = family;
-    if (groupNumber(family, rows_[row].group) == 0)
-        rows_[row].group.clear();
-}
-
-template <class Record>
-void NewComponentSession<Record>::setGroup(std::size_t row, std::wstring_view group) {
-    if (groupNumber(rows_[row].family, group) != 0)
-        rows_[row].group = group;
-}
-
-template <class Record>
-std::vector<std::size_t>
-NewComponentSession<Record>::deleteRows(std::vector<std::size_t> selected) {
-    std::sort(selected.begin(), selected.end());
-    selected.erase(std::unique(selected.begin(), selected.end()), selected.end());
-    std::vector<std::wstring_view> parts;
-    parts.reserve(selected.size());
-    for (const std::size_t row : selected)
-        parts.push_back(rows_[row].part);
-    std::vector<std::size_t> gone;
-    for (const std::size_t place : confirmDeletion(parts, projectParts_, prompt_))
-        gone.push_back(selected[place]);
-    for (const std::size_t row : gone) {
-        removed_.push_back(rows_[row].part);
-        records_.erase(rows_[row].part);
-    }
-    std::vector<NewComponentRow> left;
-    for (std::size_t row = 0; row < rows_.size(); ++row)
-        if (!std::binary_search(gone.begin(), gone.end(), row))
-            left.push_back(std::move(rows_[row]));
-    rows_ = std::move(left);
-    return gone;
-}
-
-template <class Record>
 typename NewComponentSession<Record>::Library NewComponentSession<Record>::takeRecords() {
+    for (const std::wstring& part : removedParts())
+        records_.erase(part);
     for (const NewComponentRow& row : rows_) {
         const std::int32_t group = groupNumber(row.family, row.group);
         const auto record = records_.find(row.part);

@@ -2,7 +2,8 @@
 
 // The decisions of the two dialogs that bring a part into its group. GroupChoiceSession is the
 // small one, behind "Add", "Copy" and "Change Group": a part number, a family, a group.
-// NewComponentSession is the large one: all parts without a group, each to be given one.
+// NewComponentSession is the large one: all parts without a group, each to be given one; a widget
+// sees it as a NewComponentTable.
 //
 // A family is known by its key; a dialog shows a longer name for some. "Hybrid-EquipPCB" and
 // "Hybrid" are one family under two keys.
@@ -78,19 +79,21 @@ struct NewComponentRow {
     std::wstring description;
     std::wstring family;
     std::wstring group;
+    /// The designators that carry the part in the project; such a part cannot be deleted.
+    std::wstring used;
     std::wstring datasheet;
     std::wstring manufacturer;
     std::wstring notes;
 };
 
-template <class Record>
-class NewComponentSession {
+/// The table as a dialog shows it, whatever kind of library it came from.
+class NewComponentTable {
 public:
-    using Library = typename Kind<Record>::Library;
+    NewComponentTable(const NewComponentTable&) = delete;
+    NewComponentTable& operator=(const NewComponentTable&) = delete;
+    virtual ~NewComponentTable() = default;
 
-    NewComponentSession(const CPartwrightPlugInApp& app, Library records,
-                        const PartSelection& projectParts, Prompt& prompt);
-
+    /// By part number; the places of all verbs below.
     [[nodiscard]] const std::vector<NewComponentRow>& rows() const { return rows_; }
     /// Keys of the families on offer.
     [[nodiscard]] std::vector<std::wstring> families() const;
@@ -100,26 +103,47 @@ public:
     /// A group that the new family does not have is emptied.
     void setFamily(std::size_t row, std::wstring_view family);
     void setGroup(std::size_t row, std::wstring_view group);
+    /// The link is no longer shown; the table of links keeps it.
+    void clearDatasheet(std::size_t row) { rows_[row].datasheet.clear(); }
     /// Asks, and removes; the places that are gone, ascending.
     std::vector<std::size_t> deleteRows(std::vector<std::size_t> selected);
-
-    /// OK: the records, those with a family and a group in their new group, without values.
-    [[nodiscard]] Library takeRecords();
-    /// Parts to be taken out of all working copies.
+    /// Parts to be taken out of all working copies after OK.
     [[nodiscard]] const std::vector<std::wstring>& removedParts() const { return removed_; }
 
-private:
+protected:
+    /// `projectParts` are those with a row in the project.
+    NewComponentTable(FamilyGroups groups, PartSelection projectParts, Prompt& prompt);
+
     /// 0 when the family or the name is unknown.
     [[nodiscard]] std::int32_t groupNumber(std::wstring_view family, std::wstring_view name) const;
+    [[nodiscard]] std::wstring designatorsOf(std::wstring_view part) const;
+
+    std::vector<NewComponentRow> rows_;
+
+private:
     [[nodiscard]] const std::vector<FamilyGroup>* groupsOf(std::wstring_view family) const;
 
+    FamilyGroups groups_;
+    PartSelection projectParts_;
+    Prompt& prompt_;
+    std::vector<std::wstring> removed_;
+};
+
+template <class Record>
+class NewComponentSession final : public NewComponentTable {
+public:
+    using Library = typename Kind<Record>::Library;
+
+    NewComponentSession(const CPartwrightPlugInApp& app, Library records,
+                        PartSelection projectParts, Prompt& prompt);
+
+    /// OK: the records that are left, those with a family and a group in their new group, without
+    /// values.
+    [[nodiscard]] Library takeRecords();
+
+private:
     const CPartwrightPlugInApp& app_;
     Library records_;
-    const PartSelection& projectParts_;
-    Prompt& prompt_;
-    FamilyGroups groups_;
-    std::vector<NewComponentRow> rows_;
-    std::vector<std::wstring> removed_;
 };
 
 extern template class NewComponentSession<SdtaComponent>;

@@ -5,6 +5,7 @@
 #include "core/text.h"
 #include "editing/component_table_session.h"
 #include "editing/library_save.h"
+#include "editing/new_component_session.h"
 #include "editing/startup.h"
 #include "library/property_tables.h"
 
@@ -172,6 +173,28 @@ void LibraryPageSession<Record>::storeGroup(TableSession& session) {
             library.insert_or_assign(key, std::move(record));
     }
     handedOut_.clear();
+    modified_ = true;
+    RebuildKeySets();
+    refresh();
+}
+
+template <class Record>
+std::unique_ptr<NewComponentTable> LibraryPageSession<Record>::openNewComponents() {
+    Library records;
+    for (const auto& [key, record] : workingLibrary())
+        if (record.group == 0 && isCounted(key))
+            records.emplace_hint(records.end(), key, record);
+    return std::make_unique<NewComponentSession<Record>>(app_, std::move(records), projectRows_,
+                                                         prompt_);
+}
+
+template <class Record>
+void LibraryPageSession<Record>::storeNewComponents(NewComponentTable& table) {
+    Library records = static_cast<NewComponentSession<Record>&>(table).takeRecords();
+    if (records.empty() && table.removedParts().empty())
+        return;
+    for (auto& [key, record] : records)
+        workingLibrary().insert_or_assign(key, std::move(record));
     modified_ = true;
     RebuildKeySets();
     refresh();

@@ -33,6 +33,8 @@
 
 namespace partwright {
 
+class NewComponentTable;
+
 /// The filter radios of the pages. The Analyses page calls AllProject "Project Only" and has no
 /// SelectedOnly.
 enum class PageFilter { SelectedOnly, AllProject, FullLibrary };
@@ -98,6 +100,12 @@ public:
     /// and does not come back was deleted.
     virtual void storeGroup(TableSession& session) = 0;
 
+    /// The parts without a group that pass the filter, to be given one.
+    [[nodiscard]] virtual std::unique_ptr<NewComponentTable> openNewComponents() = 0;
+    /// Takes over what a table of this page's openNewComponents() holds after OK. Its removed
+    /// parts are the main session's affair, since they leave both pages.
+    virtual void storeNewComponents(NewComponentTable& table) = 0;
+
     /// Makes the working map the master copy and writes it over the file of the current library.
     virtual SaveOutcome save(bool announce) = 0;
 
@@ -149,6 +157,8 @@ public:
     std::vector<std::wstring> parseDescriptions() override;
     [[nodiscard]] std::unique_ptr<TableSession> openGroup(std::int32_t group) override;
     void storeGroup(TableSession& session) override;
+    [[nodiscard]] std::unique_ptr<NewComponentTable> openNewComponents() override;
+    void storeNewComponents(NewComponentTable& table) override;
     SaveOutcome save(bool announce) override;
 
     [[nodiscard]] Library& workingLibrary();

@@ -48,6 +48,16 @@ double toTenth(double value) {
 PowerCalculator::PowerCalculator(std::int32_t group, wchar_t decimalMark)
     : group_(group), mark_(decimalMark) {}
 
+std::vector<PowerCalculator::Cell> PowerCalculator::cellsOf(const TableSession& session,
+                                                            std::size_t row) {
+    std::vector<Cell> cells;
+    const TableSetup& setup = session.setup();
+    for (std::size_t at = typeColumn + 1; at <= setup.lastParameter; ++at)
+        cells.push_back({at, setup.columns[at].header, session.table().text(row, at),
+                         session.isEnabled({row, at})});
+    return cells;
+}
+
 void PowerCalculator::load(const std::vector<Cell>& row) {
     status_.clear();
     targets_.clear();

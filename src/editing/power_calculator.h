@@ -32,8 +32,9 @@ class PowerCalculator {
 public:
     /// Highest group number that has the calculator.
     static constexpr std::int32_t lastGroup = 9;
-    [[nodiscard]] static bool serves(std::int32_t group) {
-        return group >= 1 && group <= lastGroup;
+    /// It works on stress values alone.
+    [[nodiscard]] static bool serves(const TableSetup& setup) {
+        return setup.kind->hasStressChecks && setup.group >= 1 && setup.group <= lastGroup;
     }
 
     struct Cell {
@@ -42,6 +43,8 @@ public:
         std::wstring_view text;
         bool isEnabled = true;
     };
+    /// The parameters of a row; the texts are those of the table.
+    [[nodiscard]] static std::vector<Cell> cellsOf(const TableSession& session, std::size_t row);
 
     PowerCalculator(std::int32_t group, wchar_t decimalMark);
 

@@ -168,8 +168,11 @@ TEST(PowerCalculator, FieldsTakeDigitsAndOneMark) {
     EXPECT_EQ(narrow(comma.setField(Field::Power, L"1,5.2,")), "1,52");
     EXPECT_TRUE(PowerCalculator(9, L'.').isAmbientOnly());
     EXPECT_FALSE(made.isAmbientOnly());
-    EXPECT_TRUE(PowerCalculator::serves(9) && !PowerCalculator::serves(0) &&
-                !PowerCalculator::serves(10));
+    const auto isServed = [](auto&& dialog, std::int32_t group) {
+        return PowerCalculator::serves(dialog.open(group, {}).setup());
+    };
+    EXPECT_TRUE(isServed(test::SdtaDialog(), 1) && isServed(test::SdtaDialog(), 9));
+    EXPECT_FALSE(isServed(test::SdtaDialog(), 10) || isServed(test::AsrDialog(), 9));
     EXPECT_EQ(narrow(message::calculatorTitle(L"1N1")),
               "Power Dissipation Calculator (Part Number: 1N1)");
 }

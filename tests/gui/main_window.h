@@ -42,7 +42,7 @@ public:
                     {tables.empty() ? pathText(PARTWRIGHT_TABLES) : tables, folder / L"public"});
         session.emplace(app, engine, prompt);
         session->start();
-        dialog.emplace(*session);
+        dialog.emplace(*session, DialogServices{app, prompt, opener});
         dialog->show();
         return *dialog;
     }

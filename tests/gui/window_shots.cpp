@@ -5,6 +5,7 @@
 // The scale comes from QT_SCALE_FACTOR. "dark" sets the palette of a dark desktop; without it the
 // pictures have the palette that Qt finds.
 
+#include "dialogs/change_dialog.h"
 #include "gui/main_window.h"
 #include "support/dark_palette.h"
 
@@ -41,6 +42,21 @@ int main(int argc, char** argv) {
     shoot(*window.dialog, folder + "main_analyses.png");
     window.press("public");
     shoot(*window.dialog, folder + "main_public.png");
+    const auto change = [&](int page, int group, const std::string& file) {
+        auto& owner = window.session->page(page);
+        owner.setDesign(true);
+        owner.setFilter(partwright::PageFilter::FullLibrary);
+        const auto components = owner.openGroup(group);
+        partwright::CComChange1 dialog(*components, {window.app, window.prompt, window.opener},
+                                       std::make_shared<partwright::grid::SortFlags>());
+        dialog.show();
+        dialog.resize(dialog.fontMetrics().averageCharWidth() * 190, dialog.height());
+        dialog.grid().setCurrentCell(2, 7);
+        shoot(dialog, folder + file);
+    };
+    change(0, 10, "change_sdta.png");
+    change(0, 11, "change_capacitor.png");
+    change(1, 9, "change_analyses.png");
     partwright::CAboutDlg about;
     about.show();
     shoot(about, folder + "about.png");

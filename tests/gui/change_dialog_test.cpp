@@ -1,0 +1,379 @@
+// The Change Component dialog as a person uses it: keys, the mouse, boxes.
+
+#include "dialogs/change_dialog.h"
+#include "editing/session_fixture.h"
+#include "support/recording_opener.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <QTreeWidget>
+
+namespace partwright {
+namespace {
+
+using test::goodThyristor;
+using test::narrow;
+
+constexpr int L(int parameter) {
+    return static_cast<int>(typeColumn) + parameter;
+}
+constexpr int typeCol = static_cast<int>(typeColumn);
+
+template <class Record>
+class Driver : public test::Dialog<Record> {
+public:
+    test::RecordingOpener opener;
+    std::unique_ptr<CComChange1> dialog;
+
+    void openDialog() {
+        dialog = std::make_unique<CComChange1>(*this->session,
+                                               DialogServices{this->app, this->prompt, opener},
+                                               std::make_shared<grid::SortFlags>());
+        dialog->show();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+    }
+    CStingrayGridComp& grid() { return dialog->grid(); }
+    template <class Widget>
+    Widget& find(const char* name) {
+        auto* const widget = dialog->template findChild<Widget*>(QLatin1String(name));
+        if (widget == nullptr)
+            throw std::runtime_error(std::string("no widget ") + name);
+        return *widget;
+    }
+    std::string shownLine() { return find<QLabel>("parameterDescription").text().toStdString(); }
+    std::string text(int row, int col) { return grid().text(row, col).toStdString(); }
+
+    void go(int row, int col) {
+        ASSERT_TRUE(grid().setCurrentCell(row, col));
+        grid().clearSelection();
+    }
+    /// Editors and lists that were closed wait for their end beside the open one.
+    template <class Widget>
+    Widget* visible() {
+        for (Widget* const widget : dialog->template findChildren<Widget*>())
+            if (widget->isVisible())
+                return widget;
+        return nullptr;
+    }
+    /// Where keys go: the editor when one is open.
+    QWidget* target() {
+        auto* const editor = visible<grid::CellEditor>();
+        return editor != nullptr ? static_cast<QWidget*>(editor) : &grid();
+    }
+    void key(int which, Qt::KeyboardModifiers with = {}) {
+        QTest::keyClick(target(), static_cast<Qt::Key>(which), with);
+    }
+    void type(const char* keys) {
+        for (const char* c = keys; *c != 0; ++c)
+            QTest::keyClick(target(), *c);
+    }
+    /// Chooses an entry of the current cell's list.
+    void choose(const char* name) {
+        key(Qt::Key_Down, Qt::AltModifier);
+        auto* const popup = visible<grid::ChoicePopup>();
+        ASSERT_NE(popup, nullptr);
+        auto* const entries = popup->entries();
+        const auto found = entries->findItems(QLatin1String(name), Qt::MatchExactly);
+        ASSERT_EQ(found.size(), 1) << name;
+        entries->setCurrentItem(found[0]);
+        QTest::keyClick(entries, Qt::Key_Return);
+    }
+    void shortcut(int which, Qt::KeyboardModifiers with) {
+        dialog->activateWindow(); // a box that closed may have left nobody active
+        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+        QTest::keyClick(dialog.get(), static_cast<Qt::Key>(which), with);
+    }
+    /// Answers the next modal dialog.
+    template <class Function>
+    void whenModal(Function function) {
+        QTimer::singleShot(0, dialog.get(), [function] {
+            auto* const box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            function(*box);
+        });
+    }
+    void press(const char* name) { find<QPushButton>(name).click(); }
+};
+
+using SdtaDriver = Driver<SdtaComponent>;
+using AsrDriver = Driver<AsrComponent>;
+
+TEST(ChangeDialog, OneEditIsRefusedAndThenTaken) {
+    SdtaDriver d;
+    d.open(3, {goodThyristor(), goodThyristor()});
+    d.openDialog();
+    EXPECT_EQ(d.dialog->windowTitle().toStdString(),
+              "Component Table\t\tGroup: Diode SCR \tQuantity: 2");
+    d.go(1, L(1));
+    EXPECT_EQ(d.shownLine(), "Rated power dissipation at the reference temperature Ts, W");
+    d.type("20000");
+    for (const auto leave : {Qt::Key_Return, Qt::Key_Tab, Qt::Key_Down}) {
+        d.prompt.expect(L"Value Type or Range Error.");
+        d.key(leave);
+        ASSERT_TRUE(d.grid().isEditing());
+        EXPECT_EQ(d.grid().controlText(1, L(1)).toStdString(), "20000");
+        EXPECT_EQ(d.grid().currentCell(), (grid::CellPos{1, L(1)}));
+        EXPECT_EQ(d.text(1, L(1)), "10");
+        EXPECT_EQ(d.shownLine(),
+                  "Value 20000 out of range:  Power in W must be above 0 and at most 10000.");
+    }
+    // A button of the dialog asks the editor first.
+    d.prompt.expect(L"Value Type or Range Error.");
+    d.press("ok");
+    EXPECT_TRUE(d.dialog->isVisible());
+    d.key(Qt::Key_Escape);
+    EXPECT_FALSE(d.grid().isEditing());
+    EXPECT_EQ(d.text(1, L(1)), "10");
+    EXPECT_EQ(d.shownLine().find("out of range"), std::string::npos);
+    d.type("10.0");
+    d.key(Qt::Key_Return);
+    EXPECT_EQ(d.text(1, L(1)), "10.0");
+    EXPECT_EQ(d.grid().currentCell(), (grid::CellPos{2, L(1)}));
+
+    d.shortcut(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(d.text(1, L(1)), "10");
+    d.shortcut(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(d.text(1, L(1)), "10.0");
+    d.press("ok");
+    EXPECT_EQ(d.dialog->result(), QDialog::Accepted);
+    EXPECT_EQ(d.session->takeRecords().at(L"P1").LPar[0], L"10.0");
+}
+
+TEST(ChangeDialog, TypeTakesEffectFromTheListAndComesBack) {
+    SdtaDriver d;
+    d.open(11, {{1, {L"50", L"85"}}});
+    d.openDialog();
+    const std::string first = d.text(1, typeCol);
+    const std::string value = d.text(1, L(1));
+    ASSERT_NE(first, "Custom");
+    d.go(1, typeCol);
+    d.choose("Custom");
+    EXPECT_EQ(d.text(1, typeCol), "Custom");
+    EXPECT_EQ(d.text(1, L(1)), "");
+    EXPECT_EQ(d.text(1, L(5)), "CKR"); // Process
+    EXPECT_EQ(d.text(1, L(3)), "N/A");
+    EXPECT_FALSE(d.grid().cellStyle(1, L(3)).enabled);
+    d.shortcut(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(d.text(1, typeCol), first);
+    EXPECT_EQ(d.text(1, L(1)), value);
+    // Another process clears the row like a change of type.
+    d.choose("Custom");
+    d.go(1, L(1));
+    d.type("16");
+    d.key(Qt::Key_Return);
+    d.go(1, L(5));
+    EXPECT_GT(d.grid().cellStyle(1, L(5)).choices.count(u'\n'), 2);
+    d.choose("CC");
+    EXPECT_EQ(d.text(1, L(5)), "CC");
+    EXPECT_EQ(d.text(1, L(1)), "");
+}
+
+TEST(ChangeDialog, SortedRowsAreStillTheirOwn) {
+    SdtaDriver d;
+    auto parts = std::vector{goodThyristor(), goodThyristor(), goodThyristor()};
+    parts[0].values[0] = L"30";
+    parts[1].values[0] = L"9";
+    parts[2].values[0] = L"20";
+    d.projectParts.clear();
+    d.open(3, parts);
+    d.openDialog();
+    d.grid().sortByHeader(L(1));
+    EXPECT_EQ(d.text(1, 1), "P2");
+    EXPECT_EQ(d.text(3, 1), "P1");
+    d.go(1, L(1));
+    d.type("11");
+    d.key(Qt::Key_Return);
+    EXPECT_EQ(narrow(d.session->table().text(1, typeColumn + 1)), "11");
+    // Delete the middle row on the screen, then take that back.
+    d.grid().selectRows(2, 2);
+    d.prompt.expectQuestion(message::selectedForDeletion(1) + std::wstring(message::deleteQuestion),
+                            PromptAnswer::Yes);
+    d.key(Qt::Key_Delete);
+    ASSERT_EQ(d.grid().rowCount(), 2);
+    EXPECT_EQ(d.text(2, 1), "P1");
+    d.go(2, L(1));
+    d.type("31");
+    d.key(Qt::Key_Return);
+    EXPECT_EQ(narrow(d.session->table().text(0, typeColumn + 1)), "31");
+    d.shortcut(Qt::Key_Z, Qt::ControlModifier);
+    d.shortcut(Qt::Key_Z, Qt::ControlModifier);
+    ASSERT_EQ(d.grid().rowCount(), 3);
+    std::map<std::string, std::string> power;
+    for (int row = 1; row <= 3; ++row)
+        power[d.text(row, 1)] = d.text(row, L(1));
+    EXPECT_EQ(power,
+              (std::map<std::string, std::string>{{"P1", "30"}, {"P2", "11"}, {"P3", "20"}}));
+}
+
+TEST(ChangeDialog, FillsAndPastesColumns) {
+    SdtaDriver d;
+    d.open(3, std::vector(4, goodThyristor()));
+    d.openDialog();
+    d.go(1, L(1));
+    d.type("7");
+    d.key(Qt::Key_Return);
+    d.grid().setCurrentCell(1, L(1));
+    d.grid().selectRange({1, L(1), 3, L(1)});
+    d.key(Qt::Key_D, Qt::ControlModifier);
+    EXPECT_EQ(d.text(3, L(1)), "7");
+    EXPECT_EQ(d.text(4, L(1)), "10");
+    d.shortcut(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(d.text(3, L(1)), "10"); // one step, whatever the number of rows
+    EXPECT_EQ(d.text(1, L(1)), "7");
+
+    QApplication::clipboard()->setText(QStringLiteral("5\t30\tA\n6\tN/A\tX\n"));
+    d.go(2, L(1));
+    d.key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(d.text(2, L(1)) + d.text(2, L(2)) + d.text(2, L(3)), "530A");
+    EXPECT_EQ(d.text(3, L(1)) + d.text(3, L(2)) + d.text(3, L(3)), "625C");
+}
+
+TEST(ChangeDialog, LinksOpenAndAreClearedWithoutTouchingTheRow) {
+    SdtaDriver d;
+    d.app.datasheetLinks[L"P1"] = L"scr\\p1.pdf";
+    d.app.datasheetFolder.clear();
+    d.open(3, {goodThyristor(), goodThyristor()});
+    d.openDialog();
+    const int link = static_cast<int>(d.session->setup().datasheetColumn);
+    d.go(1, link);
+    EXPECT_EQ(d.shownLine(), "Link to corresponding Datasheet file.");
+    d.prompt.expect(L"Path to Datasheet Directory is not defined.", PromptIcon::Warning);
+    d.key(Qt::Key_Return, Qt::ControlModifier); // as a double click
+    d.key(Qt::Key_Delete);
+    EXPECT_EQ(d.text(1, link), "");
+    EXPECT_EQ(d.grid().rowCount(), 2);
+    d.press("ok");
+    EXPECT_EQ(d.app.datasheetLinks.at(L"P1"), L"");
+}
+
+TEST(ChangeDialog, FindBarAndMessageSearchAlike) {
+    SdtaDriver d;
+    auto parts = std::vector(5, goodThyristor());
+    for (std::size_t i = 0; i < parts.size(); ++i)
+        parts[i].values[0] = std::to_wstring(i % 2 == 0 ? 10 : 150 + i);
+    d.open(3, parts);
+    d.openDialog();
+    d.go(1, L(1));
+    SearchRequest request(L"6_2_0_15");
+    QCoreApplication::sendEvent(d.dialog.get(), &request);
+    EXPECT_EQ(d.grid().currentCell(), (grid::CellPos{2, L(1)}));
+    EXPECT_TRUE(d.grid().isRowSelected(2));
+
+    d.shortcut(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    auto& field = d.find<QLineEdit>("findText");
+    ASSERT_TRUE(field.isVisible());
+    QTest::keyClicks(&field, QStringLiteral("15"));
+    QTest::keyClick(&field, Qt::Key_Return);
+    EXPECT_TRUE(d.dialog->isVisible()); // Enter is not OK here
+    EXPECT_EQ(d.grid().currentCell(), (grid::CellPos{4, L(1)}));
+    d.prompt.expect(L"Next  row containing the desired parameter with the required search "
+                    L"conditions was not found",
+                    PromptIcon::Information);
+    d.shortcut(Qt::Key_F3, {});
+    d.shortcut(Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_EQ(d.grid().currentCell(), (grid::CellPos{2, L(1)}));
+    QTest::keyClick(&field, Qt::Key_Escape);
+    EXPECT_FALSE(field.isVisible());
+    EXPECT_TRUE(d.dialog->isVisible());
+
+    d.grid().clearCurrentCell();
+    d.prompt.expect(L"There is no selection.");
+    d.key(Qt::Key_F, Qt::ControlModifier);
+}
+
+TEST(ChangeDialog, AddsCopiesAndMovesParts) {
+    SdtaDriver d;
+    d.open(3, {goodThyristor(), goodThyristor()});
+    d.openDialog();
+    for (const char* button : {"copy", "changeGroup", "calculator"}) {
+        d.prompt.expect(L"You should select a row in the Component Table.");
+        d.press(button);
+    }
+    const auto enter = [&](const char* part) {
+        d.whenModal([part](QDialog& box) {
+            auto* const field = box.findChild<QLineEdit*>();
+            ASSERT_NE(field, nullptr);
+            field->setText(QLatin1String(part));
+            box.accept();
+            if (box.isVisible())
+                box.reject();
+        });
+    };
+    d.prompt.expect(L"You cannot duplicate Part Number.");
+    enter("p2");
+    d.press("add");
+    EXPECT_EQ(d.grid().rowCount(), 2);
+    enter(" new-1 ");
+    d.press("add");
+    ASSERT_EQ(d.grid().rowCount(), 3);
+    EXPECT_EQ(d.text(3, 1), "NEW-1");
+    EXPECT_EQ(d.text(3, 4), "-");
+    EXPECT_EQ(d.grid().currentCell()->row, 3);
+    d.go(1, L(1));
+    enter("copy-1");
+    d.press("copy");
+    ASSERT_EQ(d.grid().rowCount(), 4);
+    EXPECT_EQ(d.text(4, L(6)), "400");
+    d.go(2, L(1));
+    d.whenModal([](QDialog& box) {
+        auto* const groups = box.findChild<QListWidget*>(QStringLiteral("groups"));
+        ASSERT_NE(groups, nullptr);
+        groups->setCurrentRow(1);
+        box.accept();
+    });
+    d.press("changeGroup");
+    ASSERT_EQ(d.grid().rowCount(), 3);
+    EXPECT_EQ(d.text(2, 1), "NEW-1");
+    d.prompt.expectQuestion(message::notAllFilledIn, PromptAnswer::Yes);
+    d.press("ok");
+    const auto records = d.session->takeRecords();
+    EXPECT_EQ(records.size(), 4u);
+    EXPECT_NE(records.at(L"P2").group, 3);
+    EXPECT_EQ(records.at(L"COPY-1").LPar[5], L"400");
+}
+
+TEST(ChangeDialog, CalculatesTheCurrentRow) {
+    SdtaDriver d;
+    d.open(3, {goodThyristor()});
+    d.openDialog();
+    d.go(1, L(1));
+    d.whenModal([](QDialog& box) {
+        EXPECT_EQ(box.windowTitle().toStdString(),
+                  "Power Dissipation Calculator (Part Number: P1)");
+        box.accept();
+    });
+    d.press("calculator");
+    EXPECT_EQ(d.text(1, L(1)), "9.99"); // (125 - 25) / 10 * 0.999
+    d.shortcut(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(d.text(1, L(1)), "10");
+
+    AsrDriver analyses;
+    analyses.open(3, {{1, {}}});
+    analyses.openDialog();
+    EXPECT_FALSE(analyses.find<QPushButton>("calculator").isEnabled());
+}
+
+TEST(ChangeDialog, CancelDropsAllAndLaterCommandsStandDisabled) {
+    SdtaDriver d;
+    d.open(3, {goodThyristor()});
+    d.openDialog();
+    d.go(1, L(1));
+    d.type("11");
+    d.press("cancel");
+    EXPECT_EQ(d.dialog->result(), QDialog::Rejected);
+    EXPECT_EQ(d.session->takeRecords().at(L"P1").LPar[0], L"10");
+    for (const char* name : {"login", "partNumberSearch", "webSearch", "aiHelper",
+                             "datasheetSearch", "datasheetRefresh"})
+        EXPECT_FALSE(d.find<QPushButton>(name).isEnabled()) << name;
+}
+
+} // namespace
+} // namespace partwright
