@@ -35,13 +35,18 @@ namespace {
 
 constexpr int manyRows = 10'000;
 
-/// Ends the process when its window has been painted.
+/// Tells the number of widgets once the window has been painted, and ends the process.
 class FirstPaint final : public QObject {
 public:
     explicit FirstPaint(QWidget& window) { window.installEventFilter(this); }
-    bool eventFilter(QObject*, QEvent* event) override {
+    bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() == QEvent::Paint)
-            QTimer::singleShot(0, qApp, &QApplication::quit);
+            QTimer::singleShot(0, watched, [watched] {
+                std::printf("%lld\n",
+                            static_cast<long long>(watched->findChildren<QWidget*>().size()));
+                std::fflush(stdout);
+                QApplication::quit();
+            });
         return false;
     }
 };
@@ -49,9 +54,7 @@ public:
 int show(QWidget& window) {
     const FirstPaint painted(window);
     window.show();
-    const int result = QApplication::exec();
-    std::printf("%lld\n", static_cast<long long>(window.findChildren<QWidget*>().size()));
-    return result;
+    return QApplication::exec();
 }
 
 int showBareForm(int widgets) {
@@ -136,8 +139,9 @@ double start(const QStringList& arguments, QByteArray& output) {
     watch.start();
     QProcess process;
     process.start(QCoreApplication::applicationFilePath(), arguments);
-    process.waitForFinished();
+    process.waitForReadyRead();
     const double time = static_cast<double>(watch.nsecsElapsed()) / 1e6;
+    process.waitForFinished();
     output = process.readAllStandardOutput();
     return time;
 }

@@ -46,8 +46,9 @@ class FillEngine {
 public:
     explicit FillEngine(CPartwrightPlugInApp& app);
 
-    /// Reads the rule files that are not there yet and prepares the classification for the
-    /// application's group list. To be run again when that list was read again.
+    /// Reads the rule files that are not there yet. To be run again when the application's group
+    /// list was read again. What is slow to prepare is prepared when the first text is read, so
+    /// that a start with nothing to classify does not wait for it.
     [[nodiscard]] std::vector<LoadResult> load();
 
     /// Group and type of an SDTA record, by the words of its description and its designators.
@@ -84,6 +85,8 @@ public:
     FillReport parseDescriptions(const PartSelection& selection, AsrLibrary& library);
 
 private:
+    [[nodiscard]] const SynonymTable& synonyms() const;
+    [[nodiscard]] const Classifier& classifier() const;
     /// Texts to show, if reading the group library gave any.
     std::vector<std::wstring> needGroupLibrary();
     /// Group and type from a text that is rewritten already.
@@ -97,9 +100,10 @@ private:
     FillTables tables_;
     ParamFiller filler_;
     TypeKeywords keywords_;
-    SynonymTable synonyms_;
+    RuleTable synonymRows_;
+    mutable std::optional<SynonymTable> synonyms_;
     FillTools tools_;
-    std::optional<Classifier> classifier_;
+    mutable std::optional<Classifier> classifier_;
     GroupLibrary groupLibrary_;
     bool groupLibraryLoaded_ = false;
     /// Designators and description, joined, to classification; for Analyses the SDTA group and the
