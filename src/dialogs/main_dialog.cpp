@@ -243,7 +243,7 @@ void CPartwrightPlugInDlg::openGroup(int page, int group) {
 
 void CPartwrightPlugInDlg::openNewComponents(int page) {
     const auto table = session_.page(page).openNewComponents();
-    if (CNewComp1(*table, newComponentSort_, this).exec() != QDialog::Accepted)
+    if (CNewComp1(*table, services_, newComponentSort_, this).exec() != QDialog::Accepted)
         return;
     const WaitCursor wait;
     session_.storeNewComponents(page, *table);

@@ -122,9 +122,7 @@ QGroupBox* CPowerDissipCalc::makeStatusBox() {
     statusPicture_->setSizePolicy(keepsRoom);
     status_ = new QLabel(box);
     status_->setObjectName(QStringLiteral("status"));
-    QPalette palette = status_->palette();
-    palette.setColor(QPalette::WindowText, look::alarmText);
-    status_->setPalette(palette);
+    look::paintAlarm(*status_);
     QFont bold = status_->font();
     bold.setBold(true);
     status_->setFont(bold);
