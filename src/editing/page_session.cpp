@@ -42,7 +42,7 @@ Library inCapitals(const Library& master) {
     for (const auto& [key, record] : master) {
         auto copy = record;
         copy.PartNum = upperCase(copy.PartNum);
-        result.insert_or_assign(upperCase(key), std::move(copy));
+        result.insert_or_assign(result.end(), upperCase(key), std::move(copy));
     }
     return result;
 }
