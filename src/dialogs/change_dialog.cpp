@@ -237,7 +237,10 @@ void CComChange1::addComponent() {
 void CComChange1::copyComponent() {
     if (!grid_->commitEdit())
         return;
-    grid_->show(session_.RefreshAllRowFlags());
+    const TableOutcome checked = session_.checkBeforeCopy(grid_->rowOrder());
+    grid_->show(checked);
+    if (!checked.accepted)
+        return;
     const auto row = currentRow();
     if (!row)
         return;
