@@ -17,6 +17,7 @@ struct Streams {
 };
 
 int runStatus(const PlaceOptions& place, const StatusOptions& options, Streams streams);
+int runCheck(const PlaceOptions& place, const CheckOptions& options, Streams streams);
 int runFill(const PlaceOptions& place, const FillOptions& options, Streams streams);
 int runClassify(const PlaceOptions& place, const LineOptions& options, Streams streams);
 int runDescribe(const PlaceOptions& place, const LineOptions& options, Streams streams);

@@ -2,6 +2,8 @@
 
 // What the arguments of partwright-cli say, as plain values.
 
+#include "editing/analysis_level.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -28,6 +30,10 @@ enum class FilterChoice { Selected, Project, Full };
 struct StatusOptions {
     /// None: the filter that a page opens with.
     std::optional<FilterChoice> filter;
+};
+
+struct CheckOptions {
+    AnalysisLevel level = AnalysisLevel::Full;
 };
 
 struct FillOptions {

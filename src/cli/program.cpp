@@ -6,6 +6,7 @@
 #include <CLI/CLI.hpp>
 
 #include <functional>
+#include <map>
 #include <optional>
 #include <ostream>
 
@@ -57,6 +58,7 @@ public:
         app_.set_version_flag("--version", version);
         app_.require_subcommand(1);
         addStatus();
+        addCheck();
         addFill();
         addClassify();
         addDescribe();
@@ -88,6 +90,25 @@ private:
         command->callback([this] {
             status_.filter = filterNamed(filter_);
             action_ = [this] { return runStatus(place_, status_, streams_); };
+        });
+    }
+
+    void addCheck() {
+        CLI::App* command = app_.add_subcommand(
+            "check", "Every check of the windows over both libraries, one finding a line");
+        addPlace(*command, place_, true);
+        static const std::map<std::string, AnalysisLevel> levels = {
+            {"asr", AnalysisLevel::SchematicReview},
+            {"rapid", AnalysisLevel::Rapid},
+            {"full", AnalysisLevel::Full}};
+        command
+            ->add_option("--level", level_,
+                         "Columns of the Analyses library that count: asr, rapid or full")
+            ->check(CLI::IsMember(levels))
+            ->capture_default_str();
+        command->callback([this] {
+            check_.level = levels.at(level_);
+            action_ = [this] { return runCheck(place_, check_, streams_); };
         });
     }
 
@@ -159,11 +180,13 @@ private:
     Streams streams_;
     PlaceOptions place_;
     StatusOptions status_;
+    CheckOptions check_;
     FillOptions fill_;
     LineOptions lines_;
     ConvertOptions convert_;
     TablesOptions tables_;
     std::string filter_;
+    std::string level_ = "full";
     std::string kind_;
     std::function<int()> action_;
 };

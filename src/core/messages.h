@@ -78,6 +78,11 @@ inline constexpr std::wstring_view longDescription = L"Description can't exceed 
 [[nodiscard]] std::wstring powerShouldBeBelow(std::wstring_view limit);
 [[nodiscard]] std::wstring powerShouldBeAtLeast(std::wstring_view limit);
 
+// --- A report on a library -----------------------------------------------------------------------
+
+inline constexpr std::wstring_view columnsNotFilledIn = L"Not all columns are filled in.";
+inline constexpr std::wstring_view groupNotChosen = L"The component has no group.";
+
 // --- Change Component dialogs: the "Parameter Description" line ----------------------------------
 
 inline constexpr std::wstring_view datasheetHint = L"Link to corresponding Datasheet file.";

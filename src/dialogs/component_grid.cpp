@@ -276,7 +276,8 @@ void CStingrayGridComp::show(const TableOutcome& outcome) {
 
 bool CStingrayGridComp::validateCell(int row, int col, const QString& text) {
     const CellAt at = sessionCell(row, col);
-    const TableOutcome outcome = session_.commit(at, engineText(text));
+    const TableOutcome outcome =
+        session_.commit(at, engineText(text), static_cast<std::size_t>(row));
     show(outcome);
     if (outcome.accepted)
         setControlText(qtText(session_.table().text(at.row, at.column)));

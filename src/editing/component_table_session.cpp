@@ -3,6 +3,7 @@
 #include "core/cell_text.h"
 #include "core/text.h"
 #include "core/vocabulary.h"
+#include "editing/component_rows.h"
 #include "editing/new_component_session.h"
 
 #include <algorithm>
@@ -11,12 +12,6 @@
 namespace partwright {
 
 namespace {
-
-std::wstring_view toShown(std::wstring_view value) {
-    if (value == cell::noValue)
-        return cell::shownNoValue;
-    return value == cell::storedNotApplicable ? cell::notApplicable : value;
-}
 
 std::wstring_view toStored(std::wstring_view text) {
     if (text == cell::shownNoValue)
@@ -29,23 +24,6 @@ void assign(std::wstring& target, std::wstring_view text) {
         target = text;
 }
 
-std::unique_ptr<TableChecks> checksFor(const TableDescriptor& kind, const ValidationTables& rules) {
-    if (kind.hasStressChecks)
-        return std::make_unique<StressChecks>(rules);
-    return std::make_unique<TableChecks>();
-}
-
-template <class Record>
-bool isCompleted(const Record& record, AnalysisLevel level) {
-    if constexpr (std::is_same_v<Record, AsrComponent>) {
-        if (level == AnalysisLevel::SchematicReview)
-            return record.completedForAsr != 0;
-        if (level == AnalysisLevel::Rapid)
-            return record.completedForRapid != 0;
-    }
-    return record.completed != 0;
-}
-
 } // namespace
 
 template <class Record>
@@ -53,81 +31,17 @@ ComponentTableSession<Record>::ComponentTableSession(const CPartwrightPlugInApp&
                                                      std::int32_t group, AnalysisLevel level,
                                                      Library records, const ValidationTables& rules,
                                                      TablePlace place, Prompt& prompt)
-    : TableSession(makeTableSetup<Record>(app, group, level), rules,
-                   checksFor(tableDescriptor<Record>(), rules), std::move(place), prompt),
+    : TableSession(makeTableSetup<Record>(app, group, level), rules, std::move(place), prompt),
       app_(app), records_(std::move(records)) {
     openedParts_ = records_.size();
-    loadRows(app.datasheetLinks);
+    table_.reserve(records_.size());
+    for (const auto& [key, record] : records_)
+        table_.load(rowOfRecord(setup(), key, record, app.datasheetLinks));
 }
 
 template <class Record>
 bool ComponentTableSession<Record>::isOpened(std::wstring_view part) const {
     return records_.find(part) != records_.end();
-}
-
-template <class Record>
-void ComponentTableSession<Record>::loadRows(const DatasheetLinks& links) {
-    const TableSetup& setup = this->setup();
-    table_.reserve(records_.size());
-    for (const auto& [key, record] : records_) {
-        TableRow row;
-        row.cells.resize(setup.columns.size());
-        auto& cells = row.cells;
-        cells[partNumberColumn] = upperCase(trim(record.PartNum));
-        if (cells[partNumberColumn] != key)
-            row.ownKey = key;
-        cells[catalogNumberColumn] = upperCase(trim(record.CatNum));
-        cells[descriptionColumn] = record.Description;
-        cells[fullColumn] = isCompleted(record, setup.level) ? fullMark : notFullMark;
-        const auto type = static_cast<std::size_t>(std::max(record.type, -1));
-        cells[typeColumn] =
-            type < setup.types.size() ? std::wstring_view(setup.types[type]) : defaultTypeName;
-        const PropertyView& view = setup.properties[std::min(type, setup.types.size())];
-        const PropertyView* property = view.names.empty() ? nullptr : &view;
-        for (std::size_t at = typeColumn + 1; at <= setup.lastParameter; ++at)
-            cells[at] = shownValue(record, setup.columns[at], property, cells[typeColumn]);
-        if (const auto link = links.find(cells[partNumberColumn]); link != links.end())
-            cells[setup.datasheetColumn] = link->second;
-        cells[setup.manufacturerColumn] = record.Manufacturer;
-        cells[setup.notesColumn] = record.Notes;
-        table_.load(std::move(row));
-    }
-}
-
-template <class Record>
-std::wstring ComponentTableSession<Record>::shownValue(const Record& record,
-                                                       const TableColumn& column,
-                                                       const PropertyView* property,
-                                                       std::wstring_view type) const {
-    const std::wstring& value = record.LPar[column.parameter - 1];
-    switch (column.choices) {
-    case ColumnChoices::At:
-        return std::wstring(value == cell::storedNotApplicable ? cell::notApplicable
-                                                               : std::wstring_view(value));
-    case ColumnChoices::Package:
-        if (value.empty())
-            return setup().defaultPackage;
-        return std::wstring(value == cell::storedNotApplicable ? cell::notApplicable
-                                                               : std::wstring_view(value));
-    case ColumnChoices::Process:
-        if (value == cell::storedNotApplicable || (value.empty() && type != customTypeName))
-            return std::wstring(cell::notApplicable);
-        return value;
-    case ColumnChoices::Option: {
-        // The auto-fill engine leaves the place in the list.
-        const OptionColumn& option = *setup().option(typeColumn + column.parameter)->first;
-        const IntegerPrefix place = readInteger(value);
-        if (place.consumed == value.size() && place.value >= 1 &&
-            static_cast<std::size_t>(place.value) <= option.names.size())
-            return std::wstring(option.names[static_cast<std::size_t>(place.value) - 1]);
-        break;
-    }
-    default:
-        break;
-    }
-    if (value.empty() && property != nullptr && property->doesNotApply(column.parameter))
-        return std::wstring(cell::notApplicable);
-    return std::wstring(toShown(value));
 }
 
 template <class Record>

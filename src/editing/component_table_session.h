@@ -42,10 +42,6 @@ protected:
     [[nodiscard]] bool isOpened(std::wstring_view part) const override;
 
 private:
-    void loadRows(const DatasheetLinks& links);
-    [[nodiscard]] std::wstring shownValue(const Record& record, const TableColumn& column,
-                                          const PropertyView* property,
-                                          std::wstring_view type) const;
     void StoreRowsToRecords();
     /// The record of a row at or behind `hint`; made when the row is new.
     typename Library::iterator recordOf(const TableRow& row, typename Library::iterator hint);

@@ -35,6 +35,7 @@ std::optional<TableStop> checkPower(const ComponentTable& table, std::size_t row
     constexpr double epsilon = std::numeric_limits<double>::epsilon();
     TableStop stop;
     stop.rows = {row};
+    stop.column = typeColumn + 1;
     if (position == typeBelowLimit && missing < epsilon)
         stop.boxes.push_back({message::powerShouldBeBelow(powerLimitText)});
     else if (position == typeFromLimit && missing > epsilon)
@@ -42,6 +43,13 @@ std::optional<TableStop> checkPower(const ComponentTable& table, std::size_t row
     else
         return std::nullopt;
     return stop;
+}
+
+std::optional<TableStop> checkRowPower(const ComponentTable& table, std::size_t row,
+                                       std::wstring_view type) {
+    if (table.setup().lastParameter == typeColumn)
+        return std::nullopt;
+    return checkPower(table, row, type, table.text(row, typeColumn + 1));
 }
 
 /// The message names the resistance that the row's reference temperature asks for.
@@ -59,8 +67,13 @@ std::wstring_view referenceOf(const ComponentTable& table, std::size_t row) {
 
 } // namespace
 
-std::optional<TableStop> TableChecks::atCommit(const ComponentTable&, CellAt,
-                                               std::wstring_view) const {
+CommitVerdict TableChecks::atCommit(const ComponentTable&, CellAt, std::wstring_view,
+                                    std::size_t) const {
+    return {};
+}
+
+std::optional<TableStop> TableChecks::atCopy(const ComponentTable&,
+                                             std::span<const std::size_t>) const {
     return std::nullopt;
 }
 
@@ -73,15 +86,24 @@ std::optional<TableStop> TableChecks::atOkTable(const ComponentTable&,
     return std::nullopt;
 }
 
-std::optional<TableStop> StressChecks::atCommit(const ComponentTable& table, CellAt at,
-                                                std::wstring_view text) const {
+std::vector<StepStop> TableChecks::everyStep(const ComponentTable&, std::size_t) const {
+    return {};
+}
+
+bool TableChecks::isPinList(const TableColumn&) const {
+    return false;
+}
+
+CommitVerdict StressChecks::atCommit(const ComponentTable& table, CellAt at, std::wstring_view text,
+                                     std::size_t) const {
+    std::optional<TableStop> stop;
     if (at.column == typeColumn)
-        return table.setup().lastParameter > typeColumn
-                   ? checkPower(table, at.row, text, table.text(at.row, typeColumn + 1))
-                   : std::nullopt;
-    if (table.setup().columns[at.column].header != powerHeader)
-        return std::nullopt;
-    return checkPower(table, at.row, table.type(at.row), text);
+        stop = checkRowPower(table, at.row, text);
+    else if (table.setup().columns[at.column].header == powerHeader)
+        stop = checkPower(table, at.row, table.type(at.row), text);
+    if (!stop)
+        return {};
+    return {CommitDecision::Refused, std::nullopt, std::move(*stop)};
 }
 
 std::optional<TableStop> StressChecks::atOkRow(const ComponentTable& table, std::size_t row) const {
@@ -109,13 +131,30 @@ std::optional<TableStop> StressChecks::atOkRow(const ComponentTable& table, std:
 
 std::optional<TableStop> StressChecks::atOkTable(const ComponentTable& table,
                                                  std::span<const std::size_t> order) const {
-    const TableSetup& setup = table.setup();
-    if (setup.group != setup.kind->powerGroup || setup.lastParameter == typeColumn)
+    if (table.setup().group != table.setup().kind->powerGroup)
         return std::nullopt;
     for (const std::size_t row : order)
-        if (auto stop = checkPower(table, row, table.type(row), table.text(row, typeColumn + 1)))
+        if (auto stop = checkRowPower(table, row, table.type(row)))
             return stop;
     return std::nullopt;
+}
+
+std::vector<StepStop> StressChecks::everyStep(const ComponentTable& table, std::size_t row) const {
+    std::vector<StepStop> stops;
+    if (auto stop = atOkRow(table, row))
+        stops.push_back({L"thermal values", std::move(*stop)});
+    if (auto stop = checkRowPower(table, row, table.type(row)))
+        stops.push_back({L"power limit", std::move(*stop)});
+    return stops;
+}
+
+std::unique_ptr<TableChecks> makeTableChecks(const TableSetup& setup,
+                                             const ValidationTables& tables) {
+    if (setup.kind->hasStressChecks)
+        return std::make_unique<StressChecks>(tables);
+    if (setup.kind->hasCodedChecks)
+        return std::make_unique<CodedChecks>(setup);
+    return std::make_unique<TableChecks>();
 }
 
 } // namespace partwright

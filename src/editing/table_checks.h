@@ -1,13 +1,16 @@
 #pragma once
 
 // The checks over a component table that only one kind of library has. A session asks them at the
-// places named here and does itself what both kinds share; a stop says what to show and select.
+// places named here and does itself what both kinds share; a stop says what to show and select. A
+// report asks the same checks of every row (library_check.h).
 
 #include "editing/component_table.h"
 #include "editing/table_outcome.h"
+#include "validation/analyses_checks.h"
 #include "validation/validation_tables.h"
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -21,6 +24,25 @@ struct TableStop {
     std::vector<std::size_t> rows;
     std::optional<std::wstring> line;
     std::vector<Box> boxes;
+    /// Column of the cell that the words are about; 0 when they are about the row.
+    std::size_t column = 0;
+    /// That cell of the first row becomes current.
+    bool goesToCell = false;
+};
+
+/// What is to become of a committed text.
+struct CommitVerdict {
+    CommitDecision decision = CommitDecision::Open;
+    /// What takes the place of the text.
+    std::optional<std::wstring> text;
+    /// Of a refusal.
+    TableStop stop;
+};
+
+/// What one step of OK says about a row.
+struct StepStop {
+    std::wstring_view step;
+    TableStop stop;
 };
 
 /// A kind of library without checks of its own.
@@ -31,15 +53,25 @@ public:
     TableChecks& operator=(const TableChecks&) = delete;
     virtual ~TableChecks() = default;
 
-    /// Before the common checks of a committed Type or parameter cell; a stop refuses the text.
-    [[nodiscard]] virtual std::optional<TableStop> atCommit(const ComponentTable& table, CellAt at,
-                                                            std::wstring_view text) const;
+    /// Before the common checks of a committed Type or parameter cell, which follow when the text
+    /// is left open. `shownRow` is the row's number on the screen.
+    [[nodiscard]] virtual CommitVerdict atCommit(const ComponentTable& table, CellAt at,
+                                                 std::wstring_view text,
+                                                 std::size_t shownRow) const;
+    /// Before a row is copied.
+    [[nodiscard]] virtual std::optional<TableStop> atCopy(const ComponentTable& table,
+                                                          std::span<const std::size_t> order) const;
     /// At OK for each row in turn, behind the question on unfilled columns.
     [[nodiscard]] virtual std::optional<TableStop> atOkRow(const ComponentTable& table,
                                                            std::size_t row) const;
     /// At OK over all rows, in the order on the screen.
     [[nodiscard]] virtual std::optional<TableStop>
     atOkTable(const ComponentTable& table, std::span<const std::size_t> order) const;
+    /// Each step's first stop at one row alone.
+    [[nodiscard]] virtual std::vector<StepStop> everyStep(const ComponentTable& table,
+                                                          std::size_t row) const;
+    /// The column lists pins, which no single-value rule fits.
+    [[nodiscard]] virtual bool isPinList(const TableColumn& column) const;
 };
 
 /// SDTA: the limits of resistor power at commit and at OK, and the combination rules of thermal
@@ -48,15 +80,42 @@ class StressChecks final : public TableChecks {
 public:
     explicit StressChecks(const ValidationTables& tables) : tables_(tables) {}
 
-    [[nodiscard]] std::optional<TableStop> atCommit(const ComponentTable& table, CellAt at,
-                                                    std::wstring_view text) const override;
+    [[nodiscard]] CommitVerdict atCommit(const ComponentTable& table, CellAt at,
+                                         std::wstring_view text,
+                                         std::size_t shownRow) const override;
     [[nodiscard]] std::optional<TableStop> atOkRow(const ComponentTable& table,
                                                    std::size_t row) const override;
     [[nodiscard]] std::optional<TableStop>
     atOkTable(const ComponentTable& table, std::span<const std::size_t> order) const override;
+    [[nodiscard]] std::vector<StepStop> everyStep(const ComponentTable& table,
+                                                  std::size_t row) const override;
 
 private:
     const ValidationTables& tables_;
 };
+
+/// Analyses: units, pins, channels and lists by group, at commit, before a copy and at OK.
+class CodedChecks final : public TableChecks {
+public:
+    explicit CodedChecks(const TableSetup& setup);
+
+    [[nodiscard]] CommitVerdict atCommit(const ComponentTable& table, CellAt at,
+                                         std::wstring_view text,
+                                         std::size_t shownRow) const override;
+    [[nodiscard]] std::optional<TableStop>
+    atCopy(const ComponentTable& table, std::span<const std::size_t> order) const override;
+    [[nodiscard]] std::optional<TableStop>
+    atOkTable(const ComponentTable& table, std::span<const std::size_t> order) const override;
+    [[nodiscard]] std::vector<StepStop> everyStep(const ComponentTable& table,
+                                                  std::size_t row) const override;
+    [[nodiscard]] bool isPinList(const TableColumn& column) const override;
+
+private:
+    AnalysesChecks checks_;
+};
+
+/// The checks that a table of this kind has.
+[[nodiscard]] std::unique_ptr<TableChecks> makeTableChecks(const TableSetup& setup,
+                                                           const ValidationTables& tables);
 
 } // namespace partwright

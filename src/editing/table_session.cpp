@@ -3,19 +3,14 @@
 #include "core/cell_text.h"
 #include "core/messages.h"
 #include "core/text.h"
+#include "editing/cell_question.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace partwright {
 
 namespace {
-
-std::vector<std::size_t> naturalOrder(std::size_t rows) {
-    std::vector<std::size_t> order(rows);
-    for (std::size_t i = 0; i < rows; ++i)
-        order[i] = i;
-    return order;
-}
 
 /// The fields of a search request.
 struct Request {
@@ -52,10 +47,16 @@ bool matches(std::wstring_view cell, const Request& request) {
 
 } // namespace
 
-TableSession::TableSession(TableSetup setup, const ValidationTables& rules,
-                           std::unique_ptr<TableChecks> checks, TablePlace place, Prompt& prompt)
-    : table_(std::move(setup)), rules_(rules), checks_(std::move(checks)), place_(std::move(place)),
-      prompt_(prompt) {}
+TableSession::TableSession(TableSetup setup, const ValidationTables& rules, TablePlace place,
+                           Prompt& prompt)
+    : table_(std::move(setup)), rules_(rules), checks_(makeTableChecks(table_.setup(), rules)),
+      place_(std::move(place)), prompt_(prompt) {}
+
+std::vector<std::size_t> TableSession::naturalOrder() const {
+    std::vector<std::size_t> order(table_.rowCount());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    return order;
+}
 
 std::wstring TableSession::title() const {
     return message::componentTableTitle(setup().groupName, openedParts_);
@@ -82,25 +83,7 @@ bool TableSession::isEnabled(CellAt at) const {
 }
 
 const ChoiceList* TableSession::choices(CellAt at) const {
-    switch (column(at.column).choices) {
-    case ColumnChoices::None:
-        break;
-    case ColumnChoices::Type:
-        return &setup().typeChoices;
-    case ColumnChoices::At:
-        return &setup().atChoices;
-    case ColumnChoices::Package:
-        return &setup().packageChoices;
-    case ColumnChoices::Process:
-        return table_.type(at.row) == customTypeName ? &setup().customProcessChoices
-                                                     : &setup().notApplicableChoices;
-    case ColumnChoices::Option:
-        const auto* option = setup().option(at.column);
-        return setup().resolved(table_.type(at.row)) == option->first->type
-                   ? &option->second
-                   : &setup().notApplicableChoices;
-    }
-    return nullptr;
+    return choicesOf(table_, at);
 }
 
 TableOutcome TableSession::selectCell(CellAt at) {
@@ -184,7 +167,7 @@ TableOutcome TableSession::search(std::wstring_view text, std::optional<CellAt> 
         return outcome;
     std::vector<std::size_t> natural;
     if (order.empty())
-        order = natural = naturalOrder(table_.rowCount());
+        order = natural = naturalOrder();
     if (current) {
         const auto place = std::find(order.begin(), order.end(), current->row) - order.begin();
         searchStart_ = static_cast<std::size_t>(place) + (request->isBackward ? 0 : 1);
@@ -218,34 +201,12 @@ void TableSession::present(const TableOutcome& outcome) {
     }
 }
 
-CellQuestion TableSession::question(CellAt at, std::wstring_view text, bool isCommit) const {
-    const TableColumn& column = this->column(at.column);
-    CellQuestion question;
-    question.type = table_.type(at.row);
-    question.value = text;
-    question.isType = column.kind == ColumnKind::Type;
-    question.isExempt = column.kind == ColumnKind::Datasheet ||
-                        column.kind == ColumnKind::CalcOutput || column.kind == ColumnKind::Notes ||
-                        column.kind == ColumnKind::Manufacturer ||
-                        (column.kind == ColumnKind::PinLibrary && !isCommit);
-    question.isChoice = isChoice(at.column) && !question.isType;
-    const auto& pinGroups = setup().kind->pinListGroups;
-    question.isPinList =
-        column.header.find(L"Pin") != std::wstring::npos &&
-        std::find(pinGroups.begin(), pinGroups.end(), setup().group) != pinGroups.end();
-    if (const PropertyView* property = setup().property(question.type))
-        question.reference = column.parameter != 0 && column.parameter < property->valid.size()
-                                 ? property->valid[column.parameter]
-                                 : SdtaPropertyRow::noValidation;
-    question.choices = choices(at);
-    return question;
-}
-
 void TableSession::RecheckRowFlag(CellAt at, TableOutcome& outcome) {
     if (at.column < typeColumn)
         return;
-    CellFinding finding = CheckCellQuiet(question(at, table_.text(at.row, at.column), false),
-                                         rules_.rules, setup().decimalMark);
+    CellFinding finding =
+        CheckCellQuiet(cellQuestion(table_, *checks_, at, table_.text(at.row, at.column), false),
+                       rules_.rules, setup().decimalMark);
     table_.flag(at.row, finding.passed && table_.isComplete(at.row));
     take(outcome, std::move(finding));
 }
@@ -281,7 +242,7 @@ TableOutcome TableSession::checkAllRowsForOk(RowOrder order) {
     takeFlags(outcome);
     std::vector<std::size_t> natural;
     if (order.empty())
-        order = natural = naturalOrder(table_.rowCount());
+        order = natural = naturalOrder();
     bool isAsked = false;
     for (const std::size_t row : order) {
         if (!isAsked && table_.text(row, fullColumn) == notFullMark) {
@@ -321,6 +282,8 @@ void TableSession::take(TableOutcome& outcome, CellFinding finding) {
 void TableSession::take(TableOutcome& outcome, TableStop stop) {
     if (stop.line)
         setLine(outcome, std::move(*stop.line));
+    if (stop.goesToCell)
+        outcome.current = CellAt{stop.rows.front(), stop.column};
     outcome.selectedRows = std::move(stop.rows);
     for (Box& box : stop.boxes)
         outcome.boxes.push_back(std::move(box));

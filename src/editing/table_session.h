@@ -70,8 +70,7 @@ struct CellText {
 
 class TableSession {
 public:
-    TableSession(TableSetup setup, const ValidationTables& rules,
-                 std::unique_ptr<TableChecks> checks, TablePlace place, Prompt& prompt);
+    TableSession(TableSetup setup, const ValidationTables& rules, TablePlace place, Prompt& prompt);
     TableSession(const TableSession&) = delete;
     TableSession& operator=(const TableSession&) = delete;
     virtual ~TableSession() = default;
@@ -102,7 +101,9 @@ public:
 
     // --- Editing a cell
     TableOutcome modify(CellAt at, std::wstring_view text);
-    TableOutcome commit(CellAt at, std::wstring_view text);
+    /// `shownRow` is the row's number on the screen, which messages name; 0 when it is that of the
+    /// records' order.
+    TableOutcome commit(CellAt at, std::wstring_view text, std::size_t shownRow = 0);
     TableOutcome cancelEdit();
 
     // --- Many cells
@@ -117,6 +118,8 @@ public:
     // --- Rows
     TableOutcome deleteRows(std::vector<std::size_t> selected);
     TableOutcome add(const GroupChoice& choice);
+    /// Asked before the dialog of a copy opens; refused when the rows cannot stay as they are.
+    TableOutcome checkBeforeCopy(RowOrder order);
     TableOutcome copy(std::size_t row, const GroupChoice& choice);
     TableOutcome changeGroup(std::size_t row, const GroupChoice& choice);
     /// Buttons that work on a row: refused with a box when no cell is current.
@@ -166,7 +169,7 @@ private:
     [[nodiscard]] bool isChoice(std::size_t column) const {
         return this->column(column).choices != ColumnChoices::None;
     }
-    [[nodiscard]] CellQuestion question(CellAt at, std::wstring_view text, bool isCommit) const;
+    [[nodiscard]] std::vector<std::size_t> naturalOrder() const;
     [[nodiscard]] std::wstring lineFor(CellAt at) const;
     [[nodiscard]] CleanText clean(std::size_t column, std::wstring_view text) const;
 
@@ -189,7 +192,10 @@ private:
     void modifyType(CellAt at, std::wstring_view text, TableOutcome& outcome);
     void commitType(CellAt at, std::wstring_view text, TableOutcome& outcome);
     void commitChoice(CellAt at, std::wstring_view text, TableOutcome& outcome);
-    void commitValue(CellAt at, std::wstring_view text, TableOutcome& outcome);
+    void commitValue(CellAt at, std::wstring text, std::size_t shownRow, TableOutcome& outcome);
+    /// Whether a parameter or a free text is accepted; puts the text that is to be stored in place
+    /// of `text`.
+    void judge(CellAt at, std::wstring& text, std::size_t shownRow, TableOutcome& outcome);
     void applyTypeEdit(CellAt at, std::wstring_view text);
     void storeText(CellAt at, std::wstring_view text, TableOutcome& outcome);
     bool fillCell(CellAt at, std::wstring_view text);

@@ -3,6 +3,7 @@
 #include "core/cell_text.h"
 #include "core/messages.h"
 #include "core/text.h"
+#include "editing/cell_question.h"
 #include "editing/table_session.h"
 
 namespace partwright {
@@ -12,6 +13,10 @@ namespace {
 /// What a custom capacitor starts as, and two parameters that this process does not have.
 constexpr std::wstring_view firstCustomProcess = L"CKR";
 constexpr std::size_t unusedByFirstProcess[] = {3, 4};
+
+/// A type whose output supply current is calculated when the table shows that choice.
+constexpr std::wstring_view calculatedType = L"IC.PinLibrary";
+constexpr std::wstring_view checkedBox = L"1";
 
 } // namespace
 
@@ -85,7 +90,7 @@ void TableSession::endStep() {
     typeEdit_.reset();
 }
 
-TableOutcome TableSession::commit(CellAt at, std::wstring_view text) {
+TableOutcome TableSession::commit(CellAt at, std::wstring_view text, std::size_t shownRow) {
     TableOutcome outcome;
     if (isReadOnly(at.column))
         return outcome;
@@ -112,7 +117,7 @@ TableOutcome TableSession::commit(CellAt at, std::wstring_view text) {
     if (isChoice(at.column))
         commitChoice(at, cleaned.text, outcome);
     else
-        commitValue(at, cleaned.text, outcome);
+        commitValue(at, std::move(cleaned.text), shownRow == 0 ? at.row + 1 : shownRow, outcome);
     return outcome;
 }
 
@@ -130,9 +135,10 @@ void TableSession::commitType(CellAt at, std::wstring_view text, TableOutcome& o
     }
     applyTypeEdit(at, text);
     outcome.changedRows = {at.row};
-    if (auto stop = checks_->atCommit(table_, at, text)) {
+    CommitVerdict verdict = checks_->atCommit(table_, at, text, at.row + 1);
+    if (verdict.decision == CommitDecision::Refused) {
         outcome.accepted = false;
-        take(outcome, std::move(*stop));
+        take(outcome, std::move(verdict.stop));
         return;
     }
     table_.write(at.row, at.column, text);
@@ -154,7 +160,7 @@ void TableSession::commitChoice(CellAt at, std::wstring_view text, TableOutcome&
     }
     if (column(at.column).choices != ColumnChoices::Process ||
         setup().group != setup().kind->processGroup || stored.empty()) {
-        commitValue(at, text, outcome);
+        commitValue(at, std::wstring(text), at.row + 1, outcome);
         return;
     }
     beginStep();
@@ -164,24 +170,39 @@ void TableSession::commitChoice(CellAt at, std::wstring_view text, TableOutcome&
     endStep();
 }
 
-void TableSession::commitValue(CellAt at, std::wstring_view text, TableOutcome& outcome) {
-    if (auto stop = checks_->atCommit(table_, at, text)) {
-        outcome.accepted = false;
-        take(outcome, std::move(*stop));
-        return;
-    }
-    if (column(at.column).kind == ColumnKind::Parameter && !isChoice(at.column) &&
-        text == cell::notApplicable) {
-        outcome.accepted = false;
-        outcome.boxes.push_back({std::wstring(message::notApplicableIsIllegal)});
-        return;
-    }
-    CellFinding finding =
-        CheckCellOnCommit(question(at, text, true), rules_.rules, setup().decimalMark);
-    outcome.accepted = finding.passed;
-    take(outcome, std::move(finding));
+void TableSession::commitValue(CellAt at, std::wstring text, std::size_t shownRow,
+                               TableOutcome& outcome) {
+    judge(at, text, shownRow, outcome);
     if (outcome.accepted)
         storeText(at, text, outcome);
+}
+
+void TableSession::judge(CellAt at, std::wstring& text, std::size_t shownRow,
+                         TableOutcome& outcome) {
+    CommitVerdict verdict = checks_->atCommit(table_, at, text, shownRow);
+    if (verdict.text) {
+        text = std::move(*verdict.text);
+        outcome.editorText = text;
+    }
+    if (verdict.decision == CommitDecision::Open && text == cell::notApplicable &&
+        column(at.column).kind == ColumnKind::Parameter && !isChoice(at.column))
+        verdict.decision = CommitDecision::NotApplicable;
+    outcome.accepted = verdict.decision == CommitDecision::Accepted;
+    switch (verdict.decision) {
+    case CommitDecision::Accepted:
+        break;
+    case CommitDecision::Refused:
+        take(outcome, std::move(verdict.stop));
+        break;
+    case CommitDecision::NotApplicable:
+        outcome.boxes.push_back({std::wstring(message::notApplicableIsIllegal)});
+        break;
+    case CommitDecision::Open:
+        CellFinding finding = CheckCellOnCommit(cellQuestion(table_, *checks_, at, text, true),
+                                                rules_.rules, setup().decimalMark);
+        outcome.accepted = finding.passed;
+        take(outcome, std::move(finding));
+    }
 }
 
 void TableSession::storeText(CellAt at, std::wstring_view text, TableOutcome& outcome) {
@@ -223,6 +244,10 @@ TableSession::CleanText TableSession::clean(std::size_t column, std::wstring_vie
 void TableSession::ChangeRowType(std::size_t row, std::wstring_view type) {
     ClearRowForType(row);
     ApplyTypeDefaults(row, type);
+    const std::size_t last = setup().columns.size() - 1;
+    if (column(last).kind == ColumnKind::CalcOutput && !column(last).hidden &&
+        type == calculatedType)
+        table_.write(row, last, checkedBox);
     if (setup().processColumn != 0 && setup().group == setup().kind->processGroup)
         followProcess(row, type);
 }

@@ -2,6 +2,7 @@
 
 #include "core/cell_text.h"
 #include "core/text.h"
+#include "editing/cell_question.h"
 #include "editing/table_session.h"
 
 #include <algorithm>
@@ -14,13 +15,10 @@ TableOutcome TableSession::fill(CellAt source, std::vector<std::size_t> rows,
     const ColumnKind kind = column(source.column).kind;
     if (text.empty() || source.column < typeColumn || kind == ColumnKind::Datasheet)
         return outcome;
-    const std::wstring value = clean(source.column, text).text;
+    std::wstring value = clean(source.column, text).text;
     if (kind != ColumnKind::Type) {
-        CellFinding finding =
-            CheckCellOnCommit(question(source, value, true), rules_.rules, setup().decimalMark);
-        outcome.accepted =
-            finding.passed && (kind != ColumnKind::Parameter || value != cell::notApplicable);
-        take(outcome, std::move(finding));
+        judge(source, value, source.row + 1, outcome);
+        outcome.editorText.reset(); // no editor is open
         if (!outcome.accepted)
             return outcome;
     }
@@ -79,8 +77,8 @@ bool TableSession::pasteCell(const CellText& cell, TableOutcome& outcome) {
         setLine(outcome, std::move(*cleaned.complaint));
     // Any text may come in this way, but not without a word about it.
     if (isChanged && at.column > typeColumn)
-        take(outcome,
-             CheckCellQuiet(question(at, cleaned.text, false), rules_.rules, setup().decimalMark));
+        take(outcome, CheckCellQuiet(cellQuestion(table_, *checks_, at, cleaned.text, false),
+                                     rules_.rules, setup().decimalMark));
     return isChanged;
 }
 

@@ -55,6 +55,19 @@ TableOutcome TableSession::add(const GroupChoice& choice) {
     return outcome;
 }
 
+TableOutcome TableSession::checkBeforeCopy(RowOrder order) {
+    TableOutcome outcome = cancelEdit();
+    takeFlags(outcome);
+    std::vector<std::size_t> natural;
+    if (order.empty())
+        order = natural = naturalOrder();
+    if (auto stop = checks_->atCopy(table_, order)) {
+        outcome.accepted = false;
+        take(outcome, std::move(*stop));
+    }
+    return outcome;
+}
+
 TableOutcome TableSession::copy(std::size_t row, const GroupChoice& choice) {
     TableOutcome outcome;
     beginStep();

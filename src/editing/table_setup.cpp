@@ -15,8 +15,6 @@ using Text = std::wstring_view;
 constexpr Text datasheetHeader = L"Datasheet (PDF)";
 
 constexpr std::int32_t circuitGroups[] = {1, 2};
-constexpr std::int32_t analysesPinListGroups[] = {4,  5,  6,  7,  9,  11, 12, 13, 14, 15, 16, 17,
-                                                  18, 19, 21, 23, 24, 25, 31, 32, 36, 38, 39};
 
 /// What a package code means to the reader of a data sheet, in the order of the lists.
 constexpr Text semiconductorPackageTexts[] = {
@@ -185,8 +183,8 @@ const TableDescriptor& tableDescriptor<AsrComponent>() {
     static const TableDescriptor descriptor{
         .hasLevels = true,
         .hasCheckBoxes = true,
+        .hasCodedChecks = true,
         .circuitGroups = circuitGroups,
-        .pinListGroups = analysesPinListGroups,
         .options = optionColumnsOfAsr(),
         .pinLibraryGroup = 9,
         .notApplicableGap = L"     ",

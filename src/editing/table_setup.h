@@ -70,14 +70,14 @@ struct TableDescriptor {
     bool hasCheckBoxes = false;
     /// Its values are stress limits, with StressChecks on them.
     bool hasStressChecks = false;
+    /// Its cells name pins and list values, with CodedChecks on them.
+    bool hasCodedChecks = false;
     /// Group whose column "Process" follows the Type; 0 for none.
     std::int32_t processGroup = 0;
     /// Group whose types have limits of the first parameter; 0 for none.
     std::int32_t powerGroup = 0;
     /// Groups with the package list of circuits.
     std::span<const std::int32_t> circuitGroups = {};
-    /// Groups whose "Pin" columns hold lists, which no single-value rule fits.
-    std::span<const std::int32_t> pinListGroups = {};
     std::span<const OptionColumn> options = {};
     /// Group whose column "IC.PinLibrary" is shown.
     std::int32_t pinLibraryGroup = 0;

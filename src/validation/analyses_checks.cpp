@@ -44,8 +44,8 @@ bool decideByGroup(const AnalysesTable& table, const AnalysesRow& row, std::size
     return true;
 }
 
-std::vector<SplitRow> splitRows(const AnalysesTable& table, std::span<const AnalysesRow> rows) {
-    std::vector<SplitRow> split;
+std::vector<ItemRow> splitRows(const AnalysesTable& table, std::span<const AnalysesRow> rows) {
+    std::vector<ItemRow> split;
     split.reserve(rows.size());
     for (const AnalysesRow& row : rows)
         split.emplace_back(table, row);
@@ -85,7 +85,7 @@ PassResult AnalysesChecks::atCopy(std::span<const AnalysesRow> rows) const {
 }
 
 PassResult AnalysesChecks::atOk(std::span<const AnalysesRow> rows) const {
-    const std::vector<SplitRow> split = splitRows(table_, rows);
+    const std::vector<ItemRow> split = splitRows(table_, rows);
     for (const OkPass& pass : okPasses())
         if (PassResult result = pass.run(table_, split))
             return result;
@@ -93,7 +93,7 @@ PassResult AnalysesChecks::atOk(std::span<const AnalysesRow> rows) const {
 }
 
 std::vector<StepFinding> AnalysesChecks::everyStep(const AnalysesRow& row) const {
-    const std::vector<SplitRow> split = splitRows(table_, std::span(&row, 1));
+    const std::vector<ItemRow> split = splitRows(table_, std::span(&row, 1));
     std::vector<StepFinding> findings;
     for (const OkPass& pass : okPasses())
         if (PassResult result = pass.run(table_, split))

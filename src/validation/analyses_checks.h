@@ -19,7 +19,7 @@
 //                     Open       go on with the rule of the cell (CheckCellOnCommit)
 //
 //   if (PassResult stop = checks.atOk(rows))    // rows in the order on the screen
-//       select stop->rows, or go to the cell at stop->position when it is not 0; show stop->boxes
+//       select stop->rows, go to the cell at stop->position when stop->goesToCell; show stop->boxes
 //
 // Rows are only borrowed while a call runs.
 

@@ -1,31 +1,19 @@
 #pragma once
 
-// The parameters of the Analyses library that are chosen from a short list: for one type of the
-// group the list and its default apply, for every other type the cell says "N/A".
+// The parameters of the Analyses library that are chosen from a short list (OptionColumn of the
+// fixed vocabulary): for one type of the group the list and its default apply, for every other type
+// the cell says "N/A".
 //
 // The auto-fill engine stores the place in the list instead of the word; such a number shows as the
 // word and counts as its place, from 1.
 
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <string_view>
 
 namespace partwright {
 
-struct AnalysesOption {
-    std::int32_t group;
-    /// LPar number.
-    std::size_t position;
-    std::wstring_view type;
-    std::wstring_view defaultValue;
-    std::span<const std::wstring_view> names;
-    std::span<const std::wstring_view> descriptions;
-};
-
-[[nodiscard]] std::span<const AnalysesOption> analysesOptions();
-
-/// The column drops down a list for some type of the group.
+/// The column drops down a list for some type of the group. `position` is the LPar number.
 [[nodiscard]] bool isOptionColumn(std::int32_t group, std::size_t position);
 /// Place of the text in the column's list, from 1, be it the word or the place itself; 0 when it
 /// is neither.

@@ -44,29 +44,29 @@ std::vector<std::wstring_view> listItems(std::wstring_view text, bool namesPins)
     return items;
 }
 
-SplitRow::SplitRow(const AnalysesTable& table, const AnalysesRow& row) : row_(row) {
+ItemRow::ItemRow(const AnalysesTable& table, const AnalysesRow& row) : row_(row) {
     for (std::size_t position = 1; position < ends_.size(); ++position) {
         split(row.text(position), table.namesPins(position), items_);
         ends_[position] = items_.size();
     }
 }
 
-bool SplitRow::isDash(std::size_t position) const {
+bool ItemRow::isDash(std::size_t position) const {
     return text(position) == cell::shownNoValue;
 }
 
-bool SplitRow::isNotApplicable(std::size_t position) const {
+bool ItemRow::isNotApplicable(std::size_t position) const {
     return text(position) == cell::notApplicable;
 }
 
-ListItems SplitRow::items(std::size_t position) const {
+ListItems ItemRow::items(std::size_t position) const {
     if (position == 0 || position >= ends_.size())
         return {};
     const std::size_t start = ends_[position - 1];
     return ListItems(items_).subspan(start, ends_[position] - start);
 }
 
-std::size_t SplitRow::dashes(std::size_t position) const {
+std::size_t ItemRow::dashes(std::size_t position) const {
     const std::size_t count = items(position).size();
     return count == 0 ? 0 : count - 1;
 }

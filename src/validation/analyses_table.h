@@ -75,9 +75,9 @@ using ListItems = std::span<const std::wstring_view>;
 [[nodiscard]] std::vector<std::wstring_view> listItems(std::wstring_view text, bool namesPins);
 
 /// A row whose cells are split, once for all checks that follow.
-class SplitRow {
+class ItemRow {
 public:
-    SplitRow(const AnalysesTable& table, const AnalysesRow& row);
+    ItemRow(const AnalysesTable& table, const AnalysesRow& row);
 
     [[nodiscard]] const AnalysesRow& row() const { return row_; }
     [[nodiscard]] std::wstring_view type() const { return row_.type(); }
@@ -96,14 +96,16 @@ private:
     std::array<std::size_t, maximumAnalysesColumns + 1> ends_{};
 };
 
-using SplitRows = std::span<const SplitRow>;
+using ItemRows = std::span<const ItemRow>;
 
 /// What a pass over a table found.
 struct CheckFinding {
     /// Indices of the rows at fault.
     std::vector<std::size_t> rows;
-    /// Position of the cell to go to; 0 selects the rows as a whole.
+    /// Position of the cell that the words are about; 0 when they are about the row.
     std::size_t position = 0;
+    /// Go to that cell.
+    bool goesToCell = false;
     /// Plain boxes, one after the other.
     std::vector<std::wstring> boxes;
 };

@@ -38,7 +38,7 @@ std::wstring couplerFault(const std::vector<double>& db, wchar_t mark) {
 }
 
 /// The numbers of the dB cell, or what is wrong with it.
-std::wstring readCell(const SplitRow& row, wchar_t mark, std::vector<double>& db) {
+std::wstring readCell(const ItemRow& row, wchar_t mark, std::vector<double>& db) {
     if (!isInOrder(row.text(dbPosition)))
         return std::wstring(check_text::outOfRange);
     for (const std::wstring_view item : row.items(dbPosition)) {
@@ -86,7 +86,7 @@ std::wstring dbFault(std::int32_t group, std::wstring_view type, ListItems pins,
     return {};
 }
 
-std::wstring couplingFault(const SplitRow& row, wchar_t decimalMark) {
+std::wstring couplingFault(const ItemRow& row, wchar_t decimalMark) {
     if (row.isDash(dbPosition) || row.isEmpty(dbPosition) || row.isNotApplicable(dbPosition))
         return {};
     std::vector<double> db;

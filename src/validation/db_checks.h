@@ -25,6 +25,6 @@ namespace partwright {
                                    ListItems values, wchar_t decimalMark);
 
 /// Group 38: the dB cell of a row by its type. The message, empty when fine.
-[[nodiscard]] std::wstring couplingFault(const SplitRow& row, wchar_t decimalMark);
+[[nodiscard]] std::wstring couplingFault(const ItemRow& row, wchar_t decimalMark);
 
 } // namespace partwright

@@ -44,7 +44,7 @@ bool holdsAny(const Pins& sorted, const Pins& pins) {
     });
 }
 
-bool repeatsPin(const SplitRow& row, ColumnSet columns) {
+bool repeatsPin(const ItemRow& row, ColumnSet columns) {
     Pins pins;
     for (std::size_t position = 1; position <= maximumAnalysesColumns; ++position)
         if (holds(columns, position))
@@ -78,7 +78,7 @@ SupplyColumns supplyColumns(const AnalysesTable& table) {
     return columns;
 }
 
-std::wstring supplyFault(const SupplyColumns& columns, const SplitRow& row) {
+std::wstring supplyFault(const SupplyColumns& columns, const ItemRow& row) {
     Pins all;
     for (std::size_t i = 0; i < columns.supplies.size(); ++i) {
         Pins pins;
@@ -100,19 +100,19 @@ std::wstring supplyFault(const SupplyColumns& columns, const SplitRow& row) {
 }
 
 /// Group 4: with several supply pins the way out of each is known.
-bool lacksSupplyOutput(const SplitRow& row) {
+bool lacksSupplyOutput(const ItemRow& row) {
     return row.items(4).size() > 1 && row.isDash(11);
 }
 
 PassResult allOf(std::vector<std::size_t> rows, std::wstring_view message) {
     if (rows.empty())
         return std::nullopt;
-    return CheckFinding{std::move(rows), 0, {std::wstring(message)}};
+    return CheckFinding{std::move(rows), 0, false, {std::wstring(message)}};
 }
 
 } // namespace
 
-PassResult CheckDuplicatePins(const AnalysesTable& table, SplitRows rows) {
+PassResult CheckDuplicatePins(const AnalysesTable& table, ItemRows rows) {
     const auto* rule = std::find_if(std::begin(pinColumns), std::end(pinColumns),
                                     [&](const PinColumns& p) { return p.group == table.group; });
     if (rule == std::end(pinColumns))
@@ -125,16 +125,17 @@ PassResult CheckDuplicatePins(const AnalysesTable& table, SplitRows rows) {
             continue;
         if (hasSupplies)
             if (const std::wstring fault = supplyFault(supplies, rows[i]); !fault.empty())
-                return CheckFinding{{i}, 0, {check_text::inRow(rows[i].row().number, fault)}};
+                return CheckFinding{
+                    {i}, 0, false, {check_text::inRow(rows[i].row().number, fault)}};
         if (table.group == 4 && lacksSupplyOutput(rows[i]))
-            return CheckFinding{{i}, 0, {std::wstring(check_text::supplyOutput)}};
+            return CheckFinding{{i}, 0, false, {std::wstring(check_text::supplyOutput)}};
         if (repeatsPin(rows[i], rule->columns))
             repeating.push_back(i);
     }
     return allOf(std::move(repeating), check_text::duplicatePins);
 }
 
-PassResult checkRelayPins(const AnalysesTable& table, SplitRows rows) {
+PassResult checkRelayPins(const AnalysesTable& table, ItemRows rows) {
     if (table.group != 32)
         return std::nullopt;
     std::vector<std::size_t> repeating;

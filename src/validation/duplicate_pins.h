@@ -9,10 +9,10 @@ namespace partwright {
 
 /// Groups 4 to 9, 36 and 38. Plain duplicates are told for all rows at once, the others for the
 /// first row.
-[[nodiscard]] PassResult CheckDuplicatePins(const AnalysesTable& table, SplitRows rows);
+[[nodiscard]] PassResult CheckDuplicatePins(const AnalysesTable& table, ItemRows rows);
 
 /// Group 32: the pins of the coil differ from each other and from those of the contacts, which may
 /// share one among themselves.
-[[nodiscard]] PassResult checkRelayPins(const AnalysesTable& table, SplitRows rows);
+[[nodiscard]] PassResult checkRelayPins(const AnalysesTable& table, ItemRows rows);
 
 } // namespace partwright

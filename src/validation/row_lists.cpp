@@ -75,7 +75,7 @@ constexpr EqualCounts equalCounts[] = {
     {39, L"", columnSet(1, 2), 0, 0, resistorNames},
 };
 
-bool hasEqualCounts(const AnalysesTable& table, const SplitRow& row, const EqualCounts& rule) {
+bool hasEqualCounts(const AnalysesTable& table, const ItemRow& row, const EqualCounts& rule) {
     std::optional<std::ptrdiff_t> expected;
     for (std::size_t position = 1; position <= maximumAnalysesColumns; ++position) {
         const bool isDash = row.isDash(position);
@@ -92,7 +92,7 @@ bool hasEqualCounts(const AnalysesTable& table, const SplitRow& row, const Equal
     return true;
 }
 
-std::wstring countFault(const AnalysesTable& table, const SplitRow& row) {
+std::wstring countFault(const AnalysesTable& table, const ItemRow& row) {
     for (const EqualCounts& rule : equalCounts)
         if (rule.group == table.group && (rule.type.empty() || rule.type == row.type()) &&
             !hasEqualCounts(table, row, rule))
@@ -102,7 +102,7 @@ std::wstring countFault(const AnalysesTable& table, const SplitRow& row) {
 
 // --- Rules of single groups
 
-std::wstring_view circuitFault(const AnalysesTable& table, const SplitRow& row) {
+std::wstring_view circuitFault(const AnalysesTable& table, const ItemRow& row) {
     constexpr std::size_t pinOut = 10;
     constexpr std::size_t vout = 11;
     constexpr std::size_t rout = 23;
@@ -119,7 +119,7 @@ std::wstring_view circuitFault(const AnalysesTable& table, const SplitRow& row) 
 
 /// A delay is shorter than a period: Fout is in megahertz and delays are in microseconds. Without a
 /// frequency there is no period that a delay could be shorter than.
-std::wstring delayFault(const AnalysesTable& table, const SplitRow& row) {
+std::wstring delayFault(const AnalysesTable& table, const ItemRow& row) {
     constexpr std::size_t fout = 4;
     constexpr std::size_t delay = 11;
     constexpr double slack = 1e-12;
@@ -134,7 +134,7 @@ std::wstring delayFault(const AnalysesTable& table, const SplitRow& row) {
     return {};
 }
 
-std::wstring_view diodeFault(const AnalysesTable& table, const SplitRow& row) {
+std::wstring_view diodeFault(const AnalysesTable& table, const ItemRow& row) {
     const std::size_t anode = table.group == 11 ? 5 : 3;
     if (!takesPart(table, row, anode) || !takesPart(table, row, anode + 1))
         return {};
@@ -144,7 +144,7 @@ std::wstring_view diodeFault(const AnalysesTable& table, const SplitRow& row) {
                                                           : std::wstring_view();
 }
 
-std::wstring groupFault(const AnalysesTable& table, const SplitRow& row) {
+std::wstring groupFault(const AnalysesTable& table, const ItemRow& row) {
     switch (table.group) {
     case 5:
         if (!takesPart(table, row, 2) || !takesPart(table, row, 5))
@@ -167,11 +167,11 @@ std::wstring groupFault(const AnalysesTable& table, const SplitRow& row) {
 
 } // namespace
 
-bool takesPart(const AnalysesTable& table, const SplitRow& row, std::size_t position) {
+bool takesPart(const AnalysesTable& table, const ItemRow& row, std::size_t position) {
     return !table.isHidden(position) && !row.isEmpty(position) && !row.isNotApplicable(position);
 }
 
-PassResult CheckRowLists(const AnalysesTable& table, SplitRows rows) {
+PassResult CheckRowLists(const AnalysesTable& table, ItemRows rows) {
     if (std::none_of(std::begin(equalCounts), std::end(equalCounts),
                      [&](const EqualCounts& rule) { return rule.group == table.group; }))
         return std::nullopt;
@@ -180,7 +180,7 @@ PassResult CheckRowLists(const AnalysesTable& table, SplitRows rows) {
         if (fault.empty())
             fault = groupFault(table, rows[i]);
         if (!fault.empty())
-            return CheckFinding{{i}, 0, {check_text::ofMethod(table.methodText, fault)}};
+            return CheckFinding{{i}, 0, false, {check_text::ofMethod(table.methodText, fault)}};
     }
     return std::nullopt;
 }

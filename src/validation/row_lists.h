@@ -17,12 +17,12 @@
 namespace partwright {
 
 /// The first row at fault, with its message behind the name of the method.
-[[nodiscard]] PassResult CheckRowLists(const AnalysesTable& table, SplitRows rows);
+[[nodiscard]] PassResult CheckRowLists(const AnalysesTable& table, ItemRows rows);
 
 /// The cell takes part in the pass.
-[[nodiscard]] bool takesPart(const AnalysesTable& table, const SplitRow& row, std::size_t position);
+[[nodiscard]] bool takesPart(const AnalysesTable& table, const ItemRow& row, std::size_t position);
 
 /// Group 24: what the lists of a row's windings say beyond their counts. Empty when fine.
-[[nodiscard]] std::wstring transformerFault(const AnalysesTable& table, const SplitRow& row);
+[[nodiscard]] std::wstring transformerFault(const AnalysesTable& table, const ItemRow& row);
 
 } // namespace partwright

@@ -12,23 +12,23 @@
 namespace partwright {
 
 /// Group 8: the output pin of a regulator is known.
-[[nodiscard]] PassResult checkRegulatorOutputs(const AnalysesTable& table, SplitRows rows);
+[[nodiscard]] PassResult checkRegulatorOutputs(const AnalysesTable& table, ItemRows rows);
 /// Group 5, type 1: one input pin; goes to the cell.
-[[nodiscard]] PassResult checkAmplifierInputs(const AnalysesTable& table, SplitRows rows);
+[[nodiscard]] PassResult checkAmplifierInputs(const AnalysesTable& table, ItemRows rows);
 /// Group 25, type 3: one output pin or two different ones.
-[[nodiscard]] PassResult checkOscillatorOutputs(const AnalysesTable& table, SplitRows rows);
+[[nodiscard]] PassResult checkOscillatorOutputs(const AnalysesTable& table, ItemRows rows);
 /// Rows that are full: the column of frequencies.
-[[nodiscard]] PassResult CheckFrequencies(const AnalysesTable& table, SplitRows rows);
+[[nodiscard]] PassResult CheckFrequencies(const AnalysesTable& table, ItemRows rows);
 /// Group 38, rows that are full: the dB cell by the type.
-[[nodiscard]] PassResult CheckDbOfCoupling(const AnalysesTable& table, SplitRows rows);
+[[nodiscard]] PassResult CheckDbOfCoupling(const AnalysesTable& table, ItemRows rows);
 /// Group 26, rows that are not hidden: the pins of RF filters and feed-through capacitors.
-[[nodiscard]] PassResult CheckFilterRows(const AnalysesTable& table, SplitRows rows);
+[[nodiscard]] PassResult CheckFilterRows(const AnalysesTable& table, ItemRows rows);
 /// The syntax of every filled list cell.
-[[nodiscard]] PassResult CheckAllListCells(const AnalysesTable& table, SplitRows rows);
+[[nodiscard]] PassResult CheckAllListCells(const AnalysesTable& table, ItemRows rows);
 
 struct OkPass {
     std::wstring_view name;
-    PassResult (*run)(const AnalysesTable&, SplitRows);
+    PassResult (*run)(const AnalysesTable&, ItemRows);
 };
 [[nodiscard]] std::span<const OkPass> okPasses();
 

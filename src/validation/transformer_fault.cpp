@@ -47,7 +47,7 @@ constexpr Windings windings[] = {
 };
 
 /// Nothing at all was entered for a section, though the level shows it.
-bool isMissing(const AnalysesTable& table, const SplitRow& row, const Section& section) {
+bool isMissing(const AnalysesTable& table, const ItemRow& row, const Section& section) {
     bool isShown = false;
     for (const std::size_t position : section.parameters) {
         if (table.isHidden(position))
@@ -59,7 +59,7 @@ bool isMissing(const AnalysesTable& table, const SplitRow& row, const Section& s
     return isShown;
 }
 
-std::wstring levelFault(const AnalysesTable& table, const SplitRow& row, const Section& section) {
+std::wstring levelFault(const AnalysesTable& table, const ItemRow& row, const Section& section) {
     if (!takesPart(table, row, section.levels) || !takesPart(table, row, section.pins()))
         return {};
     const ListItems levels = row.items(section.levels);
@@ -73,7 +73,7 @@ std::wstring levelFault(const AnalysesTable& table, const SplitRow& row, const S
 }
 
 /// Pairs without direction: a winding between 1 and 2 is one between 2 and 1.
-std::vector<PinPair> pinPairs(const AnalysesTable& table, const SplitRow& row,
+std::vector<PinPair> pinPairs(const AnalysesTable& table, const ItemRow& row,
                               const Section& section) {
     std::vector<PinPair> pairs;
     if (!takesPart(table, row, section.pins()) || !takesPart(table, row, section.otherPins()))
@@ -85,7 +85,7 @@ std::vector<PinPair> pinPairs(const AnalysesTable& table, const SplitRow& row,
     return pairs;
 }
 
-bool hasUnequalPins(const AnalysesTable& table, const SplitRow& row, const Section& section) {
+bool hasUnequalPins(const AnalysesTable& table, const ItemRow& row, const Section& section) {
     return takesPart(table, row, section.pins()) && takesPart(table, row, section.otherPins()) &&
            row.items(section.pins()).size() != row.items(section.otherPins()).size();
 }
@@ -115,7 +115,7 @@ std::wstring repeatedPinFault(const std::vector<PinPair>& pairs) {
                                     pairText(pairs[std::next(repeated)->second]));
 }
 
-std::wstring pairFault(const AnalysesTable& table, const SplitRow& row) {
+std::wstring pairFault(const AnalysesTable& table, const ItemRow& row) {
     for (const Section& section : sections)
         if (hasUnequalPins(table, row, section))
             return std::wstring(section.unequalPins);
@@ -130,7 +130,7 @@ std::wstring pairFault(const AnalysesTable& table, const SplitRow& row) {
 
 } // namespace
 
-std::wstring transformerFault(const AnalysesTable& table, const SplitRow& row) {
+std::wstring transformerFault(const AnalysesTable& table, const ItemRow& row) {
     const auto* kind = std::find_if(std::begin(windings), std::end(windings),
                                     [&](const Windings& w) { return w.type == row.type(); });
     if (kind == std::end(windings))

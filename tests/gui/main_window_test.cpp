@@ -1,5 +1,6 @@
 #include "core/messages.h"
 #include "dialogs/look.h"
+#include "gui/change_driver.h"
 #include "gui/main_window.h"
 #include "library/library_reader.h"
 #include "support/dark_palette.h"
@@ -400,6 +401,90 @@ TEST_F(MainWindowCase, ToldBackgroundsCarryDarkTextOnADarkDesktop) {
     EXPECT_GE(contrast(label.palette().color(label.foregroundRole()),
                        dialog->palette().color(QPalette::Window)),
               4.5);
+}
+
+// One road from the list of groups to the bytes of the file.
+TEST_F(MainWindowCase, EditsAGroupAndSavesIt) {
+    open();
+    auto& list = find<QTableWidget>("sdtaList");
+    constexpr int resistors = 10;
+    ASSERT_EQ(line("sdtaList", QStringLiteral("Resistor"))[3], QStringLiteral("7"));
+    const auto edit = [&](auto&& work) {
+        whenModal(*dialog, [&work](QDialog& box) {
+            auto* const change = qobject_cast<CComChange1*>(&box);
+            ASSERT_NE(change, nullptr);
+            ChangeDriver d(*change);
+            work(d, *change);
+            if (change->isVisible())
+                change->reject();
+        });
+        list.setCurrentCell(resistors, 0);
+        QTest::keyClick(&list, Qt::Key_Return);
+    };
+    const auto rowOf = [](ChangeDriver& d, const char* part) {
+        for (int row = 1; row <= d.grid().rowCount(); ++row)
+            if (d.text(row, 1) == part)
+                return row;
+        return 0;
+    };
+
+    edit([&](ChangeDriver& d, CComChange1& change) {
+        EXPECT_EQ(change.windowTitle(),
+                  QStringLiteral("Component Table\t\tGroup: Resistor \tQuantity: 9"));
+        const int row = rowOf(d, "CRCW06034K70FKEA");
+        // The type wants less than half a watt.
+        prompt.expect(message::powerShouldBeBelow(L"0.5"));
+        d.enter(row, L(1), "0.5");
+        EXPECT_TRUE(d.grid().isEditing());
+        d.key(Qt::Key_Escape);
+        d.enter(row, L(1), "0.1");
+        d.enter(row, L(2), "75");
+        d.enter(row, L(3), "155");
+        d.enter(row, L(4), "4700");
+        EXPECT_EQ(d.text(row, 4), "+");
+        // Parts of the project stay.
+        d.grid().selectRows(row, row);
+        prompt.expect(message::selectedForDeletion(1) + message::allBlocked(1));
+        d.key(Qt::Key_Delete);
+        d.press("cancel");
+    });
+    EXPECT_EQ(line("sdtaList", QStringLiteral("Resistor"))[3], QStringLiteral("7"));
+
+    edit([&](ChangeDriver& d, CComChange1& change) {
+        d.grid().sortByHeader(1);
+        d.grid().sortByHeader(1); // downward
+        const int row = rowOf(d, "CRCW06034K70FKEA");
+        EXPECT_EQ(d.text(row, L(1)), "");
+        d.enter(row, L(1), "0.1");
+        d.enter(row, L(2), "75");
+        d.enter(row, L(3), "155");
+        d.enter(row, L(4), "4700");
+        whenModal(change, [](QDialog& box) {
+            box.findChild<QLineEdit*>(QStringLiteral("partNumber"))
+                ->setText(QStringLiteral("my-shunt"));
+            box.accept();
+        });
+        d.press("add");
+        const int added = rowOf(d, "MY-SHUNT");
+        d.go(added, typeCol);
+        d.choose("RM.Fix.Pw>=0.5");
+        d.enter(added, 2, "100-0099");
+        d.enter(added, L(1), "2");
+        prompt.expectQuestion(message::notAllFilledIn, PromptAnswer::Yes);
+        d.press("ok");
+    });
+    EXPECT_EQ(line("sdtaList", QStringLiteral("Resistor")),
+              strings({"10", "Resistor", "10", "7", "Resistor"}));
+
+    prompt.expect(message::operationCompleted, PromptIcon::Information);
+    press("saveLibrary");
+    const QString saved = QString::fromStdString(folder.bytesOf(sampleSdta));
+    EXPECT_TRUE(saved.contains(
+        QStringLiteral("\"\"\"CRCW06034K70FKEA\"\"\",\"\"\"100-0002\"\"\",\"\"\"RES 4K7 1% "
+                       "0603\"\"\",RM.Fix.Pw<0.5,0.1,75,155,4700,-2,\"\"\"Vishay\"\"\"")))
+        << saved.toStdString();
+    EXPECT_TRUE(saved.contains(QStringLiteral("\"\"\"MY-SHUNT\"\"\",\"\"\"100-0099\"\"\"")))
+        << saved.toStdString();
 }
 
 } // namespace partwright::test

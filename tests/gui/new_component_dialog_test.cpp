@@ -10,6 +10,7 @@
 #include "support/project_folder.h"
 #include "support/recording_opener.h"
 #include "support/scripted_prompt.h"
+#include "support/widget_sweep.h"
 
 #include <gtest/gtest.h>
 
@@ -105,6 +106,8 @@ TEST_F(NewComponentDialog, FamilyAndGroupByKeyboard) {
     EXPECT_EQ(column(grid, Grid::PartNumber).join(s(" ")), s("PartNum FREE-1 FREE-2 ODD-1 ODD-2"));
     EXPECT_EQ(column(grid, Grid::Used).join(s(" ")), s("Used   ZZ1 ZZ2"));
     EXPECT_EQ(grid.text(3, Grid::Datasheet), s("odd.pdf"));
+    EXPECT_EQ(namelessControls(*dialog), QStringList());
+    EXPECT_NE(grid.accessibleName(), QString());
     EXPECT_EQ(QApplication::focusWidget(), &grid);
 
     key(Qt::Key_Down);

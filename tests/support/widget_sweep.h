@@ -12,6 +12,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QSlider>
 #include <QStringList>
 #include <QTabBar>
@@ -22,6 +23,8 @@
 namespace partwright::test {
 
 inline bool isControl(const QWidget& widget) {
+    if (qobject_cast<const QScrollBar*>(&widget) != nullptr)
+        return false; // a piece of what it scrolls
     for (const QWidget* above = widget.parentWidget(); above != nullptr;
          above = above->parentWidget())
         if (qobject_cast<const QAbstractItemView*>(above) != nullptr ||

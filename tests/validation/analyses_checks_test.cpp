@@ -181,7 +181,7 @@ private:
             got.clear();
             for (const std::size_t row : result->rows)
                 got += (got.empty() ? L"" : L",") + std::to_wstring(row + 1);
-            if (result->position != 0)
+            if (result->goesToCell)
                 got += L"@" + std::to_wstring(result->position);
             got += L": " + join(result->boxes);
         }

@@ -1,0 +1,67 @@
+#include "cli/commands.h"
+#include "cli/project.h"
+#include "core/encoding.h"
+#include "editing/library_check.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <iterator>
+#include <ostream>
+
+namespace partwright::cli {
+
+namespace {
+
+/// A field of a line: nothing in it may look like the end of the field or of the line.
+std::string field(std::wstring_view text) {
+    std::wstring line(text);
+    std::replace_if(
+        line.begin(), line.end(), [](wchar_t c) { return c < L' '; }, L' ');
+    return encodeUtf8(line);
+}
+
+void printText(std::ostream& out, const LibraryFinding& finding) {
+    const std::wstring_view fields[] = {finding.library, finding.part,      finding.group,
+                                        finding.type,    finding.parameter, finding.value,
+                                        finding.rule,    finding.text};
+    for (std::size_t i = 0; i < std::size(fields); ++i)
+        out << (i == 0 ? "" : "\t") << field(fields[i]);
+    out << '\n';
+}
+
+nlohmann::ordered_json json(const LibraryFinding& finding) {
+    return {{"library", encodeUtf8(finding.library)},     {"partNumber", encodeUtf8(finding.part)},
+            {"group", encodeUtf8(finding.group)},         {"type", encodeUtf8(finding.type)},
+            {"parameter", encodeUtf8(finding.parameter)}, {"value", encodeUtf8(finding.value)},
+            {"rule", encodeUtf8(finding.rule)},           {"text", encodeUtf8(finding.text)}};
+}
+
+} // namespace
+
+int runCheck(const PlaceOptions& place, const CheckOptions& options, Streams streams) {
+    Project project(place, streams);
+    MainSession& session = project.session;
+    // Parts that the libraries lack are unfilled ones in the window, so they are here.
+    for (int index = 0; index < MainSession::pageCount; ++index) {
+        session.page(index).setFilter(PageFilter::AllProject);
+        session.page(index).refresh();
+    }
+    std::vector<LibraryFinding> findings = checkLibrary<SdtaComponent>(
+        project.app, session.sdtaPage.workingLibrary(), session.rules, options.level);
+    std::vector<LibraryFinding> analyses = checkLibrary<AsrComponent>(
+        project.app, session.asrPage.workingLibrary(), session.rules, options.level);
+    std::move(analyses.begin(), analyses.end(), std::back_inserter(findings));
+    for (const LibraryFinding& finding : findings)
+        if (place.json)
+            streams.out << json(finding).dump() << '\n';
+        else
+            printText(streams.out, finding);
+    if (!place.json)
+        streams.out << findings.size() << (findings.size() == 1 ? " finding" : " findings") << '\n';
+    if (project.prompt.unreadable())
+        return Usage;
+    return findings.empty() ? Fine : Findings;
+}
+
+} // namespace partwright::cli

@@ -1,0 +1,141 @@
+#include "editing/library_check.h"
+
+#include "core/messages.h"
+#include "editing/cell_question.h"
+#include "editing/component_rows.h"
+#include "editing/component_table.h"
+#include "editing/table_checks.h"
+
+#include <map>
+#include <utility>
+
+namespace partwright {
+
+namespace {
+
+constexpr auto notFound = std::wstring_view::npos;
+constexpr std::wstring_view valueRule = L"single value";
+constexpr std::wstring_view completenessRule = L"completeness";
+
+/// The rows of one group, and what is found in them.
+class GroupCheck {
+public:
+    GroupCheck(std::wstring_view library, TableSetup setup, const ValidationTables& rules,
+               std::vector<LibraryFinding>& findings)
+        : library_(library), table_(std::move(setup)), rules_(rules),
+          checks_(makeTableChecks(table_.setup(), rules)), findings_(findings) {}
+
+    ComponentTable& table() { return table_; }
+
+    void checkRow(std::size_t row) {
+        // Without a group there is no table to open, and no column to look at.
+        if (setup().groupName == notDefinedName) {
+            add(row, 0, completenessRule, message::groupNotChosen);
+            return;
+        }
+        for (std::size_t column = typeColumn; column <= setup().lastParameter; ++column)
+            if (!setup().columns[column].hidden)
+                checkValue({row, column});
+        for (const StepStop& found : checks_->everyStep(table_, row))
+            checkStep(row, found);
+        checkCompleteness(row);
+    }
+
+private:
+    [[nodiscard]] const TableSetup& setup() const { return table_.setup(); }
+
+    void add(std::size_t row, std::size_t column, std::wstring_view rule, std::wstring_view text) {
+        LibraryFinding finding;
+        finding.library = library_;
+        finding.part = table_.row(row).part();
+        finding.group = setup().groupName;
+        finding.type = table_.type(row);
+        if (column != 0) {
+            finding.parameter = setup().columns[column].header;
+            finding.value = table_.text(row, column);
+        }
+        finding.rule = rule;
+        finding.text = text;
+        findings_.push_back(std::move(finding));
+    }
+
+    void checkValue(CellAt at) {
+        const CellFinding found = CheckCellQuiet(
+            cellQuestion(table_, *checks_, at, table_.text(at.row, at.column), false), rules_.rules,
+            setup().decimalMark);
+        // A failure without a line is an empty cell.
+        if (found.passed || !found.line)
+            return;
+        if (!found.line->empty())
+            add(at.row, at.column, valueRule, *found.line);
+        if (!found.faultBox.empty())
+            add(at.row, at.column, valueRule, found.faultBox);
+        if (found.line->empty() && found.faultBox.empty())
+            add(at.row, at.column, valueRule, message::valueTypeOrRangeError);
+    }
+
+    void checkStep(std::size_t row, const StepStop& found) {
+        const TableStop& stop = found.stop;
+        if (stop.line)
+            add(row, stop.column, found.step, *stop.line);
+        else if (!stop.boxes.empty())
+            add(row, stop.column, found.step, stop.boxes.front().text);
+    }
+
+    void checkCompleteness(std::size_t row) {
+        if (table_.isComplete(row))
+            return;
+        add(row, 0, completenessRule, message::columnsNotFilledIn);
+        std::wstring& empty = findings_.back().parameter;
+        for (std::size_t column = typeColumn; column <= setup().lastParameter; ++column) {
+            if (setup().columns[column].hidden || !table_.text(row, column).empty())
+                continue;
+            if (!empty.empty())
+                empty += L", ";
+            empty += setup().columns[column].header;
+        }
+    }
+
+    std::wstring_view library_;
+    ComponentTable table_;
+    const ValidationTables& rules_;
+    std::unique_ptr<TableChecks> checks_;
+    std::vector<LibraryFinding>& findings_;
+};
+
+} // namespace
+
+template <class Record>
+std::vector<LibraryFinding> checkLibrary(const CPartwrightPlugInApp& app,
+                                         const typename Kind<Record>::Library& library,
+                                         const ValidationTables& rules, AnalysisLevel level) {
+    using Entry = typename Kind<Record>::Library::value_type;
+    std::map<std::int32_t, std::vector<const Entry*>> groups;
+    for (const Entry& entry : library)
+        groups[entry.second.group].push_back(&entry);
+    std::vector<LibraryFinding> findings;
+    for (const auto& [group, entries] : groups) {
+        // Below 0 a record was given up; codes that are not in use are shown nowhere.
+        if (group < 0 || namesOf<Record>(app, group, 0).first.find(notApplicableGroup) != notFound)
+            continue;
+        GroupCheck check(Kind<Record>::name, makeTableSetup<Record>(app, group, level), rules,
+                         findings);
+        check.table().reserve(entries.size());
+        for (const Entry* entry : entries)
+            check.table().load(rowOfRecord(check.table().setup(), entry->first, entry->second, {}));
+        for (std::size_t row = 0; row < entries.size(); ++row)
+            check.checkRow(row);
+    }
+    return findings;
+}
+
+template std::vector<LibraryFinding> checkLibrary<SdtaComponent>(const CPartwrightPlugInApp&,
+                                                                 const SdtaLibrary&,
+                                                                 const ValidationTables&,
+                                                                 AnalysisLevel);
+template std::vector<LibraryFinding> checkLibrary<AsrComponent>(const CPartwrightPlugInApp&,
+                                                                const AsrLibrary&,
+                                                                const ValidationTables&,
+                                                                AnalysisLevel);
+
+} // namespace partwright
