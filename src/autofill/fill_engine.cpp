@@ -17,9 +17,8 @@ FillReport withMessages(std::vector<std::wstring> messages, FillReport report) {
 
 FillEngine::FillEngine(CPartwrightPlugInApp& app)
     : app_(app), tables_(compiledFillTables()),
-      filler_(tables_, app_), tools_{app_, filler_, [this](std::wstring_view text) {
-                                         return synonyms().rewrite(text);
-                                     }} {}
+      filler_(tables_, app_), tools_{app_, filler_,
+                                     [this](std::wstring_view text) { return rewritten(text); }} {}
 
 std::vector<LoadResult> FillEngine::load() {
     std::vector<LoadResult> results;
@@ -49,6 +48,17 @@ const SynonymTable& FillEngine::synonyms() const {
     return *synonyms_;
 }
 
+std::wstring FillEngine::rewritten(std::wstring_view text) const {
+    if (progress_ != nullptr)
+        progress_->step();
+    return synonyms().rewrite(text);
+}
+
+void FillEngine::finishWork() {
+    if (progress_ != nullptr)
+        progress_->finish();
+}
+
 const Classifier& FillEngine::classifier() const {
     if (!classifier_)
         classifier_.emplace(app_, keywords_, tables_.units);
@@ -62,7 +72,7 @@ Classification FillEngine::classify(std::wstring_view designators, std::wstring_
     const auto [known, isNew] = known_.try_emplace(std::move(key));
     if (isNew) {
         ++workedOut_;
-        const std::wstring text = synonyms().rewrite(description);
+        const std::wstring text = rewritten(description);
         known->second = classified(classifier().DetectGroup(designators, text, false), text);
     }
     return known->second;
@@ -76,7 +86,7 @@ Classification FillEngine::classifyForAnalyses(std::int32_t sdtaGroup,
     const auto [known, isNew] = knownForAnalyses_.try_emplace(std::move(key));
     if (isNew) {
         ++workedOut_;
-        known->second = convertedToAnalyses(sdtaGroup, synonyms().rewrite(description));
+        known->second = convertedToAnalyses(sdtaGroup, rewritten(description));
     }
     return known->second;
 }
@@ -111,7 +121,7 @@ FilledPart FillEngine::filled(std::int32_t group, std::wstring_view text) const 
 
 template <class Record>
 FilledPart FillEngine::fill(std::wstring_view designators, std::wstring_view description) const {
-    const std::wstring text = synonyms().rewrite(description);
+    const std::wstring text = rewritten(description);
     return filled<Record>(classifier().DetectGroup(designators, text, false), text);
 }
 
@@ -120,7 +130,7 @@ FilledPart FillEngine::fillByWords(std::wstring_view designators,
                                    std::wstring_view description) const {
     if (description.empty())
         return {};
-    const std::wstring text = synonyms().rewrite(description);
+    const std::wstring text = rewritten(description);
     const std::int32_t group = designators.empty()
                                    ? classifier().DetectGroupByWords(text)
                                    : classifier().DetectGroup(designators, text, true);

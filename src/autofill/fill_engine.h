@@ -19,6 +19,7 @@
 #include "autofill/type_keywords.h"
 #include "core/application.h"
 #include "core/library_kind.h"
+#include "core/ports/progress.h"
 
 #include <cstdint>
 #include <optional>
@@ -45,6 +46,12 @@ struct FilledPart {
 class FillEngine {
 public:
     explicit FillEngine(CPartwrightPlugInApp& app);
+
+    /// Steps once for each text that is read; borrowed. Without it
+    /// the work is silent.
+    void setProgress(Progress& progress) { progress_ = &progress; }
+    /// A caller's own walk over many texts is done.
+    void finishWork();
 
     /// Reads the rule files that are not there yet. To be run again when the application's group
     /// list was read again. What is slow to prepare is prepared when the first text is read, so
@@ -86,6 +93,7 @@ public:
 
 private:
     [[nodiscard]] const SynonymTable& synonyms() const;
+    [[nodiscard]] std::wstring rewritten(std::wstring_view text) const;
     [[nodiscard]] const Classifier& classifier() const;
     /// Texts to show, if reading the group library gave any.
     std::vector<std::wstring> needGroupLibrary();
@@ -97,6 +105,7 @@ private:
     [[nodiscard]] FilledPart filled(std::int32_t group, std::wstring_view text) const;
 
     CPartwrightPlugInApp& app_;
+    Progress* progress_ = nullptr;
     FillTables tables_;
     ParamFiller filler_;
     TypeKeywords keywords_;

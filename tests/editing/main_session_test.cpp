@@ -356,6 +356,29 @@ TEST_F(MainSessionTest, ACharacterTheFileLacksKeepsTheWindowOpenUntilUtf8IsTaken
     EXPECT_NE(folder.bytesOf(sdtaFile).find("10 k\u03A9"), std::string::npos);
 }
 
+TEST_F(MainSessionTest, LongWorkShowsThatItGoesOnAndEnds) {
+    class Counted final : public Progress {
+    public:
+        void step() override { ++steps; }
+        void finish() override {
+            if (steps > 0)
+                finished.push_back(steps);
+            steps = 0;
+        }
+        int steps = 0;
+        std::vector<int> finished;
+    } progress;
+    engine.setProgress(progress);
+    expectFirstStart();
+    MainSession& main = start();
+    EXPECT_EQ(progress.finished, (std::vector{1, 4})) << "one text for SDTA, two for Analyses, "
+                                                         "each with a group and a type";
+    progress.finished.clear();
+    main.asrPage.parseDescriptions();
+    EXPECT_EQ(progress.finished, (std::vector{2}));
+    EXPECT_EQ(progress.steps, 0);
+}
+
 TEST_F(MainSessionTest, DescriptionParsingAsksFirst) {
     expectFirstStart();
     MainSession& main = start();
