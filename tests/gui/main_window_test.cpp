@@ -487,4 +487,50 @@ TEST_F(MainWindowCase, EditsAGroupAndSavesIt) {
         << saved.toStdString();
 }
 
+// The same road on the Analyses page: a level, pins, a refusal by the pass over the rows.
+TEST_F(MainWindowCase, EditsAnAnalysesGroupAtALevel) {
+    app.startPage = 1;
+    open();
+    find<QRadioButton>("asrLevelAsr").click();
+    auto& list = find<QTableWidget>("asrList");
+    const auto opto = [&] { return line("asrList", QStringLiteral("Opto Device")); };
+    ASSERT_EQ(opto(), strings({"11", "Opto Device", "2", "2", "OptoDevice"}));
+    whenModal(*dialog, [&](QDialog& box) {
+        auto* const change = qobject_cast<CComChange1*>(&box);
+        ASSERT_NE(change, nullptr);
+        ChangeDriver d(*change);
+        EXPECT_TRUE(d.grid().isColHidden(L(1))); // the power is no matter of this level
+        for (const int row : {1, 2}) {
+            d.go(row, typeCol);
+            d.choose("Opto.Dev");
+            d.enter(row, L(2), "20m");
+            EXPECT_EQ(d.text(row, L(2)), "0.02000000000000000042"); // all digits of the product
+            EXPECT_EQ(d.text(row, 4), "-");
+        }
+        d.enter(1, L(3), "12");
+        d.enter(1, L(4), "35");
+        d.enter(2, L(3), "12-13");
+        d.enter(2, L(4), "14");
+        EXPECT_EQ(d.text(2, 4), "+");
+        prompt.expect(L"Method Schematic Review (ASR)\nThe quantity of Pin numbers in the columns  "
+                      L"'Pin-A'  and  'Pin-C'\n in the selected row must be equal!");
+        d.press("ok");
+        EXPECT_TRUE(d.grid().isRowSelected(2));
+        d.enter(2, L(4), "14-15");
+        d.press("ok");
+        EXPECT_FALSE(change->isVisible());
+    });
+    list.setCurrentCell(11, 0);
+    QTest::keyClick(&list, Qt::Key_Return);
+    EXPECT_EQ(opto(), strings({"11", "Opto Device", "2", "0", "OptoDevice"}));
+    find<QRadioButton>("asrLevelFull").click();
+    EXPECT_EQ(opto(), strings({"11", "Opto Device", "2", "2", "OptoDevice"}));
+    prompt.expect(message::operationCompleted, PromptIcon::Information);
+    press("saveLibrary");
+    const std::string saved = folder.bytesOf(sampleAnalyses);
+    for (const char* values : {"SMD\"\"\",Opto.Dev,,0.02000000000000000042,C,Z,",
+                               "SMD\"\"\",Opto.Dev,,0.02000000000000000042,12\\13,14\\15,"})
+        EXPECT_NE(saved.find(values), std::string::npos) << values << "\n" << saved;
+}
+
 } // namespace partwright::test
