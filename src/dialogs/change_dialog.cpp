@@ -6,7 +6,6 @@
 #include "dialogs/look.h"
 #include "dialogs/power_calculator_dialog.h"
 #include "dialogs/qt_text.h"
-#include "editing/new_component_session.h"
 #include "editing/open_datasheet.h"
 #include "editing/power_calculator.h"
 
@@ -224,14 +223,22 @@ std::optional<std::size_t> CComChange1::currentRow() {
     return current->row;
 }
 
+std::optional<GroupChoice> CComChange1::askForGroup(GroupChoiceMode mode,
+                                                    std::optional<std::size_t> row) {
+    GroupChoiceSession choice(mode, session_.familyGroups(), session_.setup().group,
+                              [this](std::wstring_view part) { return session_.hasPart(part); });
+    const QString part = row ? qtText(session_.table().text(*row, partNumberColumn)) : QString();
+    if (CAdvDlg(choice, services_.prompt, part, this).exec() != QDialog::Accepted)
+        return std::nullopt;
+    return choice.result();
+}
+
 void CComChange1::addComponent() {
     if (!grid_->commitEdit())
         return;
     grid_->show(session_.RefreshAllRowFlags());
-    GroupChoiceSession choice(GroupChoiceMode::Add, session_.familyGroups(), session_.setup().group,
-                              [this](std::wstring_view part) { return session_.hasPart(part); });
-    if (CAdvDlg(choice, services_.prompt, QString(), this).exec() == QDialog::Accepted)
-        grid_->show(session_.add(choice.result()));
+    if (const auto choice = askForGroup(GroupChoiceMode::Add, std::nullopt))
+        grid_->show(session_.add(*choice));
 }
 
 void CComChange1::copyComponent() {
@@ -244,23 +251,16 @@ void CComChange1::copyComponent() {
     const auto row = currentRow();
     if (!row)
         return;
-    GroupChoiceSession choice(GroupChoiceMode::Copy, session_.familyGroups(),
-                              session_.setup().group,
-                              [this](std::wstring_view part) { return session_.hasPart(part); });
-    const QString part = qtText(session_.table().text(*row, partNumberColumn));
-    if (CAdvDlg(choice, services_.prompt, part, this).exec() == QDialog::Accepted)
-        grid_->show(session_.copy(*row, choice.result()));
+    if (const auto choice = askForGroup(GroupChoiceMode::Copy, row))
+        grid_->show(session_.copy(*row, *choice));
 }
 
 void CComChange1::changeGroup() {
     const auto row = currentRow();
     if (!row)
         return;
-    GroupChoiceSession choice(GroupChoiceMode::ChangeGroup, session_.familyGroups(),
-                              session_.setup().group, [](std::wstring_view) { return false; });
-    const QString part = qtText(session_.table().text(*row, partNumberColumn));
-    if (CAdvDlg(choice, services_.prompt, part, this).exec() == QDialog::Accepted)
-        grid_->show(session_.changeGroup(*row, choice.result()));
+    if (const auto choice = askForGroup(GroupChoiceMode::ChangeGroup, row))
+        grid_->show(session_.changeGroup(*row, *choice));
 }
 
 void CComChange1::calculate() {

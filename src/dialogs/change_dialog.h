@@ -13,10 +13,12 @@
 
 #include "dialogs/component_grid.h"
 #include "dialogs/services.h"
+#include "editing/new_component_session.h"
 
 #include <QDialog>
 #include <QEvent>
 #include <memory>
+#include <optional>
 
 class QBoxLayout;
 class QLabel;
@@ -68,6 +70,9 @@ private:
     /// The session's row of the current cell, once the open editor's text is accepted; without one
     /// a box says what to do.
     [[nodiscard]] std::optional<std::size_t> currentRow();
+    /// The small dialog of groups; `row` is that of the part it is about, a new part has none.
+    [[nodiscard]] std::optional<GroupChoice> askForGroup(GroupChoiceMode mode,
+                                                         std::optional<std::size_t> row);
     void addComponent();
     void copyComponent();
     void changeGroup();
