@@ -5,10 +5,12 @@
 #include "core/system_clock.h"
 #include "core/text_file.h"
 #include "dialogs/main_dialog.h"
+#include "dialogs/wait_cursor.h"
 #include "editing/main_session.h"
 #include "editing/startup.h"
 #include "platform/desktop_opener.h"
 #include "platform/message_prompt.h"
+#include "platform/progress_box.h"
 
 #include <QApplication>
 #include <cstdio>
@@ -48,10 +50,15 @@ int runWindow(const partwright::CommandLine& fields) {
     app.projectInputFolder = fields.projectInputFolder;
     app.startPage = fields.startPage;
     app.analysisLevel = fields.analysisLevel;
+    ProgressBox progress;
     FillEngine engine(app);
+    engine.setProgress(progress);
     MainSession session(app, engine, prompt);
-    loadAtStart(app, clock, prompt, {});
-    session.start();
+    {
+        const WaitCursor wait;
+        loadAtStart(app, clock, prompt, {});
+        session.start();
+    }
     CPartwrightPlugInDlg dialog(session, {app, prompt, opener});
     dialog.exec();
     return 0;
@@ -70,8 +77,9 @@ int main(int argc, char** argv) {
         return 0;
     }
     QApplication application(argc, argv);
+    QApplication::setDesktopFileName(QStringLiteral("partwright"));
+    // Serves as the display name, too. Set as such it would be put behind the title of every box.
     QApplication::setApplicationName(QStringLiteral("Partwright"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Partwright"));
     const partwright::CommandLine fields =
         partwright::parseCommandLine(partwright::commandLineText(arguments));
     if (!fields.valid) {

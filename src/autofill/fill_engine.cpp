@@ -17,27 +17,52 @@ FillReport withMessages(std::vector<std::wstring> messages, FillReport report) {
 
 FillEngine::FillEngine(CPartwrightPlugInApp& app)
     : app_(app), tables_(compiledFillTables()),
-      filler_(tables_, app_), tools_{app_, filler_, [this](std::wstring_view text) {
-                                         return synonyms_.rewrite(text);
-                                     }} {}
+      filler_(tables_, app_), tools_{app_, filler_,
+                                     [this](std::wstring_view text) { return rewritten(text); }} {}
 
 std::vector<LoadResult> FillEngine::load() {
     std::vector<LoadResult> results;
     if (keywords_.TypeKeywordTable.empty())
         results.push_back(LoadTypeKeywords(app_, keywords_));
-    if (synonyms_.size() == 0)
-        results.push_back(LoadSynonyms(app_, synonyms_));
+    if (synonymRows_.rows.empty()) {
+        synonymRows_ = readSynonymRows(app_);
+        results.push_back(resultOf(synonymRows_, synonymPath(app_)));
+        synonyms_.reset();
+    }
     if (app_.DirectKeyTable.empty())
         results.push_back(LoadManagementTable(app_));
     if (app_.sdtaDefaultLPar.empty())
         results.push_back(LoadSdtaDefaultLPar(app_));
-    if (!classifier_ || app_.GroupRuleTable != preparedRules_) {
-        classifier_.emplace(app_, keywords_, tables_.units);
+    if (app_.GroupRuleTable != preparedRules_) {
+        classifier_.reset();
         preparedRules_ = app_.GroupRuleTable;
         known_.clear();
         knownForAnalyses_.clear();
     }
     return results;
+}
+
+const SynonymTable& FillEngine::synonyms() const {
+    if (!synonyms_)
+        synonyms_.emplace(synonymRows_);
+    return *synonyms_;
+}
+
+std::wstring FillEngine::rewritten(std::wstring_view text) const {
+    if (progress_ != nullptr)
+        progress_->step();
+    return synonyms().rewrite(text);
+}
+
+void FillEngine::finishWork() {
+    if (progress_ != nullptr)
+        progress_->finish();
+}
+
+const Classifier& FillEngine::classifier() const {
+    if (!classifier_)
+        classifier_.emplace(app_, keywords_, tables_.units);
+    return *classifier_;
 }
 
 Classification FillEngine::classify(std::wstring_view designators, std::wstring_view description) {
@@ -47,8 +72,8 @@ Classification FillEngine::classify(std::wstring_view designators, std::wstring_
     const auto [known, isNew] = known_.try_emplace(std::move(key));
     if (isNew) {
         ++workedOut_;
-        const std::wstring text = synonyms_.rewrite(description);
-        known->second = classified(classifier_->DetectGroup(designators, text, false), text);
+        const std::wstring text = rewritten(description);
+        known->second = classified(classifier().DetectGroup(designators, text, false), text);
     }
     return known->second;
 }
@@ -61,21 +86,21 @@ Classification FillEngine::classifyForAnalyses(std::int32_t sdtaGroup,
     const auto [known, isNew] = knownForAnalyses_.try_emplace(std::move(key));
     if (isNew) {
         ++workedOut_;
-        known->second = convertedToAnalyses(sdtaGroup, synonyms_.rewrite(description));
+        known->second = convertedToAnalyses(sdtaGroup, rewritten(description));
     }
     return known->second;
 }
 
 Classification FillEngine::classified(std::int32_t group, std::wstring_view text) const {
     Classification found{group, 0};
-    classifier_->DetectType(Kind<SdtaComponent>::method, found.group, text, found.type);
+    classifier().DetectType(Kind<SdtaComponent>::method, found.group, text, found.type);
     return found;
 }
 
 Classification FillEngine::convertedToAnalyses(std::int32_t sdtaGroup,
                                                std::wstring_view text) const {
     Classification found{analysesGroupOf(app_, sdtaGroup), 0};
-    classifier_->DetectType(Kind<AsrComponent>::method, found.group, text, found.type);
+    classifier().DetectType(Kind<AsrComponent>::method, found.group, text, found.type);
     return found;
 }
 
@@ -96,8 +121,8 @@ FilledPart FillEngine::filled(std::int32_t group, std::wstring_view text) const 
 
 template <class Record>
 FilledPart FillEngine::fill(std::wstring_view designators, std::wstring_view description) const {
-    const std::wstring text = synonyms_.rewrite(description);
-    return filled<Record>(classifier_->DetectGroup(designators, text, false), text);
+    const std::wstring text = rewritten(description);
+    return filled<Record>(classifier().DetectGroup(designators, text, false), text);
 }
 
 template <class Record>
@@ -105,10 +130,10 @@ FilledPart FillEngine::fillByWords(std::wstring_view designators,
                                    std::wstring_view description) const {
     if (description.empty())
         return {};
-    const std::wstring text = synonyms_.rewrite(description);
+    const std::wstring text = rewritten(description);
     const std::int32_t group = designators.empty()
-                                   ? classifier_->DetectGroupByWords(text)
-                                   : classifier_->DetectGroup(designators, text, true);
+                                   ? classifier().DetectGroupByWords(text)
+                                   : classifier().DetectGroup(designators, text, true);
     return filled<Record>(group, text);
 }
 
@@ -131,12 +156,12 @@ PartDescription FillEngine::describe(std::wstring_view partNumber) {
 FillReport FillEngine::runGroupLibrary(const PartSelection& selection, SdtaLibrary& library) {
     auto messages = needGroupLibrary();
     return withMessages(std::move(messages),
-                        RunGroupLibrary(tools_, *classifier_, groupLibrary_, selection, library));
+                        RunGroupLibrary(tools_, classifier(), groupLibrary_, selection, library));
 }
 
 FillReport FillEngine::runGroupLibrary(const PartSelection& selection, AsrLibrary& library) {
     auto messages = needGroupLibrary();
-    return withMessages(std::move(messages), RunAsrGroupLibrary(tools_, *classifier_, groupLibrary_,
+    return withMessages(std::move(messages), RunAsrGroupLibrary(tools_, classifier(), groupLibrary_,
                                                                 selection, library));
 }
 

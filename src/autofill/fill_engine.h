@@ -19,6 +19,7 @@
 #include "autofill/type_keywords.h"
 #include "core/application.h"
 #include "core/library_kind.h"
+#include "core/ports/progress.h"
 
 #include <cstdint>
 #include <optional>
@@ -46,8 +47,15 @@ class FillEngine {
 public:
     explicit FillEngine(CPartwrightPlugInApp& app);
 
-    /// Reads the rule files that are not there yet and prepares the classification for the
-    /// application's group list. To be run again when that list was read again.
+    /// Steps once for each text that is read; borrowed. Without it
+    /// the work is silent.
+    void setProgress(Progress& progress) { progress_ = &progress; }
+    /// A caller's own walk over many texts is done.
+    void finishWork();
+
+    /// Reads the rule files that are not there yet. To be run again when the application's group
+    /// list was read again. What is slow to prepare is prepared when the first text is read, so
+    /// that a start with nothing to classify does not wait for it.
     [[nodiscard]] std::vector<LoadResult> load();
 
     /// Group and type of an SDTA record, by the words of its description and its designators.
@@ -84,6 +92,9 @@ public:
     FillReport parseDescriptions(const PartSelection& selection, AsrLibrary& library);
 
 private:
+    [[nodiscard]] const SynonymTable& synonyms() const;
+    [[nodiscard]] std::wstring rewritten(std::wstring_view text) const;
+    [[nodiscard]] const Classifier& classifier() const;
     /// Texts to show, if reading the group library gave any.
     std::vector<std::wstring> needGroupLibrary();
     /// Group and type from a text that is rewritten already.
@@ -94,12 +105,14 @@ private:
     [[nodiscard]] FilledPart filled(std::int32_t group, std::wstring_view text) const;
 
     CPartwrightPlugInApp& app_;
+    Progress* progress_ = nullptr;
     FillTables tables_;
     ParamFiller filler_;
     TypeKeywords keywords_;
-    SynonymTable synonyms_;
+    RuleTable synonymRows_;
+    mutable std::optional<SynonymTable> synonyms_;
     FillTools tools_;
-    std::optional<Classifier> classifier_;
+    mutable std::optional<Classifier> classifier_;
     GroupLibrary groupLibrary_;
     bool groupLibraryLoaded_ = false;
     /// Designators and description, joined, to classification; for Analyses the SDTA group and the

@@ -249,11 +249,18 @@ RuleTableForm synonymForm() {
     return {.columns = columns, .comments = true};
 }
 
+std::wstring synonymPath(const CPartwrightPlugInApp& app) {
+    return app.programFolder + std::wstring(fileName);
+}
+
+RuleTable readSynonymRows(const CPartwrightPlugInApp& app) {
+    return readRuleTable(synonymPath(app), synonymForm());
+}
+
 LoadResult LoadSynonyms(const CPartwrightPlugInApp& app, SynonymTable& synonyms) {
-    const std::wstring path = app.programFolder + std::wstring(fileName);
-    const RuleTable table = readRuleTable(path, synonymForm());
+    const RuleTable table = readSynonymRows(app);
     synonyms = SynonymTable(table);
-    return resultOf(table, path);
+    return resultOf(table, synonymPath(app));
 }
 
 } // namespace partwright

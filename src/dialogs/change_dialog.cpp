@@ -172,7 +172,8 @@ void CComChange1::makeShortcuts() {
     add(Qt::SHIFT | Qt::Key_F3, [this] { findBar_->repeat(true); });
 }
 
-/// The first size is the smallest one too, so it must fit the screen.
+/// The first size is the smallest one too, so it should fit the screen, but for the controls, which
+/// are never cut.
 void CComChange1::fitToScreen() {
     int columns = 0;
     for (int col = 0; col <= grid_->colCount(); ++col)
@@ -180,7 +181,7 @@ void CComChange1::fitToScreen() {
     const QSize wanted(std::max(columns, fontMetrics().averageCharWidth() * firstWidth),
                        fontMetrics().height() * firstHeight);
     const QSize room = screen()->availableSize() * largestPartOfScreen;
-    resize(wanted.boundedTo(room).expandedTo(minimumSizeHint().boundedTo(room)));
+    resize(wanted.boundedTo(room).expandedTo(layout()->minimumSize()));
     setMinimumSize(size());
 }
 
@@ -236,7 +237,10 @@ void CComChange1::addComponent() {
 void CComChange1::copyComponent() {
     if (!grid_->commitEdit())
         return;
-    grid_->show(session_.RefreshAllRowFlags());
+    const TableOutcome checked = session_.checkBeforeCopy(grid_->rowOrder());
+    grid_->show(checked);
+    if (!checked.accepted)
+        return;
     const auto row = currentRow();
     if (!row)
         return;

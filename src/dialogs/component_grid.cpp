@@ -100,8 +100,7 @@ void CStingrayGridComp::makeRows() {
     keys_.resize(count);
     for (std::size_t row = 0; row < count; ++row)
         keys_[row] = rowKey(static_cast<int>(row) + 1);
-    for (std::size_t row = 0; row < count; ++row)
-        showRow(row);
+    deferRows(1, static_cast<int>(count));
 }
 
 QString CStingrayGridComp::choiceText(const ChoiceList* list) {
@@ -161,9 +160,13 @@ std::vector<std::size_t> CStingrayGridComp::selectedSessionRows() const {
     return rows;
 }
 
-void CStingrayGridComp::showRow(std::size_t sessionRow) {
+void CStingrayGridComp::fillRow(int row) {
+    if (reshaping_) {
+        deferRows(row, row); // which row of the session it is will be known in a moment
+        return;
+    }
     const TableSetup& setup = session_.setup();
-    const int row = gridRow(sessionRow);
+    const std::size_t sessionRow = sessionCell(row, 1).row;
     const auto& cells = session_.table().row(sessionRow).cells;
     for (std::size_t at = 1; at < setup.columns.size(); ++at) {
         const int col = gridColumn(at);
@@ -235,9 +238,9 @@ void CStingrayGridComp::reshape(const TableOutcome& outcome) {
         takeOutRows(outcome.removedRows);
     if (!outcome.insertedRows.empty())
         putInRows(outcome.insertedRows);
-    for (const std::size_t row : outcome.insertedRows)
-        showRow(row);
     reshaping_ = false;
+    for (const std::size_t row : outcome.insertedRows)
+        deferRow(row);
 }
 
 void CStingrayGridComp::show(const TableOutcome& outcome) {
@@ -247,7 +250,7 @@ void CStingrayGridComp::show(const TableOutcome& outcome) {
         if (isReshaped)
             reshape(outcome);
         for (const std::size_t row : outcome.changedRows)
-            showRow(row);
+            deferRow(row);
     }
     if (isReshaped && currentCell() && !outcome.current)
         currentCellMoved(currentCell()->row, currentCell()->col);

@@ -53,6 +53,7 @@ Q_SIGNALS:
     void tableChanged();
 
 protected:
+    void fillRow(int row) override;
     bool validateCell(int row, int col, const QString& text) override;
     void cellTextModified(int row, int col) override;
     void editCancelled(int row, int col) override;
@@ -71,8 +72,9 @@ protected:
 private:
     void makeColumns();
     void makeRows();
-    void showRow(std::size_t sessionRow);
     void reshape(const TableOutcome& outcome);
+    /// The row's texts changed: they are taken from the session when it is looked at.
+    void deferRow(std::size_t sessionRow) { deferRows(gridRow(sessionRow), gridRow(sessionRow)); }
     void showStyle(int row, CellAt at);
     void takeOutRows(const std::vector<std::size_t>& rows);
     void putInRows(const std::vector<std::size_t>& rows);

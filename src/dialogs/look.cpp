@@ -1,6 +1,7 @@
 #include "dialogs/look.h"
 
 #include <QIcon>
+#include <QScrollBar>
 
 /// Resources of a static library are only linked in by this macro, which knows no namespace.
 static void registerImages() {
@@ -27,6 +28,17 @@ void paintAlarm(QLabel& label) {
     QPalette palette = label.palette();
     palette.setColor(QPalette::WindowText, alarmText);
     label.setPalette(palette);
+}
+
+void paintList(QAbstractScrollArea& list) {
+    const QPalette desktop = list.palette();
+    QPalette palette = desktop;
+    palette.setColor(QPalette::Base, listBackground);
+    palette.setColor(QPalette::Window, headerBackground); // the lines are a shade of it
+    palette.setColor(QPalette::Text, darkText);
+    list.setPalette(palette);
+    list.verticalScrollBar()->setPalette(desktop);
+    list.horizontalScrollBar()->setPalette(desktop);
 }
 
 QPushButton* imageButton(const QString& caption, const QString& image, const QString& toolTip,

@@ -3,6 +3,7 @@
 // Colours that the windows are told to have. They do not follow the desktop's theme, so text on
 // them is dark in a dark theme too.
 
+#include <QAbstractScrollArea>
 #include <QColor>
 #include <QHeaderView>
 #include <QLabel>
@@ -24,6 +25,9 @@ void paintHeader(QHeaderView& header);
 
 /// The text of the label is red.
 void paintAlarm(QLabel& label);
+
+/// The told background for all that the list does not cover with cells, and lines that suit it.
+void paintList(QAbstractScrollArea& list);
 
 /// A button with a small image, the told face and a hand cursor. `image` names a file of the
 /// program's images; the accessible name is the caption without its mnemonic.

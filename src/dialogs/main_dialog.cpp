@@ -5,16 +5,16 @@
 #include "dialogs/new_component_dialog.h"
 #include "dialogs/wait_cursor.h"
 
-#include <QApplication>
-#include <QContextMenuEvent>
+#include <QAction>
 #include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QIcon>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QMenu>
 #include <QRadioButton>
+#include <QScreen>
+#include <QShortcut>
+#include <QTabBar>
 #include <QVBoxLayout>
 
 namespace partwright {
@@ -35,6 +35,8 @@ CAboutDlg::CAboutDlg(QWidget* parent) : QDialog(parent) {
     auto* column = new QVBoxLayout(this);
     auto* row = new QHBoxLayout;
     auto* picture = new QLabel(this);
+    picture->setObjectName(QStringLiteral("programIcon"));
+    picture->setAccessibleName(tr("Partwright"));
     const int side = fontMetrics().height() * 3;
     picture->setPixmap(QIcon(QStringLiteral(":/images/partwright.svg"))
                            .pixmap(QSize(side, side), devicePixelRatioF()));
@@ -42,6 +44,7 @@ CAboutDlg::CAboutDlg(QWidget* parent) : QDialog(parent) {
     row->addWidget(new QLabel(tr("Partwright_PlugIn, Version 1.0"), this), 1);
     column->addLayout(row);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok, this);
+    buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("ok"));
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     column->addWidget(buttons);
 }
@@ -60,17 +63,22 @@ CPartwrightPlugInDlg::CPartwrightPlugInDlg(MainSession& session, const DialogSer
     auto* row = new QHBoxLayout(this);
     propertySheet_ = new CPropSheetList(this);
     propertySheet_->setObjectName(QStringLiteral("propertySheet"));
+    propertySheet_->tabBar()->setObjectName(QStringLiteral("pageTabs"));
+    propertySheet_->tabBar()->setAccessibleName(tr("Libraries"));
     sdtaPage_ = new CSDTAPage(session_.sdtaPage, propertySheet_);
     asrPage_ = new CASRPage(session_.asrPage, propertySheet_);
     propertySheet_->addTab(sdtaPage_, tr("SDTA"));
     propertySheet_->addTab(asrPage_, tr("Analyses"));
     row->addWidget(propertySheet_, 1);
     row->addLayout(makeCommands());
+    addKeys();
 
     propertySheet_->setCurrentIndex(session_.activePage());
     connect(propertySheet_, &QTabWidget::currentChanged, this, [this](int index) {
         session_.setActivePage(index);
         showCommands();
+        if (!propertySheet_->tabBar()->hasFocus())
+            activePageWidget().list()->setFocus();
     });
     connect(sdtaPage_, &CLibraryPage::changed, this, [this] { showCommands(); });
     connect(asrPage_, &CLibraryPage::changed, this, [this] { showCommands(); });
@@ -78,10 +86,41 @@ CPartwrightPlugInDlg::CPartwrightPlugInDlg(MainSession& session, const DialogSer
             [this](int group) { openGroup(0, group); });
     connect(asrPage_, &CLibraryPage::groupOpened, this, [this](int group) { openGroup(1, group); });
     showAll();
-    const int unit = fontMetrics().averageCharWidth();
-    resize(unit * 130, fontMetrics().height() * 42);
+    const QSize wanted(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 46);
+    resize(wanted.boundedTo(screen()->availableSize() * 9 / 10));
+    activePageWidget().list()->setFocus();
 }
 
+CLibraryPage& CPartwrightPlugInDlg::activePageWidget() {
+    if (session_.activePage() == 0)
+        return *sdtaPage_;
+    return *asrPage_;
+}
+
+void CPartwrightPlugInDlg::addKeys() {
+    // The sheet itself hears these keys only while it has the focus.
+    const auto turnPage = [this](const QList<QKeySequence>& keys, int step) {
+        for (const QKeySequence& key : keys)
+            connect(new QShortcut(key, this), &QShortcut::activated, this, [this, step] {
+                const int count = propertySheet_->count();
+                propertySheet_->setCurrentIndex((propertySheet_->currentIndex() + step + count) %
+                                                count);
+            });
+    };
+    turnPage({Qt::CTRL | Qt::Key_Tab, Qt::CTRL | Qt::Key_PageDown}, 1);
+    turnPage({Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, Qt::CTRL | Qt::SHIFT | Qt::Key_Tab,
+              Qt::CTRL | Qt::Key_PageUp},
+             -1);
+    auto* about = new QAction(tr("&About Partwright_PlugIn..."), this);
+    about->setObjectName(QStringLiteral("about"));
+    about->setShortcut(Qt::Key_F1);
+    connect(about, &QAction::triggered, this, [this] { CAboutDlg(this).exec(); });
+    addAction(about);
+    setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+// Nothing here has a parent before the whole column has one, so that the Tab key goes down the
+// column.
 QBoxLayout* CPartwrightPlugInDlg::makeCommands() {
     auto* column = new QVBoxLayout;
     column->addWidget(makeLibraryTypeBox());
@@ -120,7 +159,7 @@ QBoxLayout* CPartwrightPlugInDlg::makeCommands() {
 }
 
 QWidget* CPartwrightPlugInDlg::makeLibraryTypeBox() {
-    auto* box = new QGroupBox(tr("Library Type:"), this);
+    auto* box = new QGroupBox(tr("Library Type:"));
     box->setObjectName(QStringLiteral("libraryTypeBox"));
     auto* row = new QHBoxLayout(box);
     const auto addType = [&](const QString& caption, const QString& name, bool design) {
@@ -140,7 +179,7 @@ QWidget* CPartwrightPlugInDlg::makeLibraryTypeBox() {
 }
 
 QWidget* CPartwrightPlugInDlg::makeFillBox() {
-    auto* box = new QGroupBox(tr("Auto-Fill Library Missing Values:"), this);
+    auto* box = new QGroupBox(tr("Auto-Fill Library Missing Values:"));
     box->setObjectName(QStringLiteral("fillBox"));
     auto* column = new QVBoxLayout(box);
     addCommand(
@@ -160,7 +199,6 @@ QPushButton* CPartwrightPlugInDlg::addCommand(QBoxLayout* layout, MainCommand co
                                               const QString& caption, const QString& image,
                                               const QString& toolTip, const QString& name) {
     QPushButton* button = look::imageButton(caption, image, toolTip, name);
-    button->setAutoDefault(false);
     connect(button, &QPushButton::clicked, this, [this, command] { run(command); });
     layout->addWidget(button);
     commands_[command] = button;
@@ -168,20 +206,17 @@ QPushButton* CPartwrightPlugInDlg::addCommand(QBoxLayout* layout, MainCommand co
 }
 
 void CPartwrightPlugInDlg::run(MainCommand command) {
+    const WaitCursor wait;
     switch (command) {
-    case MainCommand::SaveLibrary: {
-        const bool refreshed = session_.activePage() == 0;
+    case MainCommand::SaveLibrary:
         session_.saveActivePage();
-        if (refreshed)
-            showAll();
+        if (session_.activePage() == 0) // the Analyses page's list stays as it is
+            sdtaPage_->showSession();
         break;
-    }
-    case MainCommand::GroupLibrary: {
-        const WaitCursor wait;
+    case MainCommand::GroupLibrary:
         session_.runGroupLibrary();
         showAll();
         break;
-    }
     case MainCommand::DescriptionParsing:
         session_.parseDescriptions();
         showAll();
@@ -208,7 +243,7 @@ void CPartwrightPlugInDlg::openGroup(int page, int group) {
 
 void CPartwrightPlugInDlg::openNewComponents(int page) {
     const auto table = session_.page(page).openNewComponents();
-    if (CNewComp1(*table, newComponentSort_, this).exec() != QDialog::Accepted)
+    if (CNewComp1(*table, services_, newComponentSort_, this).exec() != QDialog::Accepted)
         return;
     const WaitCursor wait;
     session_.storeNewComponents(page, *table);
@@ -227,29 +262,11 @@ void CPartwrightPlugInDlg::showCommands() {
 }
 
 void CPartwrightPlugInDlg::accept() {
+    const WaitCursor wait;
     if (session_.closeWithOk())
         QDialog::accept();
     else
         showAll();
-}
-
-void CPartwrightPlugInDlg::contextMenuEvent(QContextMenuEvent* event) {
-    QMenu menu(this);
-    menu.setObjectName(QStringLiteral("windowMenu"));
-    connect(menu.addAction(tr("&About Partwright_PlugIn...")), &QAction::triggered, this,
-            &CPartwrightPlugInDlg::showAbout);
-    menu.exec(event->globalPos());
-}
-
-void CPartwrightPlugInDlg::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_F1)
-        showAbout();
-    else
-        QDialog::keyPressEvent(event);
-}
-
-void CPartwrightPlugInDlg::showAbout() {
-    CAboutDlg(this).exec();
 }
 
 } // namespace partwright

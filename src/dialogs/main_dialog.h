@@ -46,11 +46,10 @@ public Q_SLOTS:
     /// OK: saves all, and closes unless a write failed.
     void accept() override;
 
-protected:
-    void contextMenuEvent(QContextMenuEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-
 private:
+    /// Keys that turn the pages, and the entry that tells about the program.
+    void addKeys();
+    CLibraryPage& activePageWidget();
     QBoxLayout* makeCommands();
     QWidget* makeLibraryTypeBox();
     QWidget* makeFillBox();
@@ -62,7 +61,6 @@ private:
     void openNewComponents(int page);
     void showAll();
     void showCommands();
-    void showAbout();
 
     MainSession& session_;
     DialogServices services_;

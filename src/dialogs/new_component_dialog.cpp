@@ -2,6 +2,8 @@
 
 #include "dialogs/look.h"
 #include "dialogs/new_component_grid.h"
+#include "dialogs/qt_text.h"
+#include "editing/open_datasheet.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -13,14 +15,14 @@ namespace partwright {
 
 namespace {
 
-constexpr int firstColumns = 200;
+constexpr int firstColumns = 201;
 constexpr int firstLines = 32;
 
 } // namespace
 
-CNewComp1::CNewComp1(NewComponentTable& table, std::shared_ptr<grid::SortFlags> sortFlags,
-                     QWidget* parent)
-    : QDialog(parent) {
+CNewComp1::CNewComp1(NewComponentTable& table, const DialogServices& services,
+                     std::shared_ptr<grid::SortFlags> sortFlags, QWidget* parent)
+    : QDialog(parent), services_(services) {
     look::initialiseImages();
     setWindowTitle(tr("New component group assignment"));
     setObjectName(QStringLiteral("newComponentDialog"));
@@ -31,6 +33,9 @@ CNewComp1::CNewComp1(NewComponentTable& table, std::shared_ptr<grid::SortFlags> 
     grid_->setObjectName(QStringLiteral("newComponentGrid"));
     grid_->setAccessibleName(tr("Components without a group"));
     grid_->setPrintTitle(windowTitle());
+    connect(grid_, &CStingrayGrid::datasheetOpened, this, [this](const QString& file) {
+        OpenDatasheet(services_.app, engineText(file), services_.prompt, services_.opener);
+    });
     column->addWidget(grid_, 1);
     column->addLayout(makeButtons());
     const QSize first(fontMetrics().averageCharWidth() * firstColumns,

@@ -3,6 +3,7 @@
 // The table of all parts without a group, each to be given a family and a group. OK leaves the
 // choices in the table that was handed over, for the page to take; Cancel drops them with it.
 
+#include "dialogs/services.h"
 #include "editing/new_component_session.h"
 #include "grid/cgx_grid_core.h"
 
@@ -20,8 +21,8 @@ class CNewComp1 : public QDialog {
 
 public:
     /// The directions in which the table's columns were sorted last outlive the dialog.
-    CNewComp1(NewComponentTable& table, std::shared_ptr<grid::SortFlags> sortFlags,
-              QWidget* parent = nullptr);
+    CNewComp1(NewComponentTable& table, const DialogServices& services,
+              std::shared_ptr<grid::SortFlags> sortFlags, QWidget* parent = nullptr);
 
 public Q_SLOTS:
     /// OK: an open list is committed first.
@@ -30,6 +31,7 @@ public Q_SLOTS:
 private:
     QBoxLayout* makeButtons();
 
+    DialogServices services_;
     CStingrayGrid* grid_ = nullptr;
 };
 

@@ -22,7 +22,7 @@ struct ColumnLook {
 };
 
 constexpr ColumnLook columns[] = {
-    {"PartNum", 20}, {"CatNum", 14}, {"Description", 34},     {"BlockNumb", 14},    {"Family", 15},
+    {"PartNum", 20}, {"CatNum", 14}, {"Description", 32},     {"BlockNumb", 17},    {"Family", 18},
     {"Group", 20},   {"Used", 12},   {"Datasheet (PDF)", 20}, {"Manufacturer", 18}, {"Notes", 13},
 };
 
@@ -126,6 +126,15 @@ void CStingrayGrid::autoFillFinished(CellPos source, const CellRange& range) {
     for (int row = range.top; row <= range.bottom; ++row)
         if (row != source.row && takes(row, source.col, text))
             assign(row, source.col, text);
+}
+
+bool CStingrayGrid::doubleClick(int row, int col) {
+    if (row == 0)
+        return true;
+    if (col != Datasheet || text(row, col).isEmpty())
+        return false;
+    Q_EMIT datasheetOpened(text(row, col));
+    return true;
 }
 
 bool CStingrayGrid::keyPressed(QKeyEvent* event) {

@@ -37,10 +37,15 @@ public:
     CStingrayGrid(NewComponentTable& table, std::shared_ptr<grid::SortFlags> sortFlags,
                   QWidget* parent = nullptr);
 
+Q_SIGNALS:
+    /// A data sheet was asked for.
+    void datasheetOpened(const QString& file);
+
 protected:
     void autoFillFinished(grid::CellPos source, const grid::CellRange& range) override;
     void pasteCell(int row, int col, const QString& text) override;
     void cellCommitted(int row, int col, const QString& before) override;
+    bool doubleClick(int row, int col) override;
     bool keyPressed(QKeyEvent* event) override;
 
 private:

@@ -2,6 +2,7 @@
 
 #include "core/messages.h"
 #include "dialogs/look.h"
+#include "dialogs/wait_cursor.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -39,9 +40,13 @@ CMyListCtrl::CMyListCtrl(QWidget* parent) : QTableWidget(0, ColumnCount, parent)
     setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setTabKeyNavigation(false);
+    setWordWrap(false);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // the columns share what it leaves
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
     verticalHeader()->hide();
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    look::paintList(*this);
     look::paintHeader(*horizontalHeader());
     connect(this, &QTableWidget::cellDoubleClicked, this,
             [this](int row) { Q_EMIT lineOpened(row); });
@@ -49,6 +54,8 @@ CMyListCtrl::CMyListCtrl(QWidget* parent) : QTableWidget(0, ColumnCount, parent)
 
 void CMyListCtrl::showLines(const std::vector<GroupCount>& lines, const PageSession& session) {
     const int current = currentRow();
+    QFont bold = font();
+    bold.setBold(true);
     setUpdatesEnabled(false);
     setRowCount(static_cast<int>(lines.size()));
     for (int row = 0; row < rowCount(); ++row) {
@@ -59,8 +66,12 @@ void CMyListCtrl::showLines(const std::vector<GroupCount>& lines, const PageSess
         setItem(row, Quantity, cell(text(line.quantity)));
         setItem(row, Uncompleted, cell(text(uncompleted)));
         setItem(row, Family, cell(QString::fromStdWString(line.family)));
-        if (uncompleted != 0)
-            item(row, Uncompleted)->setForeground(look::alarmText);
+        if (uncompleted != 0) {
+            QTableWidgetItem* count = item(row, Uncompleted);
+            count->setForeground(look::alarmText);
+            count->setFont(bold); // not by colour alone
+            count->setData(Qt::AccessibleTextRole, tr("%1 uncompleted").arg(uncompleted));
+        }
     }
     setUpdatesEnabled(true);
     if (rowCount() > 0)
@@ -76,11 +87,20 @@ void CMyListCtrl::keyPressEvent(QKeyEvent* event) {
 
 void CMyListCtrl::resizeEvent(QResizeEvent* event) {
     QTableWidget::resizeEvent(event);
-    if (sized_ || !isVisible())
-        return;
-    sized_ = true;
-    for (std::size_t i = 0; i < fractions_.size(); ++i)
-        setColumnWidth(static_cast<int>(i), static_cast<int>(fractions_[i] * viewport()->width()));
+    if (!painted_) // the window still finds its size
+        for (std::size_t i = 0; i < fractions_.size(); ++i)
+            setColumnWidth(static_cast<int>(i),
+                           static_cast<int>(fractions_[i] * viewport()->width()));
+}
+
+void CMyListCtrl::paintEvent(QPaintEvent* event) {
+    painted_ = true;
+    QTableWidget::paintEvent(event);
+}
+
+void CMyListCtrl::wheelEvent(QWheelEvent* event) {
+    setFocus();
+    QTableWidget::wheelEvent(event);
 }
 
 CLibraryPage::CLibraryPage(PageSession& session, QString prefix, QWidget* parent)
@@ -123,6 +143,7 @@ QRadioButton* CLibraryPage::addFilterRadio(QBoxLayout* layout, PageFilter filter
     connect(radio, &QRadioButton::clicked, this, [this, filter] {
         if (session_.filter() == filter)
             return;
+        const WaitCursor wait;
         session_.setFilter(filter);
         session_.refresh();
         showSession();
@@ -148,6 +169,13 @@ void CLibraryPage::finishLayout() {
     addStatusBox();
     layout()->addWidget(list_);
     qobject_cast<QVBoxLayout*>(layout())->setStretchFactor(list_, 1);
+    // As the eye goes: path, options, list.
+    QWidget* before = path_;
+    for (QRadioButton* radio : findChildren<QRadioButton*>()) {
+        setTabOrder(before, radio);
+        before = radio;
+    }
+    setTabOrder(before, list_);
 }
 
 void CLibraryPage::showSession() {
@@ -211,6 +239,7 @@ CASRPage::CASRPage(AsrPageSession& session, QWidget* parent)
         connect(radio, &QRadioButton::clicked, this, [this, level] {
             if (asrSession_.level() == level)
                 return;
+            const WaitCursor wait;
             asrSession_.setLevel(level);
             asrSession_.refresh();
             showSession();

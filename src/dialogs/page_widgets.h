@@ -24,7 +24,7 @@ class CMyListCtrl : public QTableWidget {
 public:
     explicit CMyListCtrl(QWidget* parent = nullptr);
 
-    /// Widths of the columns as fractions of the list's width, applied when it is first shown.
+    /// Widths of the columns as fractions of the list's width when it is first shown.
     void setFractions(std::vector<double> fractions) { fractions_ = std::move(fractions); }
     void showLines(const std::vector<GroupCount>& lines, const PageSession& session);
 
@@ -35,10 +35,12 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
     std::vector<double> fractions_;
-    bool sized_ = false;
+    bool painted_ = false;
 };
 
 class CLibraryPage : public QWidget {
@@ -49,6 +51,7 @@ public:
 
     /// Shows what the session holds now.
     void showSession();
+    CMyListCtrl* list() { return list_; }
 
 Q_SIGNALS:
     /// The filter or the counts have changed.
@@ -63,7 +66,6 @@ protected:
     QBoxLayout* optionsRow() { return optionsRow_; }
     QGroupBox* makeBox(const QString& title, const QString& name);
     [[nodiscard]] QString objectName(const char* suffix) const;
-    CMyListCtrl* list() { return list_; }
     virtual void showOptions() {}
 
 private:

@@ -114,6 +114,7 @@ QGroupBox* CPowerDissipCalc::makeStatusBox() {
     const int side = fontMetrics().height() * 5 / 4;
     statusPicture_ = new QLabel(box);
     statusPicture_->setObjectName(QStringLiteral("statusPicture"));
+    statusPicture_->setAccessibleName(tr("Not calculated"));
     statusPicture_->setFixedSize(side, side);
     statusPicture_->setPixmap(QIcon(QStringLiteral(":/images/status_uncompleted.svg"))
                                   .pixmap(QSize(side, side), devicePixelRatioF()));
@@ -122,9 +123,7 @@ QGroupBox* CPowerDissipCalc::makeStatusBox() {
     statusPicture_->setSizePolicy(keepsRoom);
     status_ = new QLabel(box);
     status_->setObjectName(QStringLiteral("status"));
-    QPalette palette = status_->palette();
-    palette.setColor(QPalette::WindowText, look::alarmText);
-    status_->setPalette(palette);
+    look::paintAlarm(*status_);
     QFont bold = status_->font();
     bold.setBold(true);
     status_->setFont(bold);
@@ -216,7 +215,6 @@ void CPowerDissipCalc::showStatus() {
     const QString text = qtText(calculator_.status());
     status_->setText(text);
     statusPicture_->setVisible(!text.isEmpty());
-    statusPicture_->setAccessibleName(text.isEmpty() ? QString() : tr("Not calculated"));
     if (!text.isEmpty()) {
         QAccessibleEvent event(status_, QAccessible::Alert);
         QAccessible::updateAccessibility(&event);

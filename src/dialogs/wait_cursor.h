@@ -1,15 +1,16 @@
 #pragma once
 
-// Shows the wait cursor while it lives.
+// The wait cursor, shown while an object of this class lives. A box that comes up meanwhile shows
+// the arrow (platform/message_prompt.cpp).
 
-#include <QApplication>
+#include <QGuiApplication>
 
 namespace partwright {
 
 class WaitCursor {
 public:
-    WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+    WaitCursor() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
     WaitCursor(const WaitCursor&) = delete;
     WaitCursor& operator=(const WaitCursor&) = delete;
 };

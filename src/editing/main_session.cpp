@@ -2,6 +2,7 @@
 
 #include "core/messages.h"
 #include "editing/new_component_session.h"
+#include "library/datasheet_links.h"
 
 namespace partwright {
 
@@ -95,9 +96,27 @@ void MainSession::storeNewComponents(int index, NewComponentTable& table) {
 
 bool MainSession::closeWithOk() {
     bool close = true;
-    for (int index = 0; index < pageCount; ++index)
-        close = page(index).save(false) != SaveOutcome::Failed && close;
-    return close;
+    for (int index = 0; index < pageCount; ++index) {
+        const SaveOutcome outcome = page(index).save(false);
+        close = close && (outcome == SaveOutcome::Saved || outcome == SaveOutcome::CannotOpen);
+    }
+    return saveLinks() && close;
+}
+
+bool MainSession::saveLinks() {
+    const LinkSaveResult saved = SaveDatasheetLinks(app_);
+    if (!saved.message.empty())
+        prompt_.tell(saved.message, PromptIcon::Warning);
+    switch (saved.status) {
+    case SaveStatus::Saved:
+    case SaveStatus::OpenFailed:
+        return true;
+    case SaveStatus::Refused:
+    case SaveStatus::WriteFailed:
+    case SaveStatus::Unencodable:
+        break;
+    }
+    return app_.datasheetLinks.empty();
 }
 
 } // namespace partwright

@@ -3,8 +3,8 @@
 // What the main window does, without a widget: two pages, the library type, which commands are
 // offered, the two auto-fill commands, and the way it ends.
 //
-// "Save" writes the active page's library, "OK" both libraries of the current type, changed or not.
-// Cancel writes nothing.
+// "Save" writes the active page's library; "OK" writes both libraries of the current type, changed
+// or not, and the links to data sheets. Cancel writes nothing.
 
 #include "core/application.h"
 #include "core/ports/prompt.h"
@@ -63,10 +63,14 @@ public:
     /// were removed leave both pages.
     void storeNewComponents(int page, NewComponentTable& table);
 
-    /// Saves all; true when the window closes.
+    /// Saves all; true when the window closes. It stays, with everything in memory, when a write
+    /// was refused or failed; a file that cannot be opened is told and does not keep it open.
     bool closeWithOk();
 
 private:
+    /// False when links would be lost by closing.
+    bool saveLinks();
+
     CPartwrightPlugInApp& app_;
     Prompt& prompt_;
     int activePage_ = 0;

@@ -42,7 +42,7 @@ Library inCapitals(const Library& master) {
     for (const auto& [key, record] : master) {
         auto copy = record;
         copy.PartNum = upperCase(copy.PartNum);
-        result.insert_or_assign(upperCase(key), std::move(copy));
+        result.insert_or_assign(result.end(), upperCase(key), std::move(copy));
     }
     return result;
 }
@@ -86,6 +86,7 @@ template <class Record>
 void LibraryPageSession<Record>::refresh() {
     if (isDesign_ && addMissingParts())
         RebuildKeySets();
+    engine_.finishWork();
 }
 
 template <class Record>
@@ -122,6 +123,7 @@ void LibraryPageSession<Record>::RebuildKeySets() {
 template <class Record>
 std::vector<std::wstring> LibraryPageSession<Record>::runGroupLibrary() {
     FillReport report = engine_.runGroupLibrary(filterSet(), workingLibrary());
+    engine_.finishWork();
     for (const std::wstring& text : report.messages)
         prompt_.tell(text, PromptIcon::None);
     modified_ = modified_ || !report.changed.empty();
@@ -132,6 +134,7 @@ std::vector<std::wstring> LibraryPageSession<Record>::runGroupLibrary() {
 template <class Record>
 std::vector<std::wstring> LibraryPageSession<Record>::parseDescriptions() {
     FillReport report = engine_.parseDescriptions(filterSet(), workingLibrary());
+    engine_.finishWork();
     modified_ = modified_ || !report.changed.empty();
     refresh();
     return std::move(report.changed);

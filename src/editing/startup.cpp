@@ -4,6 +4,7 @@
 #include "core/paths.h"
 #include "core/settings.h"
 #include "core/text.h"
+#include "library/datasheet_links.h"
 #include "library/library_reader.h"
 #include "library/project_input.h"
 #include "library/property_tables.h"
@@ -46,6 +47,7 @@ void loadAtStart(CPartwrightPlugInApp& app, Clock& clock, Prompt& prompt,
         tell(prompt, LoadSdtaProperties(app));
     tell(prompt, LoadGroupNames(app));
     loadSdtaLibraries(app, prompt);
+    tell(prompt, LoadDatasheetLinks(app), PromptIcon::None);
 }
 
 void loadTables(CPartwrightPlugInApp& app, Prompt& prompt, const StartOptions& options) {

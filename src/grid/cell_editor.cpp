@@ -64,6 +64,7 @@ ChoicePopup::ChoicePopup(CellEditor* editor, EditorHost& host, const QString& ch
     entries_->setUniformRowHeights(true);
     entries_->setAllColumnsShowFocus(true);
     entries_->setFrameShape(QFrame::NoFrame);
+    entries_->setMinimumHeight(1); // a short list is as high as its lines
     entries_->setMouseTracking(true);
     entries_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     entries_->header()->setStretchLastSection(true);

@@ -105,9 +105,35 @@ void CGXGridCore::setRowHeight(int height) {
     layoutChanged();
 }
 
+void CGXGridCore::deferRows(int first, int final) {
+    const CellRange area = clipped(CellRange::rows(std::max(first, 1), final));
+    for (int row = area.top; row <= area.bottom; ++row)
+        store_.deferRow(row);
+    cellsChanged(area);
+}
+
+void CGXGridCore::fillDeferred(int row) {
+    if (!store_.undeferRow(row))
+        return;
+    // The row was announced as changed when it was deferred, and it may be painted right now.
+    const bool cells = cellsStale_;
+    const bool layout = layoutStale_;
+    ++locks_;
+    fillRow(row);
+    --locks_;
+    cellsStale_ = cells;
+    layoutStale_ = layout;
+}
+
+void CGXGridCore::readyAll() const {
+    for (int row = 1; row <= rowCount() && store_.hasDeferredRows(); ++row)
+        ready(row);
+}
+
 QString CGXGridCore::text(int row, int col) const {
     if (!exists(row, col))
         return {};
+    ready(row);
     const QString& stored = store_.text(row, col);
     return col == 0 && row > 0 && stored.isEmpty() ? QString::number(row) : stored;
 }
@@ -115,6 +141,7 @@ QString CGXGridCore::text(int row, int col) const {
 void CGXGridCore::setText(int row, int col, const QString& text, Redraw redraw) {
     if (!exists(row, col))
         return;
+    ready(row);
     store_.setText(row, col, text);
     if (redraw == Redraw::Now)
         cellsChanged(CellRange::cell(row, col));
@@ -147,9 +174,11 @@ void CGXGridCore::SetStyleRange(const CellRange& range, const StyleChange& chang
     if (change.touchesStyle())
         restyle(area, change);
     if (change.value)
-        for (int row = area.top; row <= area.bottom; ++row)
+        for (int row = area.top; row <= area.bottom; ++row) {
+            ready(row);
             for (int col = area.left; col <= area.right; ++col)
                 store_.setText(row, col, *change.value);
+        }
     if (redraw == Redraw::Now)
         cellsChanged(area);
 }
@@ -164,6 +193,7 @@ void CGXGridCore::setColStyle(int col, const StyleChange& change) {
 }
 
 const CellStyle& CGXGridCore::cellStyle(int row, int col) const {
+    ready(row);
     return styles_.at(store_.styleOf(row, col));
 }
 
@@ -298,6 +328,7 @@ void CGXGridCore::currentCellMoved(int, int) {}
 void CGXGridCore::selectionChanged() {}
 
 void CGXGridCore::rowsSorted(int) {}
+void CGXGridCore::fillRow(int) {}
 void CGXGridCore::menuOpening(QMenu&) {}
 
 SortRule CGXGridCore::sortRule(int) const {

@@ -23,6 +23,10 @@
 //         }
 //     };
 //
+// Rows may be filled late. deferRows() says that the texts and styles of rows are not right; each
+// is then asked for by fillRow() when it is looked at, so a table of many rows opens as fast as one
+// screen of it. Sorting looks at all rows.
+//
 // Events must not destroy the grid.
 
 #include "grid/cell_range.h"
@@ -85,6 +89,7 @@ public:
     /// For all cells of the column without a style of their own, in rows to come too.
     void setColStyle(int col, const StyleChange& change);
     [[nodiscard]] const CellStyle& cellStyle(int row, int col) const;
+    void deferRows(int first, int final);
     [[nodiscard]] bool exists(int row, int col) const;
     /// The user may change the text.
     [[nodiscard]] bool isEditable(int row, int col) const;
@@ -132,6 +137,9 @@ public:
 protected:
     // Events for owners. Those that return bool: true means handled, unless said otherwise.
 
+    /// The texts and styles of a deferred row are needed now. What it sets is painted without being
+    /// asked for.
+    virtual void fillRow(int row);
     /// The size to take for the one that was asked for.
     [[nodiscard]] virtual int limitColWidth(int col, int width) const;
     [[nodiscard]] virtual int limitRowHeight(int height) const;
@@ -191,6 +199,13 @@ private:
         std::vector<int> cols;
     };
 
+    /// Has the row filled if that was put off; reading a cell has no other effect.
+    void ready(int row) const {
+        if (row > 0 && store_.hasDeferredRows())
+            const_cast<CGXGridCore*>(this)->fillDeferred(row);
+    }
+    void readyAll() const;
+    void fillDeferred(int row);
     void restyle(const CellRange& range, const StyleChange& change);
     void followCurrent(std::optional<RowKey> key);
     void setCurrent(std::optional<CellPos> next);

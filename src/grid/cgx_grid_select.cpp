@@ -89,6 +89,7 @@ void CGXGridCore::clearSelection() {
 void CGXGridCore::sortRows(int col, const SortRule& rule) {
     if (!exists(1, col) || !leaveCell())
         return;
+    readyAll();
     std::vector<const QString*> texts;
     texts.reserve(static_cast<std::size_t>(rowCount()));
     for (int row = 1; row <= rowCount(); ++row)
@@ -108,6 +109,7 @@ void CGXGridCore::sortRows(int col, const SortRule& rule) {
 void CGXGridCore::sortByHeader(int col) {
     if (rowCount() < 2 || col < 1 || col > colCount() || !leaveCell())
         return;
+    readyAll();
     bool filled = false;
     for (int row = 1; row <= rowCount() && !filled; ++row)
         filled = !store_.text(row, col).isEmpty();

@@ -7,6 +7,7 @@ namespace partwright::grid {
 GridStore::GridStore() {
     order_.push_back(0);
     rowHidden_.push_back(0);
+    deferred_.push_back(0);
     insertCols(0, 1);
 }
 
@@ -30,6 +31,7 @@ void GridStore::insertRows(int before, int count) {
     }
     for (Column& column : columns_)
         column.cells.resize(rowHidden_.size());
+    deferred_.resize(rowHidden_.size());
     order_.insert(order_.begin() + before, keys.begin(), keys.end());
     shownStale_ = true;
 }
@@ -48,6 +50,7 @@ void GridStore::removeRows(const std::vector<int>& rows) {
         for (Column& column : columns_)
             column.cells[key] = Cell{};
         hideRow(row, false);
+        undeferRow(row);
         free_.push_back(key);
     }
     auto gone = rows.begin();
@@ -86,6 +89,21 @@ void GridStore::hideRow(int row, bool hidden) {
     flag = hidden ? 1 : 0;
     hiddenRows_ += hidden ? 1 : -1;
     shownStale_ = true;
+}
+
+void GridStore::deferRow(int row) {
+    char& mark = deferred_[keyOf(row)];
+    deferredCount_ += mark == 0 ? 1 : 0;
+    mark = 1;
+}
+
+bool GridStore::undeferRow(int row) {
+    char& mark = deferred_[keyOf(row)];
+    if (mark == 0)
+        return false;
+    mark = 0;
+    --deferredCount_;
+    return true;
 }
 
 void GridStore::refreshShown() const {

@@ -46,6 +46,13 @@ public:
 
     void hideRow(int row, bool hidden);
     [[nodiscard]] bool rowHidden(int row) const { return rowHidden_[keyOf(row)] != 0; }
+
+    /// A mark of the owner on a row; a new row has none.
+    void deferRow(int row);
+    /// Takes the mark off; true when the row had it.
+    bool undeferRow(int row);
+    [[nodiscard]] bool hasDeferredRows() const { return deferredCount_ > 0; }
+
     void hideCol(int col, bool hidden) { columns_[index(col)].hidden = hidden; }
     [[nodiscard]] bool colHidden(int col) const { return columns_[index(col)].hidden; }
 
@@ -81,6 +88,8 @@ private:
     std::vector<RowKey> free_;
     std::vector<char> rowHidden_;
     int hiddenRows_ = 0;
+    std::vector<char> deferred_;
+    int deferredCount_ = 0;
     mutable std::vector<int> shown_;
     mutable bool shownStale_ = false;
 };

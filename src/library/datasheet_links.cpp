@@ -61,7 +61,7 @@ LoadResult LoadDatasheetLinks(CPartwrightPlugInApp& app) {
 LinkSaveResult SaveDatasheetLinks(const CPartwrightPlugInApp& app) {
     const std::wstring path = datasheetLinksPath(app);
     if (app.libraryFaults.contains(path))
-        return {false, message::saveWouldLose(path, message::fileUnreadable())};
+        return {SaveStatus::Refused, message::saveWouldLose(path, message::fileUnreadable())};
     const TextForm form = formOnDisk(path);
     const std::wstring text = formatLinks(app.datasheetLinks, form.crLf ? L"\r\n" : L"\n");
     std::string bytes;
@@ -69,10 +69,10 @@ LinkSaveResult SaveDatasheetLinks(const CPartwrightPlugInApp& app) {
         bytes = encodeUtf8(text);
     const WriteResult written = writeTextFile(path, bytes);
     if (written.status == WriteStatus::OpenFailed)
-        return {false, message::failedToOpenForWriting(path)};
+        return {SaveStatus::OpenFailed, message::failedToOpenForWriting(path)};
     if (written.status == WriteStatus::WriteFailed)
-        return {false, message::failedToWrite(path, written.reason)};
-    return {true, {}};
+        return {SaveStatus::WriteFailed, message::failedToWrite(path, written.reason)};
+    return {};
 }
 
 } // namespace partwright

@@ -6,6 +6,7 @@
 // never written over.
 
 #include "core/application.h"
+#include "library/library_writer.h"
 #include "library/load_result.h"
 
 #include <string>
@@ -18,7 +19,7 @@ namespace partwright {
 LoadResult LoadDatasheetLinks(CPartwrightPlugInApp& app);
 
 struct LinkSaveResult {
-    bool isSaved = false;
+    SaveStatus status = SaveStatus::Saved;
     /// What to show; empty when the table was saved.
     std::wstring message;
 };

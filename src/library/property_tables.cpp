@@ -165,19 +165,26 @@ LoadResult LoadColumnVisibility(CPartwrightPlugInApp& app) {
 LoadResult LoadGroupNames(CPartwrightPlugInApp& app) {
     constexpr std::wstring_view columns[] = {L"BiCod", L"NameGroup", L"Rules", L"RulesExcluding",
                                              L"TipicalRefDes"};
-    app.GroupRuleTable.clear();
-    app.GroupRefDesTable.clear();
-    app.groupNamesByCode.clear();
     const RuleTable table = readRuleTable(app.descrRulesPath, {.columns = columns});
+    std::map<std::int32_t, GroupRule> ruleOf;
+    std::map<std::int32_t, std::wstring> designatorsOf;
+    std::map<std::int32_t, std::wstring> nameOf;
     for (const RuleRow& row : table.rows) {
         const auto code = row.code(L"BiCod");
         const std::wstring rules = row.text(L"Rules");
         if (!code || rules.empty() || !ValidateRegularExpression(rules))
             continue;
-        app.GroupRuleTable[*code] = {rules, row.text(L"RulesExcluding")};
+        ruleOf[*code] = {rules, row.text(L"RulesExcluding")};
         if (std::wstring designators = row.text(L"TipicalRefDes"); !designators.empty())
-            app.GroupRefDesTable[*code] = std::move(designators);
-        app.groupNamesByCode[*code] = row.text(L"NameGroup");
+            designatorsOf[*code] = std::move(designators);
+        nameOf[*code] = row.text(L"NameGroup");
+    }
+    // The table is read more than once in a run. Records in memory stand under the names of the
+    // earlier reading; without any they could not be written under their groups.
+    if (!nameOf.empty()) {
+        app.GroupRuleTable = std::move(ruleOf);
+        app.GroupRefDesTable = std::move(designatorsOf);
+        app.groupNamesByCode = std::move(nameOf);
     }
     app.rebuildSdtaGroups();
     return resultOf(table, app.descrRulesPath);

@@ -34,9 +34,14 @@ PromptAnswer MessagePrompt::show(std::wstring_view title, std::wstring_view word
                                                     : QMessageBox::StandardButtons(QMessageBox::Ok),
                     QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
-    if (QApplication::overrideCursor() != nullptr)
-        box.setCursor(Qt::ArrowCursor);
+    box.setObjectName(QStringLiteral("messageBox"));
+    // Whoever asks may be at work under the wait cursor; the person is not.
+    const bool isWaiting = QApplication::overrideCursor() != nullptr;
+    if (isWaiting)
+        QApplication::setOverrideCursor(Qt::ArrowCursor);
     const int pressed = box.exec();
+    if (isWaiting)
+        QApplication::restoreOverrideCursor();
     if (buttons == PromptButtons::YesNo)
         return pressed == QMessageBox::Yes ? PromptAnswer::Yes : PromptAnswer::No;
     return PromptAnswer::Ok;

@@ -278,9 +278,65 @@ TEST_F(MainSessionTest, OkTellsWhatItCannotOpenAndCloses) {
     expectFirstStart();
     MainSession& main = start();
     folder.block(sdtaFile);
+    folder.block(linkFile);
     prompt.expect(message::failedToOpenForWriting(folder / sdtaFile), PromptIcon::Warning);
+    prompt.expect(message::failedToOpenForWriting(folder / linkFile), PromptIcon::Warning);
     EXPECT_TRUE(main.closeWithOk());
     EXPECT_NE(folder.bytesOf(analysesFile).find("R-1"), std::string::npos);
+}
+
+TEST_F(MainSessionTest, OkKeepsTheLinksAndTheWindowWhileTheirTableIsWithheld) {
+    folder.block(linkFile);
+    prompt.expect(message::failedToOpen(folder / linkFile)); // behind the SDTA libraries
+    expectFirstStart();
+    MainSession& main = start();
+    std::filesystem::remove(nativePath(folder / linkFile));
+    const auto expectRefusal = [this] {
+        prompt.expect(message::saveWouldLose(folder / linkFile, message::fileUnreadable()),
+                      PromptIcon::Warning);
+    };
+    expectRefusal();
+    EXPECT_TRUE(main.closeWithOk()) << "there is no link to lose";
+    app.datasheetLinks[L"R-1"] = L"r.pdf";
+    expectRefusal();
+    EXPECT_FALSE(main.closeWithOk());
+    EXPECT_FALSE(std::filesystem::exists(nativePath(folder / linkFile)));
+}
+
+// The records were read while their groups were unknown: writing them would drop the groups.
+TEST_F(MainSessionTest, OkLeavesALibraryReadWithoutGroupNamesAlone) {
+    const std::string old = "sep=,\n|\n>,SDTA-M, IC,IC Linear,PRECIOUS,,,Default,<\n";
+    folder.put(sdtaFile, old);
+    std::filesystem::create_directory(folder.path() / "tables");
+    for (const auto& table : std::filesystem::directory_iterator(PARTWRIGHT_TABLES))
+        if (table.path().filename() != "DescrRules.csv")
+            std::filesystem::create_symlink(table.path(),
+                                            folder.path() / "tables" / table.path().filename());
+    expectFirstStart();
+    loadAtStart(app, clock, prompt, {folder / L"tables", folder / L"public"});
+    session.emplace(app, engine, prompt);
+    session->start();
+    prompt.expect(
+        message::saveWouldLose(folder / sdtaFile, message::groupTableMissing(app.descrRulesPath)),
+        PromptIcon::Warning);
+    EXPECT_FALSE(session->closeWithOk());
+    EXPECT_EQ(folder.bytesOf(sdtaFile), old);
+    EXPECT_NE(folder.bytesOf(analysesFile), "") << "everything else goes on";
+}
+
+// A number that was put into the library by hand stands in the sets as well, without designators.
+TEST_F(MainSessionTest, OnlyPartsOfTheProjectAreEverMissing) {
+    folder.put(analysesFile, "sep=,\n|\n>,DORVANE,N/A,Unknown,HAND-1,cat,words,Default,<\n");
+    prompt.expect(message::sourceFileNotFound(folder / L"public/AnalysesLib_Public.csv"));
+    MainSession& main = start();
+    const AsrComponent byHand = main.asrPage.designLibrary.at(L"HAND-1");
+    ASSERT_EQ(byHand.Description, L"words");
+    main.asrPage.setFilter(PageFilter::FullLibrary);
+    main.asrPage.refresh();
+    EXPECT_EQ(main.asrPage.designLibrary.at(L"HAND-1"), byHand);
+    main.sdtaPage.selectedParts[L"HAND-2"];
+    main.sdtaPage.refresh();
+    EXPECT_FALSE(main.sdtaPage.designLibrary.contains(L"HAND-2"));
 }
 
 TEST_F(MainSessionTest, ACharacterTheFileLacksKeepsTheWindowOpenUntilUtf8IsTaken) {
@@ -298,6 +354,29 @@ TEST_F(MainSessionTest, ACharacterTheFileLacksKeepsTheWindowOpenUntilUtf8IsTaken
     EXPECT_TRUE(main.closeWithOk());
     EXPECT_NE(folder.bytesOf(sdtaFile).find("10 \u00B5s"), std::string::npos);
     EXPECT_NE(folder.bytesOf(sdtaFile).find("10 k\u03A9"), std::string::npos);
+}
+
+TEST_F(MainSessionTest, LongWorkShowsThatItGoesOnAndEnds) {
+    class Counted final : public Progress {
+    public:
+        void step() override { ++steps; }
+        void finish() override {
+            if (steps > 0)
+                finished.push_back(steps);
+            steps = 0;
+        }
+        int steps = 0;
+        std::vector<int> finished;
+    } progress;
+    engine.setProgress(progress);
+    expectFirstStart();
+    MainSession& main = start();
+    EXPECT_EQ(progress.finished, (std::vector{1, 4})) << "one text for SDTA, two for Analyses, "
+                                                         "each with a group and a type";
+    progress.finished.clear();
+    main.asrPage.parseDescriptions();
+    EXPECT_EQ(progress.finished, (std::vector{2}));
+    EXPECT_EQ(progress.steps, 0);
 }
 
 TEST_F(MainSessionTest, DescriptionParsingAsksFirst) {

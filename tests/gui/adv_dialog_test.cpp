@@ -1,6 +1,7 @@
 #include "dialog_driver.h"
 #include "dialogs/adv_dialog.h"
 #include "editing/session_fixture.h"
+#include "support/widget_sweep.h"
 
 #include <gtest/gtest.h>
 
@@ -34,6 +35,8 @@ TEST(AdvDialog, AddAsksUntilThePartNumberIsNew) {
     auto& number = find<QLineEdit>(dialog, "partNumber");
     EXPECT_EQ(QApplication::focusWidget(), &number);
     EXPECT_EQ(number.text(), QString());
+    EXPECT_EQ(namelessControls(dialog), QStringList());
+    EXPECT_EQ(tabWay().join(s(" ")), s("partNumber families groups ok cancel"));
 
     prompt.expect(L"You should enter a new Part Number.");
     key(Qt::Key_Return);

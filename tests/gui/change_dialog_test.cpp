@@ -1,34 +1,26 @@
 // The Change Component dialog as a person uses it: keys, the mouse, boxes.
 
-#include "dialogs/change_dialog.h"
 #include "editing/session_fixture.h"
+#include "gui/change_driver.h"
 #include "support/recording_opener.h"
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QClipboard>
-#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPushButton>
-#include <QTest>
-#include <QTimer>
-#include <QTreeWidget>
 
 namespace partwright {
 namespace {
 
 using test::goodThyristor;
+using test::L;
 using test::narrow;
-
-constexpr int L(int parameter) {
-    return static_cast<int>(typeColumn) + parameter;
-}
-constexpr int typeCol = static_cast<int>(typeColumn);
+using test::typeCol;
+using test::whenModal;
 
 template <class Record>
-class Driver : public test::Dialog<Record> {
+class Driver : public test::Dialog<Record>, public test::ChangeDriver {
 public:
     test::RecordingOpener opener;
     std::unique_ptr<CComChange1> dialog;
@@ -37,70 +29,10 @@ public:
         dialog = std::make_unique<CComChange1>(*this->session,
                                                DialogServices{this->app, this->prompt, opener},
                                                std::make_shared<grid::SortFlags>());
+        drive(*dialog);
         dialog->show();
         EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
     }
-    CStingrayGridComp& grid() { return dialog->grid(); }
-    template <class Widget>
-    Widget& find(const char* name) {
-        auto* const widget = dialog->template findChild<Widget*>(QLatin1String(name));
-        if (widget == nullptr)
-            throw std::runtime_error(std::string("no widget ") + name);
-        return *widget;
-    }
-    std::string shownLine() { return find<QLabel>("parameterDescription").text().toStdString(); }
-    std::string text(int row, int col) { return grid().text(row, col).toStdString(); }
-
-    void go(int row, int col) {
-        ASSERT_TRUE(grid().setCurrentCell(row, col));
-        grid().clearSelection();
-    }
-    /// Editors and lists that were closed wait for their end beside the open one.
-    template <class Widget>
-    Widget* visible() {
-        for (Widget* const widget : dialog->template findChildren<Widget*>())
-            if (widget->isVisible())
-                return widget;
-        return nullptr;
-    }
-    /// Where keys go: the editor when one is open.
-    QWidget* target() {
-        auto* const editor = visible<grid::CellEditor>();
-        return editor != nullptr ? static_cast<QWidget*>(editor) : &grid();
-    }
-    void key(int which, Qt::KeyboardModifiers with = {}) {
-        QTest::keyClick(target(), static_cast<Qt::Key>(which), with);
-    }
-    void type(const char* keys) {
-        for (const char* c = keys; *c != 0; ++c)
-            QTest::keyClick(target(), *c);
-    }
-    /// Chooses an entry of the current cell's list.
-    void choose(const char* name) {
-        key(Qt::Key_Down, Qt::AltModifier);
-        auto* const popup = visible<grid::ChoicePopup>();
-        ASSERT_NE(popup, nullptr);
-        auto* const entries = popup->entries();
-        const auto found = entries->findItems(QLatin1String(name), Qt::MatchExactly);
-        ASSERT_EQ(found.size(), 1) << name;
-        entries->setCurrentItem(found[0]);
-        QTest::keyClick(entries, Qt::Key_Return);
-    }
-    void shortcut(int which, Qt::KeyboardModifiers with) {
-        dialog->activateWindow(); // a box that closed may have left nobody active
-        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
-        QTest::keyClick(dialog.get(), static_cast<Qt::Key>(which), with);
-    }
-    /// Answers the next modal dialog.
-    template <class Function>
-    void whenModal(Function function) {
-        QTimer::singleShot(0, dialog.get(), [function] {
-            auto* const box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(box, nullptr);
-            function(*box);
-        });
-    }
-    void press(const char* name) { find<QPushButton>(name).click(); }
 };
 
 using SdtaDriver = Driver<SdtaComponent>;
@@ -114,7 +46,7 @@ TEST(ChangeDialog, OneEditIsRefusedAndThenTaken) {
               "Component Table\t\tGroup: Diode SCR \tQuantity: 2");
     d.go(1, L(1));
     EXPECT_EQ(d.shownLine(), "Rated power dissipation at the reference temperature Ts, W");
-    d.type("20000");
+    d.keys("20000");
     for (const auto leave : {Qt::Key_Return, Qt::Key_Tab, Qt::Key_Down}) {
         d.prompt.expect(L"Value Type or Range Error.");
         d.key(leave);
@@ -133,7 +65,7 @@ TEST(ChangeDialog, OneEditIsRefusedAndThenTaken) {
     EXPECT_FALSE(d.grid().isEditing());
     EXPECT_EQ(d.text(1, L(1)), "10");
     EXPECT_EQ(d.shownLine().find("out of range"), std::string::npos);
-    d.type("10.0");
+    d.keys("10.0");
     d.key(Qt::Key_Return);
     EXPECT_EQ(d.text(1, L(1)), "10.0");
     EXPECT_EQ(d.grid().currentCell(), (grid::CellPos{2, L(1)}));
@@ -167,7 +99,7 @@ TEST(ChangeDialog, TypeTakesEffectFromTheListAndComesBack) {
     // Another process clears the row like a change of type.
     d.choose("Custom");
     d.go(1, L(1));
-    d.type("16");
+    d.keys("16");
     d.key(Qt::Key_Return);
     d.go(1, L(5));
     EXPECT_GT(d.grid().cellStyle(1, L(5)).choices.count(u'\n'), 2);
@@ -189,7 +121,7 @@ TEST(ChangeDialog, SortedRowsAreStillTheirOwn) {
     EXPECT_EQ(d.text(1, 1), "P2");
     EXPECT_EQ(d.text(3, 1), "P1");
     d.go(1, L(1));
-    d.type("11");
+    d.keys("11");
     d.key(Qt::Key_Return);
     EXPECT_EQ(narrow(d.session->table().text(1, typeColumn + 1)), "11");
     // Delete the middle row on the screen, then take that back.
@@ -200,7 +132,7 @@ TEST(ChangeDialog, SortedRowsAreStillTheirOwn) {
     ASSERT_EQ(d.grid().rowCount(), 2);
     EXPECT_EQ(d.text(2, 1), "P1");
     d.go(2, L(1));
-    d.type("31");
+    d.keys("31");
     d.key(Qt::Key_Return);
     EXPECT_EQ(narrow(d.session->table().text(0, typeColumn + 1)), "31");
     d.shortcut(Qt::Key_Z, Qt::ControlModifier);
@@ -218,11 +150,10 @@ TEST(ChangeDialog, FillsAndPastesColumns) {
     d.open(3, std::vector(4, goodThyristor()));
     d.openDialog();
     d.go(1, L(1));
-    d.type("7");
+    d.keys("7");
     d.key(Qt::Key_Return);
-    d.grid().setCurrentCell(1, L(1));
-    d.grid().selectRange({1, L(1), 3, L(1)});
-    d.key(Qt::Key_D, Qt::ControlModifier);
+    d.go(1, L(1));
+    d.dragFill(3);
     EXPECT_EQ(d.text(3, L(1)), "7");
     EXPECT_EQ(d.text(4, L(1)), "10");
     d.shortcut(Qt::Key_Z, Qt::ControlModifier);
@@ -298,7 +229,7 @@ TEST(ChangeDialog, AddsCopiesAndMovesParts) {
         d.press(button);
     }
     const auto enter = [&](const char* part) {
-        d.whenModal([part](QDialog& box) {
+        whenModal(*d.dialog, [part](QDialog& box) {
             auto* const field = box.findChild<QLineEdit*>();
             ASSERT_NE(field, nullptr);
             field->setText(QLatin1String(part));
@@ -323,7 +254,7 @@ TEST(ChangeDialog, AddsCopiesAndMovesParts) {
     ASSERT_EQ(d.grid().rowCount(), 4);
     EXPECT_EQ(d.text(4, L(6)), "400");
     d.go(2, L(1));
-    d.whenModal([](QDialog& box) {
+    whenModal(*d.dialog, [](QDialog& box) {
         auto* const groups = box.findChild<QListWidget*>(QStringLiteral("groups"));
         ASSERT_NE(groups, nullptr);
         groups->setCurrentRow(1);
@@ -345,7 +276,7 @@ TEST(ChangeDialog, CalculatesTheCurrentRow) {
     d.open(3, {goodThyristor()});
     d.openDialog();
     d.go(1, L(1));
-    d.whenModal([](QDialog& box) {
+    whenModal(*d.dialog, [](QDialog& box) {
         EXPECT_EQ(box.windowTitle().toStdString(),
                   "Power Dissipation Calculator (Part Number: P1)");
         box.accept();
@@ -366,7 +297,7 @@ TEST(ChangeDialog, CancelDropsAllAndLaterCommandsStandDisabled) {
     d.open(3, {goodThyristor()});
     d.openDialog();
     d.go(1, L(1));
-    d.type("11");
+    d.keys("11");
     d.press("cancel");
     EXPECT_EQ(d.dialog->result(), QDialog::Rejected);
     EXPECT_EQ(d.session->takeRecords().at(L"P1").LPar[0], L"10");

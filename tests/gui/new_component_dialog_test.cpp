@@ -2,16 +2,20 @@
 
 #include "core/paths.h"
 #include "dialog_driver.h"
+#include "dialogs/main_dialog.h"
 #include "dialogs/new_component_dialog.h"
 #include "dialogs/new_component_grid.h"
 #include "editing/main_session.h"
 #include "editing/startup.h"
 #include "support/project_folder.h"
+#include "support/recording_opener.h"
 #include "support/scripted_prompt.h"
+#include "support/widget_sweep.h"
 
 #include <gtest/gtest.h>
 
 #include <QClipboard>
+#include <QTimer>
 #include <optional>
 
 namespace partwright::test {
@@ -57,7 +61,7 @@ protected:
 
     Grid& openTable(int page) {
         table = session.page(page).openNewComponents();
-        dialog = std::make_unique<CNewComp1>(*table, sortFlags);
+        dialog = std::make_unique<CNewComp1>(*table, services, sortFlags);
         open(*dialog);
         return find<Grid>(*dialog, "newComponentGrid");
     }
@@ -81,6 +85,8 @@ protected:
     CPartwrightPlugInApp app;
     FillEngine engine{app};
     MainSession session{app, engine, prompt};
+    RecordingOpener opener;
+    DialogServices services{app, prompt, opener};
     std::unique_ptr<NewComponentTable> table;
     std::shared_ptr<grid::SortFlags> sortFlags = std::make_shared<grid::SortFlags>();
     std::unique_ptr<CNewComp1> dialog;
@@ -100,6 +106,8 @@ TEST_F(NewComponentDialog, FamilyAndGroupByKeyboard) {
     EXPECT_EQ(column(grid, Grid::PartNumber).join(s(" ")), s("PartNum FREE-1 FREE-2 ODD-1 ODD-2"));
     EXPECT_EQ(column(grid, Grid::Used).join(s(" ")), s("Used   ZZ1 ZZ2"));
     EXPECT_EQ(grid.text(3, Grid::Datasheet), s("odd.pdf"));
+    EXPECT_EQ(namelessControls(*dialog), QStringList());
+    EXPECT_NE(grid.accessibleName(), QString());
     EXPECT_EQ(QApplication::focusWidget(), &grid);
 
     key(Qt::Key_Down);
@@ -223,6 +231,40 @@ TEST_F(NewComponentDialog, PasteAndFillOnTheAnalysesPage) {
     EXPECT_FALSE(session.sdtaPage.designParts.contains(L"FREE-2"));
 }
 
+TEST_F(NewComponentDialog, OpensFromTheListOfEitherPage) {
+    CPartwrightPlugInDlg window(session, services);
+    open(window);
+    const auto quantity = [&](const char* list) {
+        return find<CMyListCtrl>(window, list).item(0, 2)->text();
+    };
+    const auto answer = [&](const char* button) {
+        QTimer::singleShot(0, &window, [button] {
+            auto* const opened = qobject_cast<CNewComp1*>(QApplication::activeModalWidget());
+            ASSERT_NE(opened, nullptr);
+            find<Grid>(*opened, "newComponentGrid").pasteText(s("Resistor\tResistor"));
+            press(*opened, button);
+        });
+    };
+    ASSERT_EQ(quantity("sdtaList"), s("4"));
+    ASSERT_EQ(quantity("asrList"), s("2"));
+    auto& stress = find<CMyListCtrl>(window, "sdtaList");
+    stress.setCurrentCell(0, 0);
+    answer("cancel");
+    QTest::keyClick(&stress, Qt::Key_Return);
+    EXPECT_EQ(quantity("sdtaList"), s("4"));
+    answer("ok");
+    QTest::keyClick(&stress, Qt::Key_Return);
+    EXPECT_EQ(quantity("sdtaList"), s("3"));
+    find<CPropSheetList>(window, "propertySheet").setCurrentIndex(1);
+    auto& analyses = find<CMyListCtrl>(window, "asrList");
+    answer("ok");
+    QTest::mouseClick(analyses.viewport(), Qt::LeftButton, Qt::NoModifier,
+                      analyses.visualItemRect(analyses.item(0, 1)).center());
+    QTest::mouseDClick(analyses.viewport(), Qt::LeftButton, Qt::NoModifier,
+                       analyses.visualItemRect(analyses.item(0, 1)).center());
+    EXPECT_EQ(quantity("asrList"), s("1"));
+}
+
 TEST_F(NewComponentDialog, PublicShowsAllAndCancelDropsAll) {
     session.setLibraryType(false);
     app.datasheetLinks[L"FREE-1"] = L"free.pdf";
@@ -230,6 +272,9 @@ TEST_F(NewComponentDialog, PublicShowsAllAndCancelDropsAll) {
     EXPECT_EQ(grid.rowCount(), 2) << "all of the public library, none of the project";
     choose("Res");
     grid.setCurrentCell(1, Grid::Datasheet);
+    prompt.expect(L"Path to Datasheet Directory is not defined.", PromptIcon::Warning);
+    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, Qt::NoModifier,
+                       grid.cellRect(1, Grid::Datasheet).center());
     key(Qt::Key_Delete);
     EXPECT_EQ(grid.text(1, Grid::Datasheet), QString()) << "the link alone, without a question";
     EXPECT_EQ(grid.rowCount(), 2);

@@ -1,6 +1,7 @@
 #include "dialog_driver.h"
 #include "dialogs/power_calculator_dialog.h"
 #include "support/scripted_prompt.h"
+#include "support/widget_sweep.h"
 
 #include <gtest/gtest.h>
 
@@ -63,6 +64,14 @@ TEST(PowerCalculatorDialog, TakesDigitsAndOneMark) {
     comma.field("pw").clear();
     type("1.2,5,");
     EXPECT_EQ(comma.text("pw"), "12,5");
+}
+
+TEST(PowerCalculatorDialog, TabGoesByRadiosFieldsAndButtons) {
+    Calculator c;
+    EXPECT_EQ(namelessControls(c.dialog), QStringList());
+    find(c.dialog, "calculatePw").setFocus();
+    EXPECT_EQ(tabWay().join(s(" ")),
+              s("calculatePw ambient tj ts pw oja ojc ok cancel refresh calculate"));
 }
 
 TEST(PowerCalculatorDialog, WorksOutEachQuantity) {

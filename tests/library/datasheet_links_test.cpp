@@ -17,7 +17,7 @@ TEST(DatasheetLinks, RoundTripAndFaults) {
                           {L"A,B", L"x, y.pdf"},
                           {L"EMPTY", L""},
                           {L"\u03A9-1", L"\u03A9.pdf"}};
-    ASSERT_TRUE(SaveDatasheetLinks(app).isSaved);
+    ASSERT_EQ(SaveDatasheetLinks(app).status, SaveStatus::Saved);
     EXPECT_EQ(folder.bytesOf(L"DataSheetLinkTable.csv"),
               "PartNum,FileName,\n1N4148,diodes/1N4148 - (2).pdf,\n\"A,B\",\"x, y.pdf\",\n"
               "\xCE\xA9-1,\xCE\xA9.pdf,\n");
@@ -29,7 +29,7 @@ TEST(DatasheetLinks, RoundTripAndFaults) {
     // A table of an older code page keeps its form until a character asks for more.
     folder.put(L"DataSheetLinkTable.csv", "PartNum,FileName,\r\n\xB5P,a.pdf,\r\n");
     LoadDatasheetLinks(app);
-    ASSERT_TRUE(SaveDatasheetLinks(app).isSaved);
+    ASSERT_EQ(SaveDatasheetLinks(app).status, SaveStatus::Saved);
     EXPECT_EQ(folder.bytesOf(L"DataSheetLinkTable.csv"), "PartNum,FileName,\r\n\xB5P,a.pdf,\r\n");
 
     // A table that could not be read is told of and never written over.
@@ -40,12 +40,12 @@ TEST(DatasheetLinks, RoundTripAndFaults) {
     EXPECT_EQ(app.datasheetLinks.size(), 1U);
     std::filesystem::remove(folder.path() / "DataSheetLinkTable.csv");
     const LinkSaveResult refused = SaveDatasheetLinks(app);
-    EXPECT_FALSE(refused.isSaved);
+    EXPECT_EQ(refused.status, SaveStatus::Refused);
     EXPECT_FALSE(refused.message.empty());
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "DataSheetLinkTable.csv"));
     // Once it reads again the mark is gone.
     LoadDatasheetLinks(app);
-    EXPECT_TRUE(SaveDatasheetLinks(app).isSaved);
+    EXPECT_EQ(SaveDatasheetLinks(app).status, SaveStatus::Saved);
     app.libraryFolder = folder / L"nowhere/";
     EXPECT_EQ(SaveDatasheetLinks(app).message,
               L"Failed to Open File: \n" + datasheetLinksPath(app));

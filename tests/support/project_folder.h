@@ -50,6 +50,7 @@ public:
 };
 
 inline constexpr std::wstring_view sdtaFile = L"library/SDTALib_B.csv";
+inline constexpr std::wstring_view linkFile = L"library/DataSheetLinkTable.csv";
 inline constexpr std::wstring_view analysesFile = L"library/AnalysesLib_B.csv";
 
 } // namespace partwright::test
