@@ -163,6 +163,40 @@ TEST(AnalysesDialog, AValueIsStoredInTheUnitOfItsColumn) {
     EXPECT_EQ(narrow(s.table().text(2, L(5))), "");
 }
 
+TEST(AnalysesDialog, OptionsOfEachType) {
+    struct Case {
+        std::int32_t group;
+        std::size_t parameter;
+        std::wstring type, other, value;
+        std::string list;
+    };
+    const std::string gate = "Negative\t     V-gs(off) negative quantity\n"
+                             "Positive\t     V-gs(off) positive quantity\n";
+    for (const Case& c : std::initializer_list<Case>{
+             {16, 7, L"MOSFET.N", L"JFET.N", L"Positive", gate},
+             {17, 7, L"MOSFET.P", L"JFET.P", L"Negative", gate},
+             {25, 8, L"Crystal.Oscillator", L"Crystal", L"Positive",
+              "Positive\t     Positive Offset\nNegative\t     Negative Offset\n"},
+             {25, 10, L"Crystal.Oscillator", L"Resonator", L"Rectangular",
+              "Rectangular\t     Rectangular\nSinus\t     Sinus\n"},
+             {26, 7, L"RF.Filter", L"Filter", L"LowPass",
+              "LowPass\t     Low Pass Filter\nHighPass\t     High Pass Filter\n"
+              "BandPass\t     Band Pass Filter\nBandStop\t     Band Stop Filter\n"}}) {
+        SCOPED_TRACE(narrow(c.type) + narrow(c.other));
+        AsrDialog d;
+        auto& s = d.open(c.group, {{0, {}}});
+        const CellAt at{0, L(c.parameter)};
+        EXPECT_TRUE(d.type({0, typeColumn}, c.type));
+        EXPECT_EQ(s.table().text(0, at.column), c.value);
+        EXPECT_EQ(narrow(s.choices(at)->text()), c.list);
+        EXPECT_FALSE(d.type(at, L"N/A")); // not in this type's list
+        EXPECT_TRUE(d.type({0, typeColumn}, c.other));
+        EXPECT_EQ(narrow(s.table().text(0, at.column)), "N/A");
+        EXPECT_EQ(narrow(s.choices(at)->text()), "N/A\t     Not Applicable\n");
+        EXPECT_FALSE(s.isEnabled(at));
+    }
+}
+
 TEST(AnalysesDialog, FillAndLookStandOnTheSameChecks) {
     AsrDialog d;
     auto& s = d.open(21, {{1, {L"100", L"1--2", L"3"}}, {1, {}}});
