@@ -22,11 +22,15 @@ FillEngine::FillEngine(CPartwrightPlugInApp& app)
 
 std::vector<LoadResult> FillEngine::load() {
     std::vector<LoadResult> results;
-    if (keywords_.TypeKeywordTable.empty())
-        results.push_back(LoadTypeKeywords(app_, keywords_));
-    if (synonymRows_.rows.empty()) {
-        synonymRows_ = readSynonymRows(app_);
-        results.push_back(resultOf(synonymRows_, synonymPath(app_)));
+    if (keywordFile_.bytes.empty()) {
+        keywordFile_ = readTextFile(app_.descrRulesSdtaTypesPath);
+        results.push_back(resultOf(keywordFile_.status, app_.descrRulesSdtaTypesPath));
+        keywords_.reset();
+        classifier_.reset();
+    }
+    if (synonymFile_.bytes.empty()) {
+        synonymFile_ = readTextFile(synonymPath(app_));
+        results.push_back(resultOf(synonymFile_.status, synonymPath(app_)));
         synonyms_.reset();
     }
     if (app_.DirectKeyTable.empty())
@@ -44,7 +48,7 @@ std::vector<LoadResult> FillEngine::load() {
 
 const SynonymTable& FillEngine::synonyms() const {
     if (!synonyms_)
-        synonyms_.emplace(synonymRows_);
+        synonyms_.emplace(ruleTableOf(synonymFile_, synonymForm()));
     return *synonyms_;
 }
 
@@ -60,8 +64,10 @@ void FillEngine::finishWork() {
 }
 
 const Classifier& FillEngine::classifier() const {
+    if (!keywords_)
+        keywords_ = typeKeywordsOf(ruleTableOf(keywordFile_, typeKeywordForm()));
     if (!classifier_)
-        classifier_.emplace(app_, keywords_, tables_.units);
+        classifier_.emplace(app_, *keywords_, tables_.units);
     return *classifier_;
 }
 

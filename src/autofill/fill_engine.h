@@ -53,9 +53,10 @@ public:
     /// A caller's own walk over many texts is done.
     void finishWork();
 
-    /// Reads the rule files that are not there yet. To be run again when the application's group
-    /// list was read again. What is slow to prepare is prepared when the first text is read, so
-    /// that a start with nothing to classify does not wait for it.
+    /// Looks at the rule files that are not there yet. To be run again when the application's group
+    /// list was read again. A file that cannot be opened is told of here; what is slow to read and
+    /// prepare waits for the first text, so that a start with nothing to classify does not wait
+    /// for it.
     [[nodiscard]] std::vector<LoadResult> load();
 
     /// Group and type of an SDTA record, by the words of its description and its designators.
@@ -108,8 +109,10 @@ private:
     Progress* progress_ = nullptr;
     FillTables tables_;
     ParamFiller filler_;
-    TypeKeywords keywords_;
-    RuleTable synonymRows_;
+    /// Files as they were read, until the first text asks for what they say.
+    TextFile keywordFile_;
+    TextFile synonymFile_;
+    mutable std::optional<TypeKeywords> keywords_;
     mutable std::optional<SynonymTable> synonyms_;
     FillTools tools_;
     mutable std::optional<Classifier> classifier_;

@@ -253,12 +253,8 @@ std::wstring synonymPath(const CPartwrightPlugInApp& app) {
     return app.programFolder + std::wstring(fileName);
 }
 
-RuleTable readSynonymRows(const CPartwrightPlugInApp& app) {
-    return readRuleTable(synonymPath(app), synonymForm());
-}
-
 LoadResult LoadSynonyms(const CPartwrightPlugInApp& app, SynonymTable& synonyms) {
-    const RuleTable table = readSynonymRows(app);
+    const RuleTable table = readRuleTable(synonymPath(app), synonymForm());
     synonyms = SynonymTable(table);
     return resultOf(table, synonymPath(app));
 }

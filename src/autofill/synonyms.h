@@ -72,9 +72,6 @@ private:
 
 [[nodiscard]] std::wstring synonymPath(const CPartwrightPlugInApp& app);
 
-/// The rows of "DescrSynonyms.csv" beside the program, for a table that is made of them later.
-[[nodiscard]] RuleTable readSynonymRows(const CPartwrightPlugInApp& app);
-
 /// From "DescrSynonyms.csv" beside the program; without the file the table is empty.
 LoadResult LoadSynonyms(const CPartwrightPlugInApp& app, SynonymTable& synonyms);
 

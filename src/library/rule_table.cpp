@@ -11,16 +11,24 @@ namespace {
 
 constexpr std::wstring_view delimiter = L",";
 
-RowValues splitDoubledRow(std::wstring_view line, const RuleTableForm& form,
-                          const HeaderColumns& header) {
-    const auto cells = SplitQuoted(line, delimiter.front());
-    RowValues values;
-    for (const std::wstring_view name : form.columns) {
-        const auto column = header.find(name);
-        if (column != header.end() && column->second < cells.size())
-            values[std::wstring(name)] = trim(cells[column->second]);
+std::vector<std::optional<std::wstring>>
+splitDoubledRow(std::wstring_view line, const RuleTableForm& form, const HeaderColumns& header) {
+    const auto fields = SplitQuoted(line, delimiter.front());
+    std::vector<std::optional<std::wstring>> cells(form.columns.size());
+    for (std::size_t place = 0; place < cells.size(); ++place) {
+        const auto column = header.find(form.columns[place]);
+        if (column != header.end() && column->second < fields.size())
+            cells[place].emplace(trim(fields[column->second]));
     }
-    return values;
+    return cells;
+}
+
+std::shared_ptr<const RuleColumns> columnsOf(const RuleTableForm& form) {
+    RuleColumns columns;
+    for (std::size_t place = 0; place < form.columns.size(); ++place)
+        columns.emplace_back(form.columns[place], place);
+    std::sort(columns.begin(), columns.end());
+    return std::make_shared<const RuleColumns>(std::move(columns));
 }
 
 bool namesAll(const HeaderColumns& header, const RuleTableForm& form) {
@@ -31,8 +39,14 @@ bool namesAll(const HeaderColumns& header, const RuleTableForm& form) {
 } // namespace
 
 const std::wstring* RuleRow::find(std::wstring_view column) const {
-    const auto value = values.find(column);
-    return value == values.end() ? nullptr : &value->second;
+    if (!columns)
+        return nullptr;
+    const auto found = std::lower_bound(
+        columns->begin(), columns->end(), column,
+        [](const auto& entry, std::wstring_view name) { return entry.first < name; });
+    if (found == columns->end() || found->first != column || !cells[found->second])
+        return nullptr;
+    return &*cells[found->second];
 }
 
 std::wstring RuleRow::text(std::wstring_view column) const {
@@ -54,29 +68,32 @@ RuleTable parseRuleTable(std::string_view bytes, CodePage codePage, const RuleTa
     RuleTable table;
     table.status = FileStatus::Ok;
     LineReader reader(bytes);
+    const auto columns = columnsOf(form);
+    std::optional<RowSplitter> splitter;
+    std::wstring line;
     bool inTable = false;
     std::size_t number = 0;
     for (std::string_view narrow; reader.next(narrow);) {
         ++number;
-        std::wstring line = decode(narrow, codePage);
+        line = decode(narrow, codePage);
         if (!inTable) {
             table.header = SplitHeader(line, delimiter);
             inTable = !form.searchesHeader || namesAll(table.header, form);
+            splitter.emplace(form.columns, table.header);
             continue;
         }
         if (trim(line).empty() || (form.comments && line.front() == L'#'))
             continue;
         if (form.closesRows)
             line += delimiter;
-        table.rows.push_back({number, form.doublesQuotes
-                                          ? splitDoubledRow(line, form, table.header)
-                                          : SplitRow(line, delimiter, form.columns, table.header)});
+        table.rows.push_back({number, columns,
+                              form.doublesQuotes ? splitDoubledRow(line, form, table.header)
+                                                 : splitter->split(line, delimiter)});
     }
     return table;
 }
 
-RuleTable readRuleTable(std::wstring_view path, const RuleTableForm& form) {
-    const TextFile file = readTextFile(path);
+RuleTable ruleTableOf(const TextFile& file, const RuleTableForm& form) {
     if (file.status == FileStatus::Ok)
         return parseRuleTable(file.bytes, file.form.codePage, form);
     RuleTable table;
@@ -84,11 +101,19 @@ RuleTable readRuleTable(std::wstring_view path, const RuleTableForm& form) {
     return table;
 }
 
-LoadResult resultOf(const RuleTable& table, std::wstring_view path) {
-    LoadResult result{table.status, std::wstring(path), {}};
-    if (table.status == FileStatus::OpenFailed)
+RuleTable readRuleTable(std::wstring_view path, const RuleTableForm& form) {
+    return ruleTableOf(readTextFile(path), form);
+}
+
+LoadResult resultOf(FileStatus status, std::wstring_view path) {
+    LoadResult result{status, std::wstring(path), {}};
+    if (status == FileStatus::OpenFailed)
         result.message = message::failedToOpen(path);
     return result;
+}
+
+LoadResult resultOf(const RuleTable& table, std::wstring_view path) {
+    return resultOf(table.status, path);
 }
 
 } // namespace partwright

@@ -13,10 +13,12 @@
 #include "library/text_table.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace partwright {
@@ -38,10 +40,16 @@ struct RuleTableForm {
     bool doublesQuotes = false;
 };
 
+/// Column names of a table, sorted, with their places in its rows. A name that is asked for twice
+/// stands once.
+using RuleColumns = std::vector<std::pair<std::wstring, std::size_t>>;
+
 struct RuleRow {
     /// From 1, the header included.
     std::size_t line = 0;
-    RowValues values;
+    /// One for all rows of a table.
+    std::shared_ptr<const RuleColumns> columns;
+    std::vector<std::optional<std::wstring>> cells;
 
     /// Null when the row does not reach the column, or the table has none of that name.
     [[nodiscard]] const std::wstring* find(std::wstring_view column) const;
@@ -61,9 +69,12 @@ struct RuleTable {
 
 [[nodiscard]] RuleTable parseRuleTable(std::string_view bytes, CodePage codePage,
                                        const RuleTableForm& form);
+/// Empty, with the file's status, when the file could not be read.
+[[nodiscard]] RuleTable ruleTableOf(const TextFile& file, const RuleTableForm& form);
 [[nodiscard]] RuleTable readRuleTable(std::wstring_view path, const RuleTableForm& form);
 
 /// The result of a loader whose table was read: a table that cannot be opened is told of.
+[[nodiscard]] LoadResult resultOf(FileStatus status, std::wstring_view path);
 [[nodiscard]] LoadResult resultOf(const RuleTable& table, std::wstring_view path);
 
 } // namespace partwright

@@ -20,7 +20,9 @@ void walkCells(std::wstring_view line, std::wstring_view delimiters, bool isRow,
         const bool quoted = cursor < line.size() && line[cursor] == L'"';
         if (quoted)
             ++cursor;
-        std::size_t end = quoted ? line.find(L'"', cursor) : line.find_first_of(delimiters, cursor);
+        std::size_t end = quoted                   ? line.find(L'"', cursor)
+                          : delimiters.size() == 1 ? line.find(delimiters.front(), cursor)
+                                                   : line.find_first_of(delimiters, cursor);
         const bool last = end == std::wstring_view::npos;
         take(field, trim(line.substr(cursor, last ? end : end - cursor)));
         if (last)
@@ -56,6 +58,35 @@ RowValues SplitRow(std::wstring_view line, std::wstring_view delimiters,
             values[std::wstring(column->second)] = removeAll(text, L"'");
     });
     return values;
+}
+
+RowSplitter::RowSplitter(std::span<const std::wstring_view> columnNames,
+                         const HeaderColumns& header)
+    : columns_(columnNames.size()) {
+    for (std::size_t place = 0; place < columns_; ++place) {
+        const auto column = header.find(columnNames[place]);
+        if (column == header.end())
+            continue;
+        if (places_.size() <= column->second)
+            places_.resize(column->second + 1, columns_);
+        std::size_t& taken = places_[column->second];
+        if (taken == columns_)
+            taken = place;
+    }
+}
+
+std::vector<std::optional<std::wstring>> RowSplitter::split(std::wstring_view line,
+                                                            std::wstring_view delimiters) const {
+    std::vector<std::optional<std::wstring>> cells(columns_);
+    walkCells(line, delimiters, true, [&](std::size_t field, std::wstring_view text) {
+        if (field >= places_.size() || places_[field] == columns_)
+            return;
+        if (text.find(L'\'') == std::wstring_view::npos)
+            cells[places_[field]].emplace(text);
+        else
+            cells[places_[field]] = removeAll(text, L"'");
+    });
+    return cells;
 }
 
 std::vector<std::wstring> SplitQuoted(std::wstring_view line, wchar_t separator) {

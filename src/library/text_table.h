@@ -17,6 +17,7 @@
 #include <array>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -36,6 +37,21 @@ using RowValues = std::map<std::wstring, std::wstring, std::less<>>;
 [[nodiscard]] RowValues SplitRow(std::wstring_view line, std::wstring_view delimiters,
                                  std::span<const std::wstring_view> columnNames,
                                  const HeaderColumns& header);
+
+/// SplitRow for all rows of a table: what the header says is looked up once.
+class RowSplitter {
+public:
+    RowSplitter(std::span<const std::wstring_view> columnNames, const HeaderColumns& header);
+
+    /// Cells in the order of the column names; those that SplitRow leaves out are absent.
+    [[nodiscard]] std::vector<std::optional<std::wstring>>
+    split(std::wstring_view line, std::wstring_view delimiters) const;
+
+private:
+    std::size_t columns_;
+    /// By field of a line, the place among the column names.
+    std::vector<std::size_t> places_;
+};
 
 /// Cells with quotes that are doubled inside of a quoted part; untrimmed, one at least.
 [[nodiscard]] std::vector<std::wstring> SplitQuoted(std::wstring_view line, wchar_t separator);
