@@ -297,7 +297,7 @@ void CGXGridWnd::contextMenuEvent(QContextMenuEvent* event) {
     add(tr("&Fit Column Width"), {}, col > 0 && canResizeCol(col),
         [this, col] { fitColWidth(col); });
     menu.addSeparator();
-    add(tr("P&rint..."), QKeySequence::Print, true, [this] { printPreview(); });
+    add(tr("Pr&int..."), QKeySequence::Print, true, [this] { printPreview(); });
     menuOpening(menu);
     menu.exec(place);
 }
