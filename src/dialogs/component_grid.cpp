@@ -352,7 +352,10 @@ bool CStingrayGridComp::doubleClick(int row, int col) {
 }
 
 bool CStingrayGridComp::keyPressed(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Delete && event->modifiers() == Qt::NoModifier) {
+    if (event->key() == Qt::Key_Delete) {
+        // With a key held down it is no deletion, but no clearing of cells either.
+        if ((event->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier)
+            return true;
         const auto current = currentSessionCell();
         if (current && current->column == session_.setup().datasheetColumn)
             show(session_.clearLink(current->row));

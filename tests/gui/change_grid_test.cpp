@@ -135,6 +135,14 @@ TEST(ChangeGrid, PastesTypesWithTheirValuesIntoSortedRows) {
     EXPECT_EQ(column(d, L(2)), "P1=1 P3=2 P2=3");
     EXPECT_EQ(column(d, typeCol), "P1=IC.Socket P3=IC.Socket P2=IC.Socket");
     EXPECT_FALSE(d.session->canUndo());
+    // Delete with a key held down is none, and leaves nothing behind for a later paste.
+    d.go(1, L(2));
+    d.key(Qt::Key_Delete, Qt::ShiftModifier);
+    paste(d, 2, L(3), "8");
+    EXPECT_EQ(column(d, L(2)), "P1=1 P3=2 P2=3");
+    d.prompt.expect(L"Select row(s) for deleting by click on row header.");
+    d.key(Qt::Key_Delete, Qt::KeypadModifier);
+    d.shortcut(Qt::Key_Z, Qt::ControlModifier);
     // One text over two selections is one step too.
     d.grid().selectRange(grid::CellRange::cell(1, L(3)));
     d.grid().addSelection({2, L(3), 3, L(4)});
