@@ -57,6 +57,14 @@ wchar_t upperCase(wchar_t c) {
     return c;
 }
 
+std::wstring onOneLine(std::wstring_view text) {
+    std::wstring result(text);
+    for (wchar_t& c : result)
+        if (c < L' ')
+            c = L' ';
+    return result;
+}
+
 std::wstring upperCase(std::wstring_view text) {
     std::wstring result(text);
     // Nearly all texts are ASCII, for which this loop is all.

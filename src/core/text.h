@@ -28,6 +28,9 @@ namespace partwright {
 [[nodiscard]] wchar_t upperCase(wchar_t character);
 [[nodiscard]] std::wstring upperCase(std::wstring_view text);
 
+/// Line ends, tabs and other control characters become blanks: what a cell of a text file holds.
+[[nodiscard]] std::wstring onOneLine(std::wstring_view text);
+
 [[nodiscard]] bool equalsNoCase(std::wstring_view a, std::wstring_view b);
 
 /// All pieces between separators, empty ones included; one piece at least.

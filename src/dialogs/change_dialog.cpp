@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -145,7 +146,6 @@ QPushButton* CComChange1::addButton(QBoxLayout* layout, const QString& caption,
                                     const QString& image, const QString& toolTip,
                                     const QString& name) {
     QPushButton* const button = look::imageButton(caption, image, toolTip, name);
-    button->setAutoDefault(false);
     layout->addWidget(button);
     return button;
 }
@@ -174,7 +174,9 @@ void CComChange1::makeShortcuts() {
 /// The first size is the smallest one too, so it should fit the screen, but for the controls, which
 /// are never cut.
 void CComChange1::fitToScreen() {
-    int columns = 0;
+    const QMargins around = layout()->contentsMargins();
+    int columns = around.left() + around.right() + 2 * grid_->frameWidth() +
+                  grid_->verticalScrollBar()->sizeHint().width();
     for (int col = 0; col <= grid_->colCount(); ++col)
         columns += grid_->isColHidden(col) ? 0 : grid_->colWidth(col);
     const QSize wanted(std::max(columns, fontMetrics().averageCharWidth() * firstWidth),

@@ -75,6 +75,7 @@ void CStingrayGridComp::makeColumns() {
     const RedrawLock lock(*this);
     const int last = gridColumn(setup.columns.size()) - 1;
     InsertCols(1, last);
+    SetColWidth(0, 0, pixels(setup.columns[0]));
     for (std::size_t at = 1; at < setup.columns.size(); ++at) {
         const TableColumn& column = setup.columns[at];
         const int col = gridColumn(at);
@@ -267,6 +268,7 @@ void CStingrayGridComp::show(const TableOutcome& outcome) {
             const int row = gridRow(outcome.selectedRows[i]);
             addSelection(CellRange::rows(row, row));
         }
+        session_.rowsShown();
     }
     if (outcome.editorText)
         setControlText(qtText(*outcome.editorText));
@@ -302,14 +304,18 @@ void CStingrayGridComp::currentCellMoved(int row, int col) {
         show(session_.selectCell(sessionCell(row, col)));
 }
 
-void CStingrayGridComp::autoFillFinished(CellPos source, const CellRange& range) {
+void CStingrayGridComp::autoFillFinished(CellPos source, const CellRange&) {
+    filled_.push_back(
+        {sessionCell(source.row, source.col), engineText(controlText(source.row, source.col))});
+}
+
+void CStingrayGridComp::fillFinished(CellPos source, const CellRange& range) {
     std::vector<std::size_t> rows;
     for (int row = range.top; row <= range.bottom; ++row)
         if (!isRowHidden(row))
             rows.push_back(sessionCell(row, 1).row);
-    const std::wstring text = engineText(controlText(source.row, source.col));
     const WaitCursor wait;
-    show(session_.fill(sessionCell(source.row, source.col), std::move(rows), text));
+    show(session_.fill(std::exchange(filled_, {}), std::move(rows)));
     clearSelection();
     scrollTo(source.row, source.col);
 }
@@ -346,7 +352,10 @@ bool CStingrayGridComp::doubleClick(int row, int col) {
 }
 
 bool CStingrayGridComp::keyPressed(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Delete && event->modifiers() == Qt::NoModifier) {
+    if (event->key() == Qt::Key_Delete) {
+        // With a key held down it is no deletion, but no clearing of cells either.
+        if ((event->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier)
+            return true;
         const auto current = currentSessionCell();
         if (current && current->column == session_.setup().datasheetColumn)
             show(session_.clearLink(current->row));
@@ -373,12 +382,25 @@ void CStingrayGridComp::selectWholeRow() {
 
 void CStingrayGridComp::undo() {
     if (commitEdit())
-        show(session_.undo());
+        showMove(session_.undo());
 }
 
 void CStingrayGridComp::redo() {
     if (commitEdit())
-        show(session_.redo());
+        showMove(session_.redo());
+}
+
+/// What went back or forth comes into view, and the line speaks about what the current cell holds
+/// now.
+void CStingrayGridComp::showMove(const TableOutcome& outcome) {
+    show(outcome);
+    const auto& rows = outcome.insertedRows.empty() ? outcome.changedRows : outcome.insertedRows;
+    const auto current = currentSessionCell();
+    if (!rows.empty() &&
+        (!current || std::find(rows.begin(), rows.end(), current->row) == rows.end()))
+        setCurrentCell(gridRow(rows.front()), current ? gridColumn(current->column) : 1);
+    else if (current && outcome.removedRows.empty() && outcome.insertedRows.empty())
+        currentCellMoved(currentCell()->row, currentCell()->col);
 }
 
 void CStingrayGridComp::rowsSorted(int) {
@@ -399,7 +421,8 @@ void CStingrayGridComp::menuOpening(QMenu& menu) {
     };
     menu.addSeparator();
     add(tr("&Undo"), QKeySequence::Undo, session_.canUndo(), &CStingrayGridComp::undo);
-    add(tr("&Redo"), QKeySequence::Redo, session_.canRedo(), &CStingrayGridComp::redo);
+    add(tr("&Redo"), QKeySequence(Qt::CTRL | Qt::Key_Y), session_.canRedo(),
+        &CStingrayGridComp::redo);
     add(tr("De&lete Selected Rows"), {}, !selectedRows().empty(),
         &CStingrayGridComp::deleteSelectedRows);
     const auto current = currentCell();

@@ -58,6 +58,7 @@ protected:
     void cellTextModified(int row, int col) override;
     void editCancelled(int row, int col) override;
     void autoFillFinished(grid::CellPos source, const grid::CellRange& range) override;
+    void fillFinished(grid::CellPos source, const grid::CellRange& range) override;
     void dropDownEntered(int row, int col) override;
     void pasteCell(int row, int col, const QString& text) override;
     void pasteFinished(const grid::CellRange& range) override;
@@ -73,6 +74,7 @@ private:
     void makeColumns();
     void makeRows();
     void reshape(const TableOutcome& outcome);
+    void showMove(const TableOutcome& outcome);
     /// The row's texts changed: they are taken from the session when it is looked at.
     void deferRow(std::size_t sessionRow) { deferRows(gridRow(sessionRow), gridRow(sessionRow)); }
     void showStyle(int row, CellAt at);
@@ -93,6 +95,7 @@ private:
     mutable bool tied_ = false;
     QHash<const ChoiceList*, QString> choiceTexts_;
     std::vector<CellText> pasted_;
+    std::vector<CellText> filled_;
 };
 
 /// The table of the Analyses dialog: the same grid, its differences are in the session.

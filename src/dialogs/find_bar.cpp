@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <iterator>
 
 namespace partwright {
 
@@ -38,17 +39,18 @@ FindBar::FindBar(QWidget* parent)
     find->setObjectName(QStringLiteral("findNext"));
     find->setAccessibleName(tr("Find next"));
     find->setToolTip(tr("Find the next row (F3), Shift+F3 goes the other way"));
-    find->setAutoDefault(false);
     connect(find, &QPushButton::clicked, this, [this] { request(backward_->isChecked()); });
     row->addWidget(find);
     auto* hide = new QPushButton(tr("Close"), this);
     hide->setObjectName(QStringLiteral("findClose"));
     hide->setAccessibleName(tr("Close the find bar"));
     hide->setToolTip(tr("Close the find bar (Esc)"));
-    hide->setAutoDefault(false);
     connect(hide, &QPushButton::clicked, this, &FindBar::close);
     row->addWidget(hide);
     row->addStretch(1);
+    QWidget* const inOrder[] = {text_, column_, mode_, backward_, find, hide};
+    for (std::size_t i = 1; i < std::size(inOrder); ++i)
+        setTabOrder(inOrder[i - 1], inOrder[i]);
     QWidget::hide();
 }
 

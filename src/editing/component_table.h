@@ -44,6 +44,8 @@ struct DepartedPart {
     TableRow row;
     std::int32_t group = 0;
     std::int32_t family = 0;
+    /// It stood in the table before; a part that was added to another group never did.
+    bool wasHere = false;
 };
 
 class ComponentTable {

@@ -148,7 +148,7 @@ void ComponentTableSession<Record>::storeDeparted(const DepartedPart& part) {
     record.type = defaultTypeOf<Record>(app_, part.group);
     for (std::wstring& value : record.LPar)
         value.clear();
-    if (setup().group == setup().kind->processGroup && !part.row.isNew)
+    if (setup().group == setup().kind->processGroup && part.wasHere)
         record.LPar[0] = cell::storedNotApplicable;
 }
 

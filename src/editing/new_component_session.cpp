@@ -164,7 +164,8 @@ bool GroupChoiceSession::accept(std::wstring_view partNumber, Prompt& prompt) {
         return false;
     if (asksPartNumber()) {
         // A longer number could not be read back.
-        const std::wstring part = upperCase(trim(partNumber).substr(0, cell::maximumLength));
+        const std::wstring line = onOneLine(partNumber);
+        const std::wstring part = upperCase(trim(line).substr(0, cell::maximumLength));
         if (part.empty() || isTaken_(part)) {
             prompt.tell(part.empty() ? message::enterPartNumber : message::duplicatePartNumber,
                         PromptIcon::None);

@@ -63,6 +63,7 @@ void PowerCalculator::load(const std::vector<Cell>& row) {
     targets_.clear();
     place_ = ReferencePlace::Ambient;
     ts_ = ambientTemperature;
+    tj_ = pw_ = oja_ = ojc_ = 0; // what was worked out before is not in the row
     double* const values[] = {&tj_, &ts_, &pw_, &oja_, &ojc_};
     for (const Cell& cell : row) {
         const auto field = fieldOf(cell.heading);

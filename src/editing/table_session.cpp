@@ -273,7 +273,12 @@ void TableSession::setLine(TableOutcome& outcome, std::wstring line) {
 void TableSession::take(TableOutcome& outcome, CellFinding finding) {
     if (finding.line)
         setLine(outcome, std::move(*finding.line));
-    if (!finding.faultBox.empty())
+    // Many cells may meet the same fault of the tables: it is told once.
+    const auto isTold = [&](const Box& box) {
+        return box.isTableFault && box.text == finding.faultBox;
+    };
+    if (!finding.faultBox.empty() &&
+        std::none_of(outcome.boxes.begin(), outcome.boxes.end(), isTold))
         outcome.boxes.push_back({std::move(finding.faultBox), PromptIcon::None, true});
     if (!finding.refusalBox.empty())
         outcome.boxes.push_back({std::move(finding.refusalBox)});

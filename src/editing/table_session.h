@@ -98,6 +98,8 @@ public:
     TableOutcome search(std::wstring_view request, std::optional<CellAt> current, RowOrder order);
     /// Shows the boxes of an outcome.
     void present(const TableOutcome& outcome);
+    /// The rows that an outcome selects are on the screen: the next cell has its own line again.
+    void rowsShown() { holdsLine_ = false; }
 
     // --- Editing a cell
     TableOutcome modify(CellAt at, std::wstring_view text);
@@ -107,8 +109,11 @@ public:
     TableOutcome cancelEdit();
 
     // --- Many cells
-    /// Drags `text`, what the editor of `source` shows, over rows of its column.
-    TableOutcome fill(CellAt source, std::vector<std::size_t> rows, std::wstring_view text);
+    /// Drags cells of one row, with what their editors show, over rows of their columns.
+    TableOutcome fill(std::vector<CellText> sources, std::vector<std::size_t> rows);
+    TableOutcome fill(CellAt source, std::vector<std::size_t> rows, std::wstring_view text) {
+        return fill({{source, std::wstring(text)}}, std::move(rows));
+    }
     TableOutcome paste(std::vector<CellText> cells);
     TableOutcome storeLink(std::size_t row, std::wstring_view file);
     TableOutcome clearLink(std::size_t row);
@@ -198,6 +203,7 @@ private:
     void judge(CellAt at, std::wstring& text, std::size_t shownRow, TableOutcome& outcome);
     void applyTypeEdit(CellAt at, std::wstring_view text);
     void storeText(CellAt at, std::wstring_view text, TableOutcome& outcome);
+    [[nodiscard]] bool mayFill(CellText& source, TableOutcome& outcome);
     bool fillCell(CellAt at, std::wstring_view text);
     bool pasteCell(const CellText& cell, TableOutcome& outcome);
     void announce(const std::wstring& part);

@@ -16,7 +16,6 @@ constexpr std::size_t unusedByFirstProcess[] = {3, 4};
 
 /// A type whose output supply current is calculated when the table shows that choice.
 constexpr std::wstring_view calculatedType = L"IC.PinLibrary";
-constexpr std::wstring_view checkedBox = L"1";
 
 } // namespace
 
@@ -219,10 +218,7 @@ void TableSession::storeText(CellAt at, std::wstring_view text, TableOutcome& ou
 /// end of its row.
 TableSession::CleanText TableSession::clean(std::size_t column, std::wstring_view text) const {
     const TableColumn& of = this->column(column);
-    CleanText result{std::wstring(text), std::nullopt};
-    for (wchar_t& c : result.text)
-        if (c < L' ')
-            c = L' ';
+    CleanText result{onOneLine(text), std::nullopt};
     const bool isCatalog = of.kind == ColumnKind::CatalogNumber;
     if (isCatalog)
         result.text = upperCase(result.text);

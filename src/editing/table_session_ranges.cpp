@@ -9,34 +9,55 @@
 
 namespace partwright {
 
-TableOutcome TableSession::fill(CellAt source, std::vector<std::size_t> rows,
-                                std::wstring_view text) {
+TableOutcome TableSession::fill(std::vector<CellText> sources, std::vector<std::size_t> rows) {
     TableOutcome outcome;
-    const ColumnKind kind = column(source.column).kind;
-    if (text.empty() || source.column < typeColumn || kind == ColumnKind::Datasheet)
-        return outcome;
-    std::wstring value = clean(source.column, text).text;
-    if (kind != ColumnKind::Type) {
-        judge(source, value, source.row + 1, outcome);
-        outcome.editorText.reset(); // no editor is open
-        if (!outcome.accepted)
-            return outcome;
-    }
+    std::erase_if(sources, [&](CellText& source) { return !mayFill(source, outcome); });
+    outcome.editorText.reset(); // no editor is open
+    // A type comes before the values that are to stand under it.
+    std::sort(sources.begin(), sources.end(),
+              [](const CellText& a, const CellText& b) { return a.at.column < b.at.column; });
     std::sort(rows.begin(), rows.end());
     rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
     beginStep();
-    for (const std::size_t row : rows)
-        if (fillCell({row, source.column}, value))
+    for (const std::size_t row : rows) {
+        bool isChanged = false;
+        for (const CellText& source : sources)
+            isChanged = fillCell({row, source.at.column}, source.text) || isChanged;
+        if (isChanged)
             outcome.changedRows.push_back(row);
+    }
     takeFlags(outcome);
     endStep();
     return outcome;
+}
+
+/// Puts the text that is to be filled in place of the source's.
+bool TableSession::mayFill(CellText& source, TableOutcome& outcome) {
+    const ColumnKind kind = column(source.at.column).kind;
+    if (source.text.empty() || source.at.column < typeColumn || kind == ColumnKind::Datasheet)
+        return false;
+    source.text = clean(source.at.column, source.text).text;
+    if (kind == ColumnKind::Type)
+        return true;
+    TableOutcome verdict;
+    judge(source.at, source.text, source.at.row + 1, verdict);
+    if (!verdict.accepted) {
+        // The first refusal is told; the columns that passed are filled all the same.
+        if (outcome.accepted)
+            outcome = std::move(verdict);
+        return false;
+    }
+    return true;
 }
 
 bool TableSession::fillCell(CellAt at, std::wstring_view text) {
     if (at.row >= table_.rowCount())
         return false;
     const ChoiceList* list = choices(at);
+    const ColumnKind kind = column(at.column).kind;
+    if ((kind == ColumnKind::PinLibrary || kind == ColumnKind::CalcOutput) && text != checkedBox &&
+        text != uncheckedBox)
+        return false;
     if (table_.text(at.row, at.column) == text || !isEnabled(at) ||
         (list != nullptr && !list->holds(text)))
         return false;

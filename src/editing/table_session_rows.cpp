@@ -90,7 +90,7 @@ TableOutcome TableSession::changeGroup(std::size_t row, const GroupChoice& choic
     if (choice.group == setup().group)
         return outcome;
     beginStep();
-    table_.depart({table_.row(row), choice.group, choice.family});
+    table_.depart({table_.row(row), choice.group, choice.family, true});
     outcome.removedRows = {row};
     table_.remove(outcome.removedRows);
     endStep();

@@ -31,6 +31,10 @@ inline constexpr std::size_t typeColumn = 6;
 inline constexpr std::wstring_view fullMark = L"+";
 inline constexpr std::wstring_view notFullMark = L"-";
 
+/// What a check box holds; an empty one is not checked either.
+inline constexpr std::wstring_view checkedBox = L"1";
+inline constexpr std::wstring_view uncheckedBox = L"0";
+
 enum class ColumnKind {
     RowNumber,
     PartNumber,

@@ -43,6 +43,11 @@ struct CellRange {
         return {std::max(top, other.top), std::max(left, other.left),
                 std::min(bottom, other.bottom), std::min(right, other.right)};
     }
+    /// The smallest range that holds both.
+    [[nodiscard]] constexpr CellRange united(const CellRange& other) const {
+        return {std::min(top, other.top), std::min(left, other.left),
+                std::max(bottom, other.bottom), std::max(right, other.right)};
+    }
     friend bool operator==(const CellRange&, const CellRange&) = default;
 };
 

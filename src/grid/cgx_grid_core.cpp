@@ -308,6 +308,8 @@ void CGXGridCore::pasteCell(int row, int col, const QString& text) {
 
 void CGXGridCore::pasteFinished(const CellRange&) {}
 
+void CGXGridCore::fillFinished(CellPos, const CellRange&) {}
+
 bool CGXGridCore::leftClick(int row, int col) {
     if (row != 0 || col < 1)
         return false;

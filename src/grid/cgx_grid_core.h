@@ -150,14 +150,18 @@ protected:
     /// Column `range` was dragged over from `source`. Without an override every editable cell takes
     /// the source's text, a drop-down only an entry of its list.
     virtual void autoFillFinished(CellPos source, const CellRange& range);
+    /// After the last column of a fill; `source` is its first cell.
+    virtual void fillFinished(CellPos source, const CellRange& range);
     virtual void dropDownEntered(int row, int col);
     /// True accepts the text.
     virtual bool validateCell(int row, int col, const QString& text);
     virtual void cellTextModified(int row, int col);
     virtual void cellCommitted(int row, int col, const QString& before);
     virtual void editCancelled(int row, int col);
-    /// One cell of a paste that may be edited. Without an override: as for autoFillFinished.
+    /// One cell of a paste, row by row from the left; whether it takes the text is decided here,
+    /// since a cell before it may have changed that. Without an override: as for autoFillFinished.
     virtual void pasteCell(int row, int col, const QString& text);
+    /// Once a paste; `range` holds all cells that were asked.
     virtual void pasteFinished(const CellRange& range);
     virtual bool leftClick(int row, int col);
     virtual bool doubleClick(int row, int col);

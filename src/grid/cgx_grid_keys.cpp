@@ -237,13 +237,16 @@ void CGXGridWnd::clearSelected() {
     if (ranges.empty())
         ranges.push_back(CellRange::cell(currentCell()->row, currentCell()->col));
     const RedrawLock lock(*this);
+    CellRange cleared = ranges.front();
     for (const CellRange& range : ranges) {
         const CellRange area = range.within({1, 1, rowCount(), colCount()});
+        cleared = cleared.united(range);
         for (int row = area.top; row <= area.bottom; ++row)
             for (int col = area.left; col <= area.right; ++col)
                 if (!isRowHidden(row) && isColVisible(col) && isEditable(row, col))
                     pasteCell(row, col, QString());
     }
+    pasteFinished(clipped(cleared));
 }
 
 void CGXGridWnd::selectAll() {
@@ -297,7 +300,7 @@ void CGXGridWnd::contextMenuEvent(QContextMenuEvent* event) {
     add(tr("&Fit Column Width"), {}, col > 0 && canResizeCol(col),
         [this, col] { fitColWidth(col); });
     menu.addSeparator();
-    add(tr("P&rint..."), QKeySequence::Print, true, [this] { printPreview(); });
+    add(tr("Pr&int..."), QKeySequence::Print, true, [this] { printPreview(); });
     menuOpening(menu);
     menu.exec(place);
 }

@@ -53,7 +53,8 @@ void CGXGridWnd::mousePressEvent(QMouseEvent* event) {
         return;
     }
     if (row >= 1 && col >= 1 && editedCell() == CellPos{row, col}) {
-        openList({});
+        if (edit_->editor->isDropDown())
+            openList({});
         return;
     }
     if (!leaveCell() || row < 0 || col < 0)

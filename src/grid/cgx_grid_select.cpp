@@ -193,6 +193,7 @@ void CGXGridCore::pasteText(const QString& text) {
         targets.push_back(selection_.back());
     if (table.size() == 1 && width == 1 && !selection_.empty())
         targets = selection_;
+    std::optional<CellRange> pasted;
     for (const CellRange& target : targets) {
         const PasteArea area = pasteArea(target, table.size(), width);
         if (area.rows.empty())
@@ -202,23 +203,28 @@ void CGXGridCore::pasteText(const QString& text) {
             for (std::size_t i = 0; i < area.rows.size(); ++i) {
                 const auto& line = table[i % table.size()];
                 for (std::size_t k = 0; k < area.cols.size(); ++k)
-                    if (k % width < line.size() && isEditable(area.rows[i], area.cols[k]))
+                    if (k % width < line.size())
                         pasteCell(area.rows[i], area.cols[k], line[k % width]);
             }
         }
-        const CellRange pasted{area.rows.front(), area.cols.front(), area.rows.back(),
-                               area.cols.back()};
+        const CellRange covered{area.rows.front(), area.cols.front(), area.rows.back(),
+                                area.cols.back()};
         if (area.rows.size() * area.cols.size() > 1 && selection_.empty())
-            selectRange(pasted);
-        pasteFinished(pasted);
+            selectRange(covered);
+        pasted = pasted ? pasted->united(covered) : covered;
     }
+    if (pasted)
+        pasteFinished(*pasted);
 }
 
 void CGXGridCore::fill(int sourceRow, const CellRange& range) {
     if (!leaveCell())
         return;
-    for (const int col : visibleCols(range))
+    const std::vector<int> cols = visibleCols(range);
+    for (const int col : cols)
         autoFillFinished({sourceRow, col}, {range.top, col, range.bottom, col});
+    if (!cols.empty())
+        fillFinished({sourceRow, cols.front()}, range);
 }
 
 void CGXGridCore::autoFillFinished(CellPos source, const CellRange& range) {

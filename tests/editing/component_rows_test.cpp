@@ -111,9 +111,15 @@ TEST(ComponentRows, AddCopyAndChangeGroup) {
 
     SdtaDialog capacitors;
     auto& c = capacitors.open(11, {{1, {L"50"}}});
-    capacitors.shown(c.changeGroup(0, {L"", 3, L"Diode SCR", 3}));
+    capacitors.shown(c.add({L"FAR", 3, L"Diode SCR", 3}));
+    capacitors.shown(c.copy(0, {L"TWIN", 11, L"Capacitor", 6}));
+    for (int moves = 0; moves < 2; ++moves)
+        capacitors.shown(c.changeGroup(0, {L"", 3, L"Diode SCR", 3}));
     ASSERT_TRUE(capacitors.ok());
-    EXPECT_EQ(narrow(c.takeRecords().at(L"P1").LPar[0]), "-2");
+    const SdtaLibrary moves = c.takeRecords();
+    EXPECT_EQ(narrow(moves.at(L"P1").LPar[0]), "-2");
+    EXPECT_EQ(narrow(moves.at(L"TWIN").LPar[0]), "-2");
+    EXPECT_EQ(narrow(moves.at(L"FAR").LPar[0]), ""); // it was never a capacitor
 }
 
 TEST(ComponentRows, OkAsksOnceAndStopsAtTheFirstFault) {

@@ -201,6 +201,12 @@ TEST(PowerCalculator, FromARowAndBack) {
     d.shown(s.undo());
     EXPECT_EQ(d.row(0).substr(0, 15), "+ SCR 9.99 25 C");
 
+    // Loading again starts from the row alone.
+    auto emptied = cells;
+    emptied[3].text = {};
+    made.load(emptied);
+    EXPECT_EQ(narrow(made.field(Field::Junction)), "0");
+
     // What is no finite number leaves its cell alone, and so does a cell that does not apply.
     PowerCalculator endless(3, L'.');
     cells[7].isEnabled = false;

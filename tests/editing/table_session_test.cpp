@@ -352,6 +352,14 @@ TEST(TableSession, AnalysesOptionsAndLevels) {
     EXPECT_EQ(record.completedForAsr, 1);
     EXPECT_EQ(record.completed, 0);
     EXPECT_EQ(narrow(record.LPar[7]), "Positive");
+
+    // A check box is on or off, whatever is pasted.
+    auto& comparators = d.open(9, {{1, {}}});
+    const std::size_t box = comparators.setup().notesColumn + 1;
+    comparators.paste({{{0, box}, L"yes"}});
+    EXPECT_EQ(narrow(comparators.table().text(0, box)), "");
+    comparators.paste({{{0, box}, L"1"}});
+    EXPECT_EQ(narrow(comparators.table().text(0, box)), "1");
 }
 
 } // namespace

@@ -1,8 +1,6 @@
 // The Change Component dialog as a person uses it: keys, the mouse, boxes.
 
-#include "editing/session_fixture.h"
-#include "gui/change_driver.h"
-#include "support/recording_opener.h"
+#include "gui/change_dialog_fixture.h"
 
 #include <gtest/gtest.h>
 
@@ -13,30 +11,13 @@
 namespace partwright {
 namespace {
 
+using test::AsrDriver;
 using test::goodThyristor;
 using test::L;
 using test::narrow;
+using test::SdtaDriver;
 using test::typeCol;
 using test::whenModal;
-
-template <class Record>
-class Driver : public test::Dialog<Record>, public test::ChangeDriver {
-public:
-    test::RecordingOpener opener;
-    std::unique_ptr<CComChange1> dialog;
-
-    void openDialog() {
-        dialog = std::make_unique<CComChange1>(*this->session,
-                                               DialogServices{this->app, this->prompt, opener},
-                                               std::make_shared<grid::SortFlags>());
-        drive(*dialog);
-        dialog->show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
-    }
-};
-
-using SdtaDriver = Driver<SdtaComponent>;
-using AsrDriver = Driver<AsrComponent>;
 
 TEST(ChangeDialog, OneEditIsRefusedAndThenTaken) {
     SdtaDriver d;
