@@ -207,7 +207,11 @@ void TableSession::RecheckRowFlag(CellAt at, TableOutcome& outcome) {
     CellFinding finding =
         CheckCellQuiet(cellQuestion(table_, *checks_, at, table_.text(at.row, at.column), false),
                        rules_.rules, setup().decimalMark);
-    table_.flag(at.row, finding.passed && table_.isComplete(at.row));
+    const bool wasFull = table_.text(at.row, fullColumn) == fullMark;
+    const bool isFull = finding.passed && table_.isComplete(at.row);
+    table_.flag(at.row, isFull);
+    if (isFull != wasFull)
+        outcome.changedRows.push_back(at.row);
     take(outcome, std::move(finding));
 }
 

@@ -153,6 +153,15 @@ TEST(ChangeGrid, PastesTypesWithTheirValuesIntoSortedRows) {
     EXPECT_FALSE(d.session->canUndo());
 }
 
+TEST(ChangeGrid, FullIsTheStoredFlagUntilACellIsSelected) {
+    SdtaDriver d;
+    d.open(3, std::vector(2, goodThyristor()));
+    d.openDialog();
+    EXPECT_EQ(column(d, 4), "P1=- P2=-");
+    d.go(2, L(2));
+    EXPECT_EQ(column(d, 4), "P1=+ P2=+");
+}
+
 TEST(ChangeGrid, DragsSeveralColumnsInOneStep) {
     SdtaDriver d;
     d.open(19, {{2, {L"20", L"100", L"5"}}, {3, {}}, {3, {}}});
