@@ -533,4 +533,55 @@ TEST_F(MainWindowCase, EditsAnAnalysesGroupAtALevel) {
         EXPECT_NE(saved.find(values), std::string::npos) << values << "\n" << saved;
 }
 
+// What somebody wrote with a text editor opens, is judged, and is still there after a save.
+TEST_F(MainWindowCase, AHandEditedLibraryIsEditedWithoutLoss) {
+    std::string rows = folder.bytesOf(sampleSdta);
+    const std::string anchor = ">,SDTA-M, Resistor,Resistor,";
+    const std::string longValue(255, '7'); // the longest that the reader takes
+    rows.insert(rows.find(anchor),
+                anchor +
+                    "\"\"\"NO-TYPE\"\"\",\"\"\"1\"\"\",\"\"\"x\"\"\",No.Such.Type,abc,-1e999,nan,"
+                    "--,N/A,\"\"\"M\"\"\",\"\"\"\"\"\",,<\n" +
+                    anchor + "\"\"\"LONG\"\"\",\"\"\"2\"\"\",\"\"\"y\"\"\",RM.Fix.Pw<0.5," +
+                    longValue + ",,,,,\"\"\"M\"\"\",\"\"\"\"\"\",,<\n" +
+                    ">,SDTA-M, Martian,No Such "
+                    "Group,\"\"\"LOST\"\"\",\"\"\"3\"\"\",\"\"\"z\"\"\",Default,1,<\n");
+    rows.insert(rows.find(anchor), anchor + std::string(100'000, 'x') + "\n");
+    folder.put(sampleSdta, rows);
+    open();
+    find<QRadioButton>("sdtaFullLibrary").click();
+    auto& list = find<QTableWidget>("sdtaList");
+    whenModal(*dialog, [&](QDialog& box) {
+        auto* const change = qobject_cast<CComChange1*>(&box);
+        ASSERT_NE(change, nullptr);
+        ChangeDriver d(*change);
+        std::map<std::string, int> rowOf;
+        for (int row = 1; row <= d.grid().rowCount(); ++row)
+            rowOf[d.text(row, 1)] = row;
+        ASSERT_TRUE(rowOf.contains("NO-TYPE") && rowOf.contains("LONG"));
+        EXPECT_EQ(d.text(rowOf["LONG"], L(1)), longValue);
+        for (int col = 1; col <= d.grid().colCount(); ++col) // every cell is looked at quietly
+            for (const char* part : {"NO-TYPE", "LONG"})
+                if (!d.grid().isColHidden(col))
+                    d.go(rowOf[part], col);
+        d.go(rowOf["NO-TYPE"], typeCol);
+        d.choose("RM.Fix.Pw<0.5");
+        d.enter(rowOf["NO-TYPE"], L(1), "0.25");
+        d.enter(rowOf["LONG"], L(1), "0.25");
+        prompt.expectQuestion(message::notAllFilledIn, PromptAnswer::Yes);
+        d.press("ok");
+        EXPECT_FALSE(change->isVisible());
+    });
+    list.setCurrentCell(10, 0);
+    QTest::keyClick(&list, Qt::Key_Return);
+    prompt.expect(message::operationCompleted, PromptIcon::Information);
+    press("saveLibrary");
+    const std::string saved = folder.bytesOf(sampleSdta);
+    EXPECT_NE(saved.find("NO-TYPE\"\"\",\"\"\"1\"\"\",\"\"\"x\"\"\",RM.Fix.Pw<0.5,0.25,"),
+              std::string::npos);
+    EXPECT_NE(saved.find("LONG\"\"\",\"\"\"2\"\"\",\"\"\"y\"\"\",RM.Fix.Pw<0.5,0.25,"),
+              std::string::npos);
+    EXPECT_NE(saved.find("LOST"), std::string::npos);
+}
+
 } // namespace partwright::test
