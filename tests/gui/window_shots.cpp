@@ -1,64 +1,156 @@
 // Pictures of the windows for the documents and for the eye:
 //
-//   window_shots OUT_FOLDER [dark]
+//   window_shots OUT_FOLDER [--dark] [--project FOLDER]
 //
-// The scale comes from QT_SCALE_FACTOR. "dark" sets the palette of a dark desktop; without it the
-// pictures have the palette that Qt finds.
+// The scale comes from QT_SCALE_FACTOR. "--dark" sets the palette of a dark desktop; without it the
+// pictures have the palette that Qt finds. The path boxes show the folder in which the sample
+// project lies; "--project" has it copied to a folder whose name may be seen, which must not exist
+// and is left behind.
 
 #include "dialogs/change_dialog.h"
+#include "dialogs/power_calculator_dialog.h"
+#include "editing/power_calculator.h"
+#include "gui/change_driver.h"
 #include "gui/main_window.h"
 #include "support/dark_palette.h"
 
 #include <QApplication>
+#include <QCommandLineParser>
+#include <QPainter>
 #include <cstdio>
+#include <memory>
 #include <string>
 
 namespace {
 
-void shoot(QWidget& window, const std::string& file) {
-    QCoreApplication::processEvents();
-    if (!window.grab().save(QString::fromStdString(file)))
-        std::fprintf(stderr, "cannot write %s\n", file.c_str());
+using namespace partwright;
+using namespace partwright::test;
+
+/// An opened list is a window of its own; it is painted where it stands before the other one.
+QPixmap pictureOf(QWidget& window, QWidget* list) {
+    const QPixmap picture = window.grab();
+    if (list == nullptr)
+        return picture;
+    const QPoint place = list->mapToGlobal(QPoint()) - window.mapToGlobal(QPoint());
+    const QRect whole = window.rect().united(QRect(place, list->size()));
+    QPixmap both(whole.size() * picture.devicePixelRatio());
+    both.setDevicePixelRatio(picture.devicePixelRatio());
+    both.fill(window.palette().color(QPalette::Window));
+    QPainter painter(&both);
+    painter.drawPixmap(0, 0, picture);
+    painter.drawPixmap(place, list->grab());
+    return both;
+}
+
+class Album {
+public:
+    explicit Album(QString folder) : folder_(std::move(folder)) {}
+
+    void add(QWidget& window, const char* name, QWidget* list = nullptr) const {
+        QCoreApplication::processEvents();
+        const QString file = folder_ + QLatin1Char('/') + QLatin1String(name) + ".png";
+        if (!pictureOf(window, list).save(file))
+            std::fprintf(stderr, "cannot write %s\n", qPrintable(file));
+    }
+
+private:
+    QString folder_;
+};
+
+/// A Change Component dialog on a group of the sample.
+struct OpenGroup {
+    OpenGroup(MainWindow& window, int page, int group)
+        : session(open(window.session->page(page), group)),
+          dialog(*session, {window.app, window.prompt, window.opener},
+                 std::make_shared<grid::SortFlags>()),
+          driver(dialog) {
+        dialog.show();
+        dialog.resize(dialog.fontMetrics().averageCharWidth() * 190, dialog.height());
+    }
+
+    static std::unique_ptr<TableSession> open(PageSession& page, int group) {
+        page.setDesign(true);
+        page.setFilter(PageFilter::FullLibrary);
+        return page.openGroup(group);
+    }
+
+    std::unique_ptr<TableSession> session;
+    CComChange1 dialog;
+    ChangeDriver driver;
+};
+
+void shootMainWindow(MainWindow& window, const Album& album) {
+    album.add(*window.dialog, "main_sdta");
+    window.find<QTabWidget>("propertySheet").setCurrentIndex(1);
+    album.add(*window.dialog, "main_analyses");
+    window.press("public");
+    album.add(*window.dialog, "main_public");
+}
+
+void shootTables(MainWindow& window, const Album& album) {
+    constexpr int resistors = 10;
+    OpenGroup resistor(window, 0, resistors);
+    resistor.driver.go(2, L(1));
+    album.add(resistor.dialog, "change_sdta");
+    window.prompt.expect(message::valueTypeOrRangeError);
+    resistor.driver.enter(2, L(2), "75V");
+    album.add(resistor.dialog, "change_refused");
+    resistor.driver.key(Qt::Key_Escape);
+
+    constexpr int fieldEffect = 8;
+    OpenGroup transistor(window, 0, fieldEffect);
+    transistor.driver.go(1, typeCol);
+    transistor.driver.key(Qt::Key_Down, Qt::AltModifier);
+    album.add(transistor.dialog, "change_list", transistor.driver.visible<grid::ChoicePopup>());
+    transistor.driver.visible<grid::ChoicePopup>()->close();
+
+    constexpr std::size_t powerTransistor = 2;
+    PowerCalculator calculator(fieldEffect, transistor.session->setup().decimalMark);
+    CPowerDissipCalc dialog(
+        calculator, transistor.session->table().text(powerTransistor, partNumberColumn),
+        [&] { return PowerCalculator::cellsOf(*transistor.session, powerTransistor); });
+    dialog.show();
+    dialog.findChild<QPushButton*>(QStringLiteral("calculate"))->click();
+    album.add(dialog, "calculator");
+
+    OpenGroup capacitor(window, 0, 11);
+    album.add(capacitor.dialog, "change_capacitor");
+    OpenGroup circuit(window, 1, 9);
+    circuit.driver.go(5, L(1));
+    album.add(circuit.dialog, "change_analyses");
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    using namespace partwright::test;
-    if (argc < 2) {
-        std::fputs("Usage: window_shots OUT_FOLDER [dark]\n", stderr);
-        return 2;
-    }
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
-    if (argc > 2)
+    QCommandLineParser parser;
+    const QCommandLineOption dark(QStringLiteral("dark"));
+    const QCommandLineOption project(QStringLiteral("project"), QString(),
+                                     QStringLiteral("FOLDER"));
+    parser.addOptions({dark, project});
+    parser.process(application);
+    if (parser.positionalArguments().size() != 1) {
+        std::fputs("Usage: window_shots OUT_FOLDER [--dark] [--project FOLDER]\n", stderr);
+        return 2;
+    }
+    if (parser.isSet(dark))
         QApplication::setPalette(darkPalette());
-    const std::string folder = std::string(argv[1]) + "/";
+    const Album album(parser.positionalArguments().front());
     MainWindow window;
     window.app.analysisLevel = 1;
+    if (parser.isSet(project)) {
+        const std::filesystem::path folder = parser.value(project).toStdString();
+        std::filesystem::copy(PARTWRIGHT_SAMPLES, folder, std::filesystem::copy_options::recursive);
+        window.app.libraryFolder = pathText(folder / "library");
+        window.app.projectInputFolder = withSeparator(pathText(folder / "input"));
+    }
     window.open();
-    shoot(*window.dialog, folder + "main_sdta.png");
-    window.find<QTabWidget>("propertySheet").setCurrentIndex(1);
-    shoot(*window.dialog, folder + "main_analyses.png");
-    window.press("public");
-    shoot(*window.dialog, folder + "main_public.png");
-    const auto change = [&](int page, int group, const std::string& file) {
-        auto& owner = window.session->page(page);
-        owner.setDesign(true);
-        owner.setFilter(partwright::PageFilter::FullLibrary);
-        const auto components = owner.openGroup(group);
-        partwright::CComChange1 dialog(*components, {window.app, window.prompt, window.opener},
-                                       std::make_shared<partwright::grid::SortFlags>());
-        dialog.show();
-        dialog.resize(dialog.fontMetrics().averageCharWidth() * 190, dialog.height());
-        dialog.grid().setCurrentCell(2, 7);
-        shoot(dialog, folder + file);
-    };
-    change(0, 10, "change_sdta.png");
-    change(0, 11, "change_capacitor.png");
-    change(1, 9, "change_analyses.png");
-    partwright::CAboutDlg about;
+    shootMainWindow(window, album);
+    shootTables(window, album);
+    CAboutDlg about;
     about.show();
-    shoot(about, folder + "about.png");
+    album.add(about, "about");
     return 0;
 }
