@@ -1,6 +1,8 @@
 // How long the window takes from the start of its process to its first paint, beside a bare form
-// with as many widgets, and what 10,000 rows in each design library add. Each start is a process of
-// its own; the kinds take turns, and the median of each counts.
+// with as many widgets of the same kinds at the same size, and what 10,000 rows in each design
+// library add. Each start is a process of its own; the kinds take turns, and the median of each
+// counts. Beside the time on the wall stands the processor time of the process up to its first
+// paint, which a busy machine disturbs less.
 //
 //   start_bench [ROUNDS]
 
@@ -15,18 +17,25 @@
 #include "platform/message_prompt.h"
 #include "support/temp_folder.h"
 
+#include <sys/resource.h>
+
 #include <QApplication>
 #include <QElapsedTimer>
-#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProcess>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTabWidget>
+#include <QTableWidget>
 #include <QTimer>
+#include <QVBoxLayout>
 #include <algorithm>
 #include <cstdio>
-#include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -35,20 +44,51 @@ namespace {
 
 constexpr int manyRows = 10'000;
 
-/// Tells the number of widgets once the window has been painted, and ends the process.
+/// Processor time that this process has used so far.
+double usedMilliseconds() {
+    rusage used{};
+    getrusage(RUSAGE_SELF, &used);
+    const auto milliseconds = [](const timeval& time) {
+        return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
+    };
+    return milliseconds(used.ru_utime) + milliseconds(used.ru_stime);
+}
+
+/// Of each kind of widget that Qt has, how many the window holds.
+std::string kindsIn(const QWidget& window) {
+    std::map<std::string, int> kinds;
+    for (const QWidget* widget : window.findChildren<QWidget*>()) {
+        const QMetaObject* kind = widget->metaObject();
+        while (kind->className()[0] != 'Q') // one of ours: what it is made of counts
+            kind = kind->superClass();
+        ++kinds[kind->className()];
+    }
+    std::string text;
+    for (const auto& [name, count] : kinds)
+        text += name + ":" + std::to_string(count) + ",";
+    return text;
+}
+
+/// Once the window has been painted, tells the processor time and the widgets, and ends the
+/// process.
 class FirstPaint final : public QObject {
 public:
-    explicit FirstPaint(QWidget& window) { window.installEventFilter(this); }
-    bool eventFilter(QObject* watched, QEvent* event) override {
+    explicit FirstPaint(QWidget& window) : window_(window) { window.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
         if (event->type() == QEvent::Paint)
-            QTimer::singleShot(0, watched, [watched] {
-                std::printf("%lld\n",
-                            static_cast<long long>(watched->findChildren<QWidget*>().size()));
+            QTimer::singleShot(0, &window_, [this] {
+                const double used = usedMilliseconds();
+                std::printf("%.3f %lld %d %d %s\n", used,
+                            static_cast<long long>(window_.findChildren<QWidget*>().size()),
+                            window_.width(), window_.height(), kindsIn(window_).c_str());
                 std::fflush(stdout);
                 QApplication::quit();
             });
         return false;
     }
+
+private:
+    QWidget& window_;
 };
 
 int show(QWidget& window) {
@@ -57,22 +97,52 @@ int show(QWidget& window) {
     return QApplication::exec();
 }
 
-int showBareForm(int widgets) {
-    QDialog form;
-    auto* grid = new QGridLayout(&form);
-    for (int i = 0; i < widgets; ++i) {
-        const QString text = QString::number(i);
-        QWidget* one = nullptr;
-        if (i % 4 == 0)
-            one = new QPushButton(text);
-        else if (i % 4 == 1)
-            one = new QLabel(text);
-        else if (i % 4 == 2)
-            one = new QRadioButton(text);
-        else
-            one = new QLineEdit(text);
-        grid->addWidget(one, i / 4, i % 4);
+/// A box with a column of so many widgets of a kind.
+template <class Widget>
+QGroupBox* box(int count) {
+    auto* result = new QGroupBox(QStringLiteral("Box"));
+    auto* column = new QVBoxLayout(result);
+    for (int i = 0; i < count; ++i) {
+        auto* one = new Widget;
+        one->setText(QStringLiteral("Caption %1").arg(i));
+        column->addWidget(one);
     }
+    return result;
+}
+
+QWidget* barePage(const std::vector<int>& radios) {
+    auto* page = new QWidget;
+    auto* column = new QVBoxLayout(page);
+    column->addWidget(box<QLineEdit>(1));
+    auto* row = new QHBoxLayout;
+    for (const int count : radios)
+        row->addWidget(box<QRadioButton>(count));
+    row->addWidget(box<QLabel>(2), 1);
+    column->addLayout(row);
+    auto* table = new QTableWidget(0, 5);
+    table->verticalHeader()->hide();
+    column->addWidget(table, 1);
+    return page;
+}
+
+/// A form with the widgets of the program's window, in the same places, and nothing in them but
+/// captions: no pictures, colours, rows or records.
+int showBareForm(const QSize& size) {
+    QDialog form;
+    form.setSizeGripEnabled(true);
+    auto* row = new QHBoxLayout(&form);
+    auto* tabs = new QTabWidget;
+    tabs->addTab(barePage({3}), QStringLiteral("One"));
+    tabs->addTab(barePage({2, 3}), QStringLiteral("Two"));
+    row->addWidget(tabs, 1);
+    auto* column = new QVBoxLayout;
+    column->addWidget(box<QRadioButton>(2));
+    column->addWidget(box<QPushButton>(3));
+    for (int i = 0; i < 10; ++i)
+        column->addWidget(new QPushButton(QStringLiteral("Command %1").arg(i)));
+    column->addStretch(1);
+    row->addLayout(column);
+    form.resize(size);
     return show(form);
 }
 
@@ -127,29 +197,45 @@ void writeLibraries(const test::TempFolder& folder, int rows) {
         SaveAnalysesLibrary(app, recordsByGroup(noAnalyses), app.publicAsrLibraryPath));
 }
 
-struct StartKind {
-    const char* name;
-    QStringList arguments;
-    std::vector<double> milliseconds;
+/// One start of a process: what it took, and what it showed.
+struct Start {
+    double wall = 0;
+    double processor = 0;
+    int widgets = 0;
+    QSize size;
+    QByteArray kinds;
 };
 
-/// Milliseconds of one start; what the process printed goes to `output`.
-double start(const QStringList& arguments, QByteArray& output) {
+Start start(const QStringList& arguments) {
     QElapsedTimer watch;
     watch.start();
     QProcess process;
     process.start(QCoreApplication::applicationFilePath(), arguments);
     process.waitForReadyRead();
-    const double time = static_cast<double>(watch.nsecsElapsed()) / 1e6;
+    Start result;
+    result.wall = static_cast<double>(watch.nsecsElapsed()) / 1e6;
     process.waitForFinished();
-    output = process.readAllStandardOutput();
-    return time;
+    const QList<QByteArray> told = process.readAllStandardOutput().trimmed().split(' ');
+    result.processor = told.value(0).toDouble();
+    result.widgets = told.value(1).toInt();
+    result.size = {told.value(2).toInt(), told.value(3).toInt()};
+    result.kinds = told.value(4);
+    return result;
 }
 
-double median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
+struct StartKind {
+    const char* name;
+    QStringList arguments;
+    std::vector<Start> starts;
+
+    [[nodiscard]] double median(double Start::*what) const {
+        std::vector<double> values;
+        for (const Start& one : starts)
+            values.push_back(one.*what);
+        std::sort(values.begin(), values.end());
+        return values[values.size() / 2];
+    }
+};
 
 int compare(int rounds) {
     const test::TempFolder empty;
@@ -158,25 +244,38 @@ int compare(int rounds) {
     writeLibraries(full, manyRows);
     const QString emptyPath = QString::fromStdString(empty.path().string());
     const QString fullPath = QString::fromStdString(full.path().string());
-    QByteArray widgets;
-    start({QStringLiteral("--window"), emptyPath}, widgets);
+    const QSize size = start({QStringLiteral("--window"), emptyPath}).size;
     StartKind kinds[] = {
-        {"bare form", {QStringLiteral("--bare"), QString::fromLatin1(widgets.trimmed())}, {}},
+        {"bare form",
+         {QStringLiteral("--bare"), QString::number(size.width()), QString::number(size.height())},
+         {}},
         {"empty libraries", {QStringLiteral("--window"), emptyPath}, {}},
         {"10,000 rows each", {QStringLiteral("--window"), fullPath}, {}},
     };
-    QByteArray ignored;
     for (int round = 0; round < rounds; ++round)
         for (StartKind& kind : kinds)
-            kind.milliseconds.push_back(start(kind.arguments, ignored));
+            kind.starts.push_back(start(kind.arguments));
+    std::printf("%-18s %10s %10s %8s\n", "", "wall ms", "cpu ms", "widgets");
     for (const StartKind& kind : kinds)
-        std::printf("%-18s %7.1f ms\n", kind.name, median(kind.milliseconds));
-    const double bare = median(kinds[0].milliseconds);
-    const double window = median(kinds[1].milliseconds);
-    std::printf("widgets %s, window to bare form %.2f (at most 1.5), the rows add %.0f ms (at most "
-                "120)\n",
-                widgets.trimmed().constData(), window / bare,
-                median(kinds[2].milliseconds) - window);
+        std::printf("%-18s %10.1f %10.1f %8d\n", kind.name, kind.median(&Start::wall),
+                    kind.median(&Start::processor), kind.starts.front().widgets);
+    const Start& bare = kinds[0].starts.front();
+    const Start& window = kinds[1].starts.front();
+    if (bare.kinds != window.kinds || bare.size != window.size) {
+        std::printf("the bare form is another form:\n%s\n%s\n", bare.kinds.constData(),
+                    window.kinds.constData());
+        return 1;
+    }
+    const auto ratio = [&](double Start::*what) {
+        return kinds[1].median(what) / kinds[0].median(what);
+    };
+    const auto added = [&](double Start::*what) {
+        return kinds[2].median(what) - kinds[1].median(what);
+    };
+    std::printf("window to bare form %.2f wall, %.2f cpu (at most 1.5)\n", ratio(&Start::wall),
+                ratio(&Start::processor));
+    std::printf("the rows add %.0f ms wall, %.0f ms cpu (at most 120)\n", added(&Start::wall),
+                added(&Start::processor));
     return 0;
 }
 
@@ -189,7 +288,7 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
     if (arguments.value(1) == QStringLiteral("--bare"))
-        return partwright::showBareForm(arguments.value(2).toInt());
+        return partwright::showBareForm({arguments.value(2).toInt(), arguments.value(3).toInt()});
     if (arguments.value(1) == QStringLiteral("--window"))
         return partwright::showWindow(arguments.value(2).toStdWString());
     return partwright::compare(arguments.size() > 1 ? arguments.at(1).toInt() : 15);

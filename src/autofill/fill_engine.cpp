@@ -15,10 +15,19 @@ FillReport withMessages(std::vector<std::wstring> messages, FillReport report) {
 
 } // namespace
 
-FillEngine::FillEngine(CPartwrightPlugInApp& app)
-    : app_(app), tables_(compiledFillTables()),
-      filler_(tables_, app_), tools_{app_, filler_,
-                                     [this](std::wstring_view text) { return rewritten(text); }} {}
+FillEngine::FillEngine(CPartwrightPlugInApp& app) : app_(app) {}
+
+FillEngine::Work::Work(const FillEngine& engine)
+    : tables(compiledFillTables()),
+      filler(tables, engine.app_), tools{engine.app_, filler, [&engine](std::wstring_view text) {
+                                             return engine.rewritten(text);
+                                         }} {}
+
+const FillEngine::Work& FillEngine::work() const {
+    if (!work_)
+        work_ = std::make_unique<const Work>(*this);
+    return *work_;
+}
 
 std::vector<LoadResult> FillEngine::load() {
     std::vector<LoadResult> results;
@@ -67,7 +76,7 @@ const Classifier& FillEngine::classifier() const {
     if (!keywords_)
         keywords_ = typeKeywordsOf(ruleTableOf(keywordFile_, typeKeywordForm()));
     if (!classifier_)
-        classifier_.emplace(app_, *keywords_, tables_.units);
+        classifier_.emplace(app_, *keywords_, tables().units);
     return *classifier_;
 }
 
@@ -119,9 +128,9 @@ FilledPart FillEngine::filled(std::int32_t group, std::wstring_view text) const 
     if constexpr (method == Kind<AsrComponent>::method)
         part.found = convertedToAnalyses(part.found.group, text);
     const ScannedText scanned(text);
-    filler_.RefineTypeByRule(method, part.found.group, part.found.type, scanned);
-    filler_.FillParamsFromDescription(part.found.group, part.found.type, part.cells, scanned,
-                                      method, part.notes);
+    work().filler.RefineTypeByRule(method, part.found.group, part.found.type, scanned);
+    work().filler.FillParamsFromDescription(part.found.group, part.found.type, part.cells, scanned,
+                                            method, part.notes);
     return part;
 }
 
@@ -161,22 +170,22 @@ PartDescription FillEngine::describe(std::wstring_view partNumber) {
 
 FillReport FillEngine::runGroupLibrary(const PartSelection& selection, SdtaLibrary& library) {
     auto messages = needGroupLibrary();
-    return withMessages(std::move(messages),
-                        RunGroupLibrary(tools_, classifier(), groupLibrary_, selection, library));
+    return withMessages(std::move(messages), RunGroupLibrary(work().tools, classifier(),
+                                                             groupLibrary_, selection, library));
 }
 
 FillReport FillEngine::runGroupLibrary(const PartSelection& selection, AsrLibrary& library) {
     auto messages = needGroupLibrary();
-    return withMessages(std::move(messages), RunAsrGroupLibrary(tools_, classifier(), groupLibrary_,
-                                                                selection, library));
+    return withMessages(std::move(messages), RunAsrGroupLibrary(work().tools, classifier(),
+                                                                groupLibrary_, selection, library));
 }
 
 FillReport FillEngine::parseDescriptions(const PartSelection& selection, SdtaLibrary& library) {
-    return ParseDescriptionsForSelection(tools_, selection, library);
+    return ParseDescriptionsForSelection(work().tools, selection, library);
 }
 
 FillReport FillEngine::parseDescriptions(const PartSelection& selection, AsrLibrary& library) {
-    return ParseAsrDescriptionsForSelection(tools_, selection, library);
+    return ParseAsrDescriptionsForSelection(work().tools, selection, library);
 }
 
 template FilledPart FillEngine::fill<SdtaComponent>(std::wstring_view, std::wstring_view) const;

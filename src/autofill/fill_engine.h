@@ -22,6 +22,7 @@
 #include "core/ports/progress.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -81,7 +82,7 @@ public:
     /// it has to say is among the messages.
     [[nodiscard]] PartDescription describe(std::wstring_view partNumber);
 
-    [[nodiscard]] const FillTables& tables() const { return tables_; }
+    [[nodiscard]] const FillTables& tables() const { return work().tables; }
 
     /// How many answers of classify and classifyForAnalyses were worked out, not remembered.
     [[nodiscard]] std::size_t workedOut() const { return workedOut_; }
@@ -93,6 +94,15 @@ public:
     FillReport parseDescriptions(const PartSelection& selection, AsrLibrary& library);
 
 private:
+    /// The rules that are compiled into the program, and who works with them.
+    struct Work {
+        explicit Work(const FillEngine& engine);
+        FillTables tables;
+        ParamFiller filler;
+        FillTools tools;
+    };
+
+    [[nodiscard]] const Work& work() const;
     [[nodiscard]] const SynonymTable& synonyms() const;
     [[nodiscard]] std::wstring rewritten(std::wstring_view text) const;
     [[nodiscard]] const Classifier& classifier() const;
@@ -107,14 +117,12 @@ private:
 
     CPartwrightPlugInApp& app_;
     Progress* progress_ = nullptr;
-    FillTables tables_;
-    ParamFiller filler_;
     /// Files as they were read, until the first text asks for what they say.
     TextFile keywordFile_;
     TextFile synonymFile_;
+    mutable std::unique_ptr<const Work> work_;
     mutable std::optional<TypeKeywords> keywords_;
     mutable std::optional<SynonymTable> synonyms_;
-    FillTools tools_;
     mutable std::optional<Classifier> classifier_;
     GroupLibrary groupLibrary_;
     bool groupLibraryLoaded_ = false;

@@ -3,17 +3,18 @@
 #include "core/cell_text.h"
 #include "core/library_kind.h"
 #include "core/regular_expression.h"
+#include "core/text.h"
 #include "library/rule_table.h"
 
 #include <algorithm>
+#include <optional>
+#include <span>
+#include <utility>
 
 namespace partwright {
 
 namespace {
 
-constexpr std::wstring_view groupName = L"GroupName";
-constexpr std::wstring_view groupDescription = L"GroupDescription";
-constexpr std::wstring_view typeName = L"TypeName";
 constexpr std::wstring_view family = L"Family";
 constexpr std::wstring_view groupCode = L"BCodeID";
 constexpr std::wstring_view visibilityFile = L"LibColVisibility_Ext.csv";
@@ -22,62 +23,63 @@ constexpr std::wstring_view visibilityFile = L"LibColVisibility_Ext.csv";
 constexpr std::pair<std::int32_t, std::wstring_view> fixedGroups[] = {{29, L"PCB"},
                                                                       {34, L"Mechanical"}};
 
-/// Column names of one parameter.
-struct ParameterColumns {
-    explicit ParameterColumns(std::size_t number)
-        : name(L"LPAR" + std::to_wstring(number) + L".Name"),
-          message(L"LPAR" + std::to_wstring(number) + L".Message"),
-          valid(L"LPAR" + std::to_wstring(number) + L".Valid") {}
-    std::wstring name;
-    std::wstring message;
-    std::wstring valid;
+/// The columns of a property table with parameters 1 to `last`, in the order of Place.
+class PropertyColumns {
+public:
+    enum Place : std::size_t { Family, GroupCode, GroupName, GroupDescription, TypeName, First };
+    /// Behind the first place, three a parameter: its name, its message and its validation.
+    static constexpr std::size_t perParameter = 3;
+
+    explicit PropertyColumns(std::size_t last) {
+        texts_ = {L"Family", L"BCodeID", L"GroupName", L"GroupDescription", L"TypeName"};
+        for (std::size_t number = 1; number <= last; ++number)
+            for (const std::wstring_view part : {L".Name", L".Message", L".Valid"})
+                texts_.push_back(L"LPAR" + std::to_wstring(number) + std::wstring(part));
+        names_.assign(texts_.begin(), texts_.end());
+    }
+    [[nodiscard]] std::span<const std::wstring_view> names() const { return names_; }
+
+private:
+    std::vector<std::wstring> texts_;
+    std::vector<std::wstring_view> names_;
 };
 
-/// The columns of a property table with parameters 1 to `last`.
-struct PropertyColumns {
-    explicit PropertyColumns(std::size_t last) {
-        for (std::size_t number = 1; number <= last; ++number)
-            parameters.emplace_back(number);
-        names = {family, groupCode, groupName, groupDescription, typeName};
-        for (const ParameterColumns& parameter : parameters)
-            names.insert(names.end(), {parameter.name, parameter.message, parameter.valid});
-    }
-    std::vector<ParameterColumns> parameters;
-    std::vector<std::wstring_view> names;
-};
+/// The text of a cell, which is not asked for again; empty when the row lacks it.
+std::wstring take(std::optional<std::wstring>& cell) {
+    return cell ? std::move(*cell) : std::wstring();
+}
 
 template <class Row>
-void readParameters(const RuleRow& source, const PropertyColumns& columns, Row& row) {
-    for (std::size_t i = 0; i < columns.parameters.size(); ++i) {
-        const ParameterColumns& parameter = columns.parameters[i];
-        row.names[i + 1] = source.text(parameter.name);
-        row.messages[i + 1] = source.text(parameter.message);
-        const std::wstring* valid = source.find(parameter.valid);
-        if (valid != nullptr && *valid != cell::messageNotUsed)
-            row.valid[i + 1] = *source.number(parameter.valid);
+void takeParameters(RuleRow& source, Row& row) {
+    std::size_t parameter = 1;
+    for (std::size_t place = PropertyColumns::First; place < source.cells.size();
+         place += PropertyColumns::perParameter, ++parameter) {
+        row.names[parameter] = take(source.cells[place]);
+        row.messages[parameter] = take(source.cells[place + 1]);
+        const auto& valid = source.cells[place + 2];
+        if (valid && *valid != cell::messageNotUsed)
+            row.valid[parameter] = toInteger(*valid);
     }
 }
 
-/// False for a row that lacks a part of its key.
+/// False for a row that lacks a part of its key. Takes the texts out of the cells.
 template <class Row>
-bool readRow(const RuleRow& source, const PropertyColumns& columns, Row& row) {
-    const std::wstring* group = source.find(groupName);
-    const std::wstring* description = source.find(groupDescription);
-    const std::wstring* type = source.find(typeName);
-    if (group == nullptr || description == nullptr || type == nullptr)
+bool takeRow(RuleRow& source, Row& row) {
+    auto& cells = source.cells;
+    if (!cells[PropertyColumns::GroupName] || !cells[PropertyColumns::GroupDescription] ||
+        !cells[PropertyColumns::TypeName])
         return false;
-    row.group = *group;
-    row.groupDescription = *description;
-    row.type = *type;
-    readParameters(source, columns, row);
+    row.group = take(cells[PropertyColumns::GroupName]);
+    row.groupDescription = take(cells[PropertyColumns::GroupDescription]);
+    row.type = take(cells[PropertyColumns::TypeName]);
+    takeParameters(source, row);
     return true;
 }
 
-void storeFamily(CPartwrightPlugInApp& app, const RuleRow& row) {
+void storeFamily(CPartwrightPlugInApp& app, const RuleRow& row, const std::wstring& name) {
     const auto code = row.code(groupCode);
     if (!code)
         return;
-    const std::wstring name = row.text(groupName);
     const std::wstring familyName = row.text(family);
     auto& groups = app.asrFamilyGroups[familyName];
     if (std::none_of(groups.begin(), groups.end(),
@@ -107,13 +109,13 @@ void setFlag(LevelColumns& flags, std::optional<std::int32_t> parameter) {
 
 LoadResult LoadSdtaProperties(CPartwrightPlugInApp& app) {
     const PropertyColumns columns(13);
-    const RuleTable table = readRuleTable(app.sdtaPropertyLibraryPath, {.columns = columns.names});
+    RuleTable table = readRuleTable(app.sdtaPropertyLibraryPath, {.columns = columns.names()});
     if (table.status == FileStatus::Ok)
         app.sdtaProperties.clear();
-    for (const RuleRow& source : table.rows) {
+    for (RuleRow& source : table.rows) {
         SdtaPropertyRow row;
-        if (readRow(source, columns, row))
-            app.sdtaProperties.insert_or_assign({row.group, row.type}, row);
+        if (takeRow(source, row))
+            app.sdtaProperties.insert_or_assign({row.group, row.type}, std::move(row));
     }
     return resultOf(table, app.sdtaPropertyLibraryPath);
 }
@@ -123,19 +125,19 @@ LoadResult LoadAsrProperties(CPartwrightPlugInApp& app) {
         return {};
     const std::wstring path = app.programFolder + L"Property_ASR_Library.csv";
     const PropertyColumns columns(24);
-    const RuleTable table = readRuleTable(path, {.columns = columns.names, .doublesQuotes = true});
+    RuleTable table = readRuleTable(path, {.columns = columns.names(), .doublesQuotes = true});
     if (table.status != FileStatus::Ok)
         return resultOf(table, path);
     app.asrProperties.clear();
     app.asrFamilyGroups.clear();
     app.asrGroupFamily.clear();
     app.asrGroupNamesByCode.clear();
-    for (const RuleRow& source : table.rows) {
+    for (RuleRow& source : table.rows) {
         AsrPropertyRow row;
-        if (!readRow(source, columns, row))
+        if (!takeRow(source, row))
             continue;
-        storeFamily(app, source);
-        app.asrProperties.insert_or_assign({row.group, row.type}, row);
+        storeFamily(app, source, row.group);
+        app.asrProperties.insert_or_assign({row.group, row.type}, std::move(row));
     }
     rebuildAsrGroups(app);
     return resultOf(table, path);
@@ -172,7 +174,12 @@ LoadResult LoadGroupNames(CPartwrightPlugInApp& app) {
     for (const RuleRow& row : table.rows) {
         const auto code = row.code(L"BiCod");
         const std::wstring rules = row.text(L"Rules");
-        if (!code || rules.empty() || !ValidateRegularExpression(rules))
+        if (!code || rules.empty())
+            continue;
+        // The same text passed at the reading before; compiling it is what takes long here.
+        const auto before = app.GroupRuleTable.find(*code);
+        if ((before == app.GroupRuleTable.end() || before->second.rules != rules) &&
+            !ValidateRegularExpression(rules))
             continue;
         ruleOf[*code] = {rules, row.text(L"RulesExcluding")};
         if (std::wstring designators = row.text(L"TipicalRefDes"); !designators.empty())

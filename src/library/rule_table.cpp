@@ -75,7 +75,8 @@ RuleTable parseRuleTable(std::string_view bytes, CodePage codePage, const RuleTa
     std::size_t number = 0;
     for (std::string_view narrow; reader.next(narrow);) {
         ++number;
-        line = decode(narrow, codePage);
+        line.clear();
+        decodeInto(line, narrow, codePage);
         if (!inTable) {
             table.header = SplitHeader(line, delimiter);
             inTable = !form.searchesHeader || namesAll(table.header, form);

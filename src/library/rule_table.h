@@ -49,6 +49,7 @@ struct RuleRow {
     std::size_t line = 0;
     /// One for all rows of a table.
     std::shared_ptr<const RuleColumns> columns;
+    /// In the order of the wanted columns.
     std::vector<std::optional<std::wstring>> cells;
 
     /// Null when the row does not reach the column, or the table has none of that name.
