@@ -14,6 +14,7 @@
 #include <array>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -28,6 +29,16 @@ enum class LibraryFault {
     NoGroupNames,
     /// The file is there and could not be read.
     Unreadable,
+};
+
+/// What the records read from an SDTA library file depend on, beside the property rows.
+struct SdtaReading {
+    std::wstring path;
+    CodePage codePage = CodePage::Utf8;
+    wchar_t decimalMark = L'.';
+    std::vector<std::wstring> groupNames;
+    std::string bytes;
+    friend bool operator==(const SdtaReading&, const SdtaReading&) = default;
 };
 
 class CPartwrightPlugInApp {
@@ -101,6 +112,12 @@ public:
     std::map<std::int32_t, std::wstring> groupNamesByCode;
 
     DatasheetLinks datasheetLinks;
+
+    /// What the master copies were read from. Whoever changes a master copy or the property rows
+    /// forgets them.
+    std::optional<SdtaReading> sdtaDesignReading;
+    std::optional<SdtaReading> sdtaPublicReading;
+    void forgetReadings() { sdtaDesignReading = sdtaPublicReading = std::nullopt; }
 
     /// Faults of the four library files and of the link table, by path.
     std::map<std::wstring, LibraryFault, std::less<>> libraryFaults;

@@ -40,9 +40,9 @@ template <class Library>
 Library inCapitals(const Library& master) {
     Library result;
     for (const auto& [key, record] : master) {
-        auto copy = record;
-        copy.PartNum = upperCase(copy.PartNum);
-        result.insert_or_assign(result.end(), upperCase(key), std::move(copy));
+        const auto copy = result.insert_or_assign(result.end(), upperCase(key), record);
+        for (wchar_t& c : copy->second.PartNum)
+            c = upperCase(c);
     }
     return result;
 }
@@ -208,6 +208,7 @@ SaveOutcome LibraryPageSession<Record>::save(bool announce) {
     Library& master =
         isDesign_ ? Kind<Record>::designLibrary(app_) : Kind<Record>::publicLibrary(app_);
     master = workingLibrary();
+    app_.forgetReadings();
     modified_ = true;
     return saveLibraryFile<Record>(app_, master, libraryPath(), announce, prompt_);
 }

@@ -71,9 +71,12 @@ void loadAnalysesTables(CPartwrightPlugInApp& app, Prompt& prompt) {
 }
 
 void loadSdtaLibraries(CPartwrightPlugInApp& app, Prompt& prompt) {
-    tell(prompt, LoadSdtaLibrary(app, app.sdtaDesignLibrary, app.sdtaLibraryPath),
+    tell(prompt,
+         loadSdtaMaster(app, app.sdtaDesignLibrary, app.sdtaDesignReading, app.sdtaLibraryPath),
          PromptIcon::None);
-    tell(prompt, LoadSdtaLibrary(app, app.sdtaPublicLibrary, app.publicSdtaLibraryPath),
+    tell(prompt,
+         loadSdtaMaster(app, app.sdtaPublicLibrary, app.sdtaPublicReading,
+                        app.publicSdtaLibraryPath),
          PromptIcon::None);
 }
 
@@ -90,6 +93,7 @@ void reloadSdtaLibraries(CPartwrightPlugInApp& app, Prompt& prompt) {
     for (const auto& [path, fault] : earlier)
         if (fault != LibraryFault::None)
             app.libraryFaults[path] = fault;
+    app.forgetReadings(); // each library is read twice in a run, not more often
 }
 
 PartSelection partsOfProject(const CPartwrightPlugInApp& app, bool onlySelected) {

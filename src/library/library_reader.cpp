@@ -11,6 +11,8 @@
 
 #include <algorithm>
 #include <bitset>
+#include <optional>
+#include <utility>
 
 namespace partwright {
 
@@ -64,14 +66,10 @@ template <class Record>
 class LibraryParser {
 public:
     LibraryParser(const CPartwrightPlugInApp& app, std::string bytes, CodePage codePage)
-        : bytes_(std::move(bytes)), codePage_(codePage), separator_(findSeparator(bytes_)),
-          mark_(app.decimalMark()), rules_(app),
+        : app_(app), bytes_(std::move(bytes)), codePage_(codePage),
+          separator_(findSeparator(bytes_)), mark_(app.decimalMark()),
           rowKind_(narrow(Dialect<Record>::rowKind, codePage)),
           droppedGroup_(narrow(Dialect<Record>::droppedGroup, codePage)) {
-        const auto count = static_cast<std::int32_t>(Kind<Record>::groupNames(app).size());
-        for (std::int32_t number = 0; number < std::max(count, 1); ++number)
-            addPlan(app, number);
-        groups_.seal();
         std::replace(bytes_.begin(), bytes_.end(), '\\', '-');
     }
 
@@ -89,7 +87,8 @@ public:
 private:
     using Collector = NodeCollector<typename Kind<Record>::Library>;
 
-    void addPlan(const CPartwrightPlugInApp& app, std::int32_t number);
+    void prepare();
+    void addPlan(std::int32_t number);
     void takeLine(std::string_view line, Collector& records);
     void takeHeader(std::string_view line);
     [[nodiscard]] std::size_t readCells(std::string_view cursor);
@@ -98,11 +97,13 @@ private:
     void fill(std::wstring& target, std::string_view cell) const;
     [[nodiscard]] bool isTooLong(std::string_view cell) const;
 
+    const CPartwrightPlugInApp& app_;
     std::string bytes_;
     CodePage codePage_;
     char separator_;
     wchar_t mark_;
-    CompletionRules<Record> rules_;
+    /// Prepared with the first row, as the plans are: many a library has none.
+    std::optional<CompletionRules<Record>> rules_;
     std::string rowKind_;
     std::string droppedGroup_;
     std::vector<GroupPlan> plans_;
@@ -120,7 +121,16 @@ private:
 };
 
 template <class Record>
-void LibraryParser<Record>::addPlan(const CPartwrightPlugInApp& app, std::int32_t number) {
+void LibraryParser<Record>::prepare() {
+    rules_.emplace(app_);
+    const auto count = static_cast<std::int32_t>(Kind<Record>::groupNames(app_).size());
+    for (std::int32_t number = 0; number < std::max(count, 1); ++number)
+        addPlan(number);
+    groups_.seal();
+}
+
+template <class Record>
+void LibraryParser<Record>::addPlan(std::int32_t number) {
     GroupPlan plan;
     plan.number = number;
     plan.family = FamilyNumber(Kind<Record>::family(number));
@@ -128,9 +138,9 @@ void LibraryParser<Record>::addPlan(const CPartwrightPlugInApp& app, std::int32_
     plan.columns = columns.size();
     for (std::size_t i = 0; i < columns.size(); ++i)
         plan.pins[i] = Dialect<Record>::encodesValues && isPinColumn(columns[i]);
-    const std::wstring_view name = namesOf<Record>(app, number, 0).first;
-    const auto types = Kind<Record>::groupTypes(app).find(name);
-    if (types != Kind<Record>::groupTypes(app).end())
+    const std::wstring_view name = namesOf<Record>(app_, number, 0).first;
+    const auto types = Kind<Record>::groupTypes(app_).find(name);
+    if (types != Kind<Record>::groupTypes(app_).end())
         for (std::size_t i = 0; i < types->second.size(); ++i)
             plan.types.add(narrow(types->second[i].name, codePage_), static_cast<std::int32_t>(i));
     plan.types.seal();
@@ -198,13 +208,15 @@ void LibraryParser<Record>::takeLine(std::string_view line, Collector& records) 
         trimQuotes(cells_[partNumber]).empty() ||
         (!droppedGroup_.empty() && cells_[groupName] == droppedGroup_))
         return;
+    if (!rules_)
+        prepare();
     const auto group = groups_.find(cells_[groupName]);
     const GroupPlan& plan = plans_[static_cast<std::size_t>(group)];
     auto node = records.make();
     Record& record = node.mapped();
     fillTexts(record, plan);
     fillValues(record, plan);
-    rules_.update(record);
+    rules_->update(record);
     node.key() = record.PartNum;
     records.take(std::move(node));
 }
@@ -266,23 +278,30 @@ void LibraryParser<Record>::fillValues(Record& record, const GroupPlan& plan) co
     }
 }
 
+/// Puts the records of a file that was read into the target, which is empty.
 template <class Record>
-LoadResult loadLibrary(CPartwrightPlugInApp& app, typename Kind<Record>::Library& target,
-                       const std::wstring& path) {
-    target.clear();
-    TextFile file = readTextFile(path);
-    LoadResult result{file.status, path, {}};
+void takeRecords(CPartwrightPlugInApp& app, typename Kind<Record>::Library& target, TextFile& file,
+                 LoadResult& result) {
     LibraryFault fault = LibraryFault::None;
     if (file.status == FileStatus::OpenFailed) {
         fault = LibraryFault::Unreadable;
-        result.message = message::failedToOpen(path);
+        result.message = message::failedToOpen(result.path);
     } else if (file.status == FileStatus::Ok) {
         auto parsed = parseLibrary<Record>(app, std::move(file.bytes), file.form.codePage);
         target = std::move(parsed.records);
         if (parsed.groupsUnknown)
             fault = LibraryFault::NoGroupNames;
     }
-    app.libraryFaults.insert_or_assign(path, fault);
+    app.libraryFaults.insert_or_assign(result.path, fault);
+}
+
+template <class Record>
+LoadResult loadLibrary(CPartwrightPlugInApp& app, typename Kind<Record>::Library& target,
+                       const std::wstring& path) {
+    target.clear();
+    TextFile file = readTextFile(path);
+    LoadResult result{file.status, path, {}};
+    takeRecords<Record>(app, target, file, result);
     return result;
 }
 
@@ -308,6 +327,22 @@ template ParsedLibrary<AsrComponent> parseLibrary<AsrComponent>(const CPartwrigh
 LoadResult LoadSdtaLibrary(CPartwrightPlugInApp& app, SdtaLibrary& target, std::wstring_view path) {
     return loadLibrary<SdtaComponent>(app, target,
                                       path.empty() ? app.sdtaLibraryPath : std::wstring(path));
+}
+
+LoadResult loadSdtaMaster(CPartwrightPlugInApp& app, SdtaLibrary& target,
+                          std::optional<SdtaReading>& reading, std::wstring_view wantedPath) {
+    const std::wstring path = wantedPath.empty() ? app.sdtaLibraryPath : std::wstring(wantedPath);
+    TextFile file = readTextFile(path);
+    LoadResult result{file.status, path, {}};
+    const auto before = std::exchange(reading, std::nullopt);
+    if (file.status == FileStatus::Ok) {
+        reading = {path, file.form.codePage, app.decimalMark(), app.sdtaGroupNames, file.bytes};
+        if (reading == before)
+            return result;
+    }
+    target.clear();
+    takeRecords<SdtaComponent>(app, target, file, result);
+    return result;
 }
 
 LoadResult LoadAnalysesLibrary(CPartwrightPlugInApp& app, AsrLibrary& target,

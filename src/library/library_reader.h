@@ -13,6 +13,7 @@
 #include "core/library_kind.h"
 #include "library/load_result.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -37,6 +38,11 @@ extern template ParsedLibrary<AsrComponent> parseLibrary<AsrComponent>(const CPa
 /// An empty path stands for the design library. The target is emptied first in every case.
 LoadResult LoadSdtaLibrary(CPartwrightPlugInApp& app, SdtaLibrary& target,
                            std::wstring_view path = {});
+
+/// The same for a master copy that was made from `reading`, if that is there. When the file holds
+/// what it held then, and the groups still have their names, the copy stands as it is.
+LoadResult loadSdtaMaster(CPartwrightPlugInApp& app, SdtaLibrary& target,
+                          std::optional<SdtaReading>& reading, std::wstring_view path);
 
 /// An empty path stands for "ASRLib.csv" beside the program. Without a program folder nothing is
 /// done; an absent file is told of.

@@ -110,8 +110,10 @@ void setFlag(LevelColumns& flags, std::optional<std::int32_t> parameter) {
 LoadResult LoadSdtaProperties(CPartwrightPlugInApp& app) {
     const PropertyColumns columns(13);
     RuleTable table = readRuleTable(app.sdtaPropertyLibraryPath, {.columns = columns.names()});
-    if (table.status == FileStatus::Ok)
+    if (table.status == FileStatus::Ok) {
         app.sdtaProperties.clear();
+        app.forgetReadings();
+    }
     for (RuleRow& source : table.rows) {
         SdtaPropertyRow row;
         if (takeRow(source, row))
