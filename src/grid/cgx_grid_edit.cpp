@@ -160,7 +160,8 @@ void CGXGridWnd::cancelEdit() {
 
 void CGXGridWnd::closeEditor() {
     CellEditor* const editor = edit_->editor;
-    const bool focused = editor->hasFocus();
+    // After a box the window may not be active yet; its focus counts all the same.
+    const bool focused = window()->focusWidget() == editor;
     edit_.reset();
     editor->hide();
     editor->deleteLater();
