@@ -1,8 +1,9 @@
 #pragma once
 
 // The order of a start: settings, project input, paths, SDTA tables, group names, libraries
-// and the links to data sheets. Everything else is loaded by the pages when they start. A table that is not there leaves the
-// program running with less; one that cannot be opened is told in a box.
+// and the links to data sheets. Everything else is loaded by the pages when they start. A table
+// that is not there leaves the program running with less; one that cannot be opened is told in a
+// box.
 
 #include "core/application.h"
 #include "core/ports/clock.h"
