@@ -287,6 +287,46 @@ TEST(LibraryReader, FilesThatAreNotThere) {
     EXPECT_EQ(analyses.size(), 1U);
 }
 
+TEST(LibraryReader, AMasterCopyStandsWhileItsFileIsTheSame) {
+    const TempFolder folder;
+    auto app = sampleApp();
+    const std::string one = ">,SDTA-M,,Diode group 4,P1,c,d,DiodeRect,1,<\n";
+    const std::wstring path = folder.put(L"lib.csv", "sep=,\n" + one);
+    const auto load = [&] {
+        return loadSdtaMaster(app, app.sdtaDesignLibrary, app.sdtaDesignReading, path).status;
+    };
+    const auto isKept = [&] { // only a copy that was not read again keeps the mark
+        app.sdtaDesignLibrary[L"MARK"];
+        EXPECT_EQ(load(), FileStatus::Ok);
+        return app.sdtaDesignLibrary.erase(L"MARK") == 1;
+    };
+    EXPECT_EQ(load(), FileStatus::Ok);
+    EXPECT_TRUE(isKept());
+    EXPECT_EQ(app.sdtaDesignLibrary.size(), 1U);
+
+    SdtaLibrary publicRecords;
+    std::optional<SdtaReading> none;
+    static_cast<void>(loadSdtaMaster(app, publicRecords, none, path));
+    EXPECT_EQ(publicRecords, app.sdtaDesignLibrary) << "one file behind both libraries";
+
+    folder.put(L"lib.csv", "sep=,\n>,SDTA-M,,Diode group 4,P2,c,d,DiodeRect,1,<\n");
+    EXPECT_FALSE(isKept());
+    EXPECT_EQ(app.sdtaDesignLibrary.begin()->first, L"P2");
+    app.groupNamesByCode.begin()->second += L" renamed";
+    app.rebuildSdtaGroups();
+    EXPECT_FALSE(isKept());
+    app.decimalPoint = L",";
+    EXPECT_FALSE(isKept());
+    app.forgetReadings();
+    EXPECT_FALSE(isKept());
+    std::filesystem::remove(nativePath(path));
+    EXPECT_EQ(load(), FileStatus::Absent);
+    EXPECT_TRUE(app.sdtaDesignLibrary.empty());
+    folder.put(L"lib.csv", "sep=,\n" + one);
+    EXPECT_FALSE(isKept());
+    EXPECT_EQ(app.sdtaDesignLibrary.size(), 1U);
+}
+
 TYPED_TEST(LibraryFile, IsNotSavedWhenNoGroupWasKnown) {
     const TempFolder folder;
     const auto good = sampleApp();
