@@ -1,6 +1,7 @@
 #include "dialogs/look.h"
 
-#include <QIcon>
+#include "dialogs/image_icon.h"
+
 #include <QScrollBar>
 
 /// Resources of a static library are only linked in by this macro, which knows no namespace.
@@ -43,7 +44,7 @@ void paintList(QAbstractScrollArea& list) {
 
 QPushButton* imageButton(const QString& caption, const QString& image, const QString& toolTip,
                          const QString& objectName) {
-    auto* button = new QPushButton(QIcon(QStringLiteral(":/images/") + image), caption);
+    auto* button = new QPushButton(imageIcon(image), caption);
     button->setObjectName(objectName);
     button->setToolTip(toolTip);
     button->setAccessibleName(QString(caption).remove(QLatin1Char('&')));

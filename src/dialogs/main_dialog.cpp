@@ -1,6 +1,7 @@
 #include "dialogs/main_dialog.h"
 
 #include "dialogs/change_dialog.h"
+#include "dialogs/image_icon.h"
 #include "dialogs/look.h"
 #include "dialogs/new_component_dialog.h"
 #include "dialogs/wait_cursor.h"
@@ -9,7 +10,6 @@
 #include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QRadioButton>
 #include <QScreen>
@@ -38,8 +38,8 @@ CAboutDlg::CAboutDlg(QWidget* parent) : QDialog(parent) {
     picture->setObjectName(QStringLiteral("programIcon"));
     picture->setAccessibleName(tr("Partwright"));
     const int side = fontMetrics().height() * 3;
-    picture->setPixmap(QIcon(QStringLiteral(":/images/partwright.svg"))
-                           .pixmap(QSize(side, side), devicePixelRatioF()));
+    picture->setPixmap(
+        imageIcon(QStringLiteral("partwright.svg")).pixmap(QSize(side, side), devicePixelRatioF()));
     row->addWidget(picture);
     row->addWidget(new QLabel(tr("Partwright_PlugIn, Version 1.0"), this), 1);
     column->addLayout(row);
@@ -56,7 +56,7 @@ CPartwrightPlugInDlg::CPartwrightPlugInDlg(MainSession& session, const DialogSer
         flags = std::make_shared<grid::SortFlags>();
     look::initialiseImages();
     setWindowTitle(tr("Partwright"));
-    setWindowIcon(QIcon(QStringLiteral(":/images/partwright.svg")));
+    setWindowIcon(imageIcon(QStringLiteral("partwright.svg")));
     setObjectName(QStringLiteral("mainDialog"));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     setSizeGripEnabled(true);

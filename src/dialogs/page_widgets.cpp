@@ -1,13 +1,13 @@
 #include "dialogs/page_widgets.h"
 
 #include "core/messages.h"
+#include "dialogs/image_icon.h"
 #include "dialogs/look.h"
 #include "dialogs/wait_cursor.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QIcon>
 #include <QKeyEvent>
 #include <QVBoxLayout>
 
@@ -189,8 +189,8 @@ void CLibraryPage::showSession() {
         groupOfRow_.push_back(line.group);
     }
     list_->showLines(lines, session_);
-    const QIcon mark(uncompleted == 0 ? QStringLiteral(":/images/status_complete.svg")
-                                      : QStringLiteral(":/images/status_uncompleted.svg"));
+    const QIcon mark = imageIcon(uncompleted == 0 ? QStringLiteral("status_complete.svg")
+                                                  : QStringLiteral("status_uncompleted.svg"));
     const int side = fontMetrics().height() * 3 / 2;
     statusPicture_->setPixmap(mark.pixmap(QSize(side, side), devicePixelRatioF()));
     const QString status = QString::fromStdWString(message::completenessStatus(uncompleted, total));

@@ -1,6 +1,7 @@
 #include "dialogs/power_calculator_dialog.h"
 
 #include "core/messages.h"
+#include "dialogs/image_icon.h"
 #include "dialogs/look.h"
 #include "dialogs/qt_text.h"
 
@@ -9,7 +10,6 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -116,7 +116,7 @@ QGroupBox* CPowerDissipCalc::makeStatusBox() {
     statusPicture_->setObjectName(QStringLiteral("statusPicture"));
     statusPicture_->setAccessibleName(tr("Not calculated"));
     statusPicture_->setFixedSize(side, side);
-    statusPicture_->setPixmap(QIcon(QStringLiteral(":/images/status_uncompleted.svg"))
+    statusPicture_->setPixmap(imageIcon(QStringLiteral("status_uncompleted.svg"))
                                   .pixmap(QSize(side, side), devicePixelRatioF()));
     QSizePolicy keepsRoom = statusPicture_->sizePolicy();
     keepsRoom.setRetainSizeWhenHidden(true);

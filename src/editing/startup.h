@@ -39,9 +39,9 @@ void loadAnalysesTables(CPartwrightPlugInApp& app, Prompt& prompt);
 void loadSdtaLibraries(CPartwrightPlugInApp& app, Prompt& prompt);
 void loadAnalysesLibraries(CPartwrightPlugInApp& app, Prompt& prompt);
 
-/// Reads the SDTA libraries once more into the master copies. A library that could not be read the
-/// first time stays withheld from saving, even if it can be read now: the SDTA page works on the
-/// records of the first time.
+/// Reads the SDTA libraries once more into the master copies; a file that holds what it held before
+/// is not parsed again. A library that could not be read the first time stays withheld from saving,
+/// even if it can be read now: the SDTA page works on the records of the first time.
 void reloadSdtaLibraries(CPartwrightPlugInApp& app, Prompt& prompt);
 
 /// Part number in capitals to designators, joined by "," in key order, over the project's rows;
