@@ -272,7 +272,6 @@ void CStingrayGridComp::show(const TableOutcome& outcome) {
     }
     if (outcome.editorText)
         setControlText(qtText(*outcome.editorText));
-    Q_EMIT tableChanged();
     session_.present(outcome);
 }
 

@@ -49,8 +49,6 @@ Q_SIGNALS:
     void lineChanged(const QString& line);
     /// The file of a data sheet was asked for.
     void datasheetOpened(const QString& file);
-    /// Rows came or went, or a step can be undone or redone now.
-    void tableChanged();
 
 protected:
     void fillRow(int row) override;

@@ -52,10 +52,13 @@ TableSession::TableSession(TableSetup setup, const ValidationTables& rules, Tabl
     : table_(std::move(setup)), rules_(rules), checks_(makeTableChecks(table_.setup(), rules)),
       place_(std::move(place)), prompt_(prompt) {}
 
-std::vector<std::size_t> TableSession::naturalOrder() const {
-    std::vector<std::size_t> order(table_.rowCount());
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    return order;
+std::vector<std::size_t> TableSession::rowsIn(RowOrder order) const {
+    std::vector<std::size_t> rows(order.begin(), order.end());
+    if (rows.empty()) {
+        rows.resize(table_.rowCount());
+        std::iota(rows.begin(), rows.end(), std::size_t{0});
+    }
+    return rows;
 }
 
 std::wstring TableSession::title() const {
@@ -165,11 +168,9 @@ TableOutcome TableSession::search(std::wstring_view text, std::optional<CellAt> 
     outcome.accepted = request.has_value();
     if (!request)
         return outcome;
-    std::vector<std::size_t> natural;
-    if (order.empty())
-        order = natural = naturalOrder();
+    const std::vector<std::size_t> rows = rowsIn(order);
     if (current) {
-        const auto place = std::find(order.begin(), order.end(), current->row) - order.begin();
+        const auto place = std::find(rows.begin(), rows.end(), current->row) - rows.begin();
         searchStart_ = static_cast<std::size_t>(place) + (request->isBackward ? 0 : 1);
         // Backward, the row before the first one is none: the walk is over before it begins.
         searchStart_ -= request->isBackward ? 1 : 0;
@@ -177,13 +178,13 @@ TableOutcome TableSession::search(std::wstring_view text, std::optional<CellAt> 
     const bool isColumn = request->column >= 0 &&
                           static_cast<std::size_t>(request->column) + 1 < setup().columns.size();
     const auto at = isColumn ? static_cast<std::size_t>(request->column) + 1 : 0;
-    for (std::size_t place = searchStart_; isColumn && place < order.size();
+    for (std::size_t place = searchStart_; isColumn && place < rows.size();
          request->isBackward ? --place : ++place) {
-        if (!matches(table_.text(order[place], at), *request))
+        if (!matches(table_.text(rows[place], at), *request))
             continue;
         searchStart_ = place;
-        outcome.current = CellAt{order[place], at};
-        outcome.selectedRows = {order[place]};
+        outcome.current = CellAt{rows[place], at};
+        outcome.selectedRows = {rows[place]};
         return outcome;
     }
     outcome.boxes.push_back({message::rowNotFound(request->isBackward), PromptIcon::Information});
@@ -244,11 +245,9 @@ TableOutcome TableSession::afterMove(ComponentTable::Change change) {
 TableOutcome TableSession::checkAllRowsForOk(RowOrder order) {
     TableOutcome outcome = cancelEdit();
     takeFlags(outcome);
-    std::vector<std::size_t> natural;
-    if (order.empty())
-        order = natural = naturalOrder();
+    const std::vector<std::size_t> rows = rowsIn(order);
     bool isAsked = false;
-    for (const std::size_t row : order) {
+    for (const std::size_t row : rows) {
         if (!isAsked && table_.text(row, fullColumn) == notFullMark) {
             isAsked = true;
             outcome.accepted = prompt_.ask(message::caption, message::notAllFilledIn);
@@ -262,7 +261,7 @@ TableOutcome TableSession::checkAllRowsForOk(RowOrder order) {
             return outcome;
         }
     }
-    if (auto stop = checks_->atOkTable(table_, order)) {
+    if (auto stop = checks_->atOkTable(table_, rows)) {
         outcome.accepted = false;
         take(outcome, std::move(*stop));
     }

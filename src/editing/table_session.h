@@ -174,7 +174,8 @@ private:
     [[nodiscard]] bool isChoice(std::size_t column) const {
         return this->column(column).choices != ColumnChoices::None;
     }
-    [[nodiscard]] std::vector<std::size_t> naturalOrder() const;
+    /// The rows of an order; an empty one is that of the rows.
+    [[nodiscard]] std::vector<std::size_t> rowsIn(RowOrder order) const;
     [[nodiscard]] std::wstring lineFor(CellAt at) const;
     [[nodiscard]] CleanText clean(std::size_t column, std::wstring_view text) const;
 

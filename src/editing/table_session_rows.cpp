@@ -58,10 +58,8 @@ TableOutcome TableSession::add(const GroupChoice& choice) {
 TableOutcome TableSession::checkBeforeCopy(RowOrder order) {
     TableOutcome outcome = cancelEdit();
     takeFlags(outcome);
-    std::vector<std::size_t> natural;
-    if (order.empty())
-        order = natural = naturalOrder();
-    if (auto stop = checks_->atCopy(table_, order)) {
+    const std::vector<std::size_t> rows = rowsIn(order);
+    if (auto stop = checks_->atCopy(table_, rows)) {
         outcome.accepted = false;
         take(outcome, std::move(*stop));
     }
