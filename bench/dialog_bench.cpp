@@ -83,7 +83,7 @@ void changeTypes(benchmark::State& state) {
     std::vector<std::size_t> rows(static_cast<std::size_t>(state.range(0) / 10));
     for (std::size_t i = 0; i < rows.size(); ++i)
         rows[i] = i * 10;
-    CStingrayGridComp& grid = window.dialog.grid();
+    CComponentGrid& grid = window.dialog.grid();
     for (auto _ : state) {
         grid.show(window.session->fill({0, typeColumn}, rows, L"BIP_Switching"));
         window.repaint();

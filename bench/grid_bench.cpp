@@ -6,7 +6,7 @@
 // "page_ratio" and "sort_ratio" are the grid's time over the toolkit's, "paint_ratio" and
 // "move_ratio" are 100,000 rows over 1,000 rows.
 
-#include "grid/cgx_grid_wnd.h"
+#include "grid/grid_window.h"
 
 #include <benchmark/benchmark.h>
 
@@ -23,8 +23,8 @@
 
 namespace {
 
-using partwright::grid::CGXGridCore;
-using partwright::grid::CGXGridWnd;
+using partwright::grid::CGridCore;
+using partwright::grid::CGridWnd;
 using partwright::grid::SortOrder;
 using partwright::grid::SortRule;
 
@@ -39,7 +39,7 @@ QString cellText(int row, int col) {
                     : QString::number((mixed >> 8) % 100000);
 }
 
-void fill(CGXGridCore& grid, int rows) {
+void fill(CGridCore& grid, int rows) {
     grid.InsertCols(1, colCount);
     grid.InsertRows(1, rows);
     for (int col = 1; col <= colCount; ++col)
@@ -53,7 +53,7 @@ void fill(CGXGridCore& grid, int rows) {
 /// The grid's cells as a model.
 class Model : public QAbstractTableModel {
 public:
-    explicit Model(const CGXGridCore& grid) : grid_(grid) {}
+    explicit Model(const CGridCore& grid) : grid_(grid) {}
     int rowCount(const QModelIndex& parent) const override {
         return parent.isValid() ? 0 : grid_.rowCount();
     }
@@ -66,7 +66,7 @@ public:
     }
 
 private:
-    const CGXGridCore& grid_;
+    const CGridCore& grid_;
 };
 
 /// Of the processor, so that other programs do not count.
@@ -105,7 +105,7 @@ double scrollPages(QAbstractScrollArea& view) {
 
 /// One page after the other through the rows, each painted whole.
 void pageRepaint(benchmark::State& state) {
-    CGXGridWnd grid;
+    CGridWnd grid;
     fill(grid, manyRows);
     present(grid);
     Model model(grid);
@@ -129,7 +129,7 @@ void pageRepaint(benchmark::State& state) {
 
 /// The same page again and again, as when a window is uncovered.
 void samePage(benchmark::State& state) {
-    CGXGridWnd grid;
+    CGridWnd grid;
     fill(grid, fewRows);
     present(grid);
     Model model(grid);
@@ -153,7 +153,7 @@ void samePage(benchmark::State& state) {
 
 void sortColumn(benchmark::State& state) {
     const int col = static_cast<int>(state.range(0));
-    CGXGridCore grid;
+    CGridCore grid;
     fill(grid, manyRows);
     Model model(grid);
     QSortFilterProxyModel proxy;
@@ -177,7 +177,7 @@ void sortColumn(benchmark::State& state) {
 }
 
 double firstPaint(int rows) {
-    CGXGridWnd grid;
+    CGridWnd grid;
     fill(grid, rows);
     grid.resize(windowSize);
     return seconds([&] {
@@ -206,7 +206,7 @@ void firstPaintOfManyRows(benchmark::State& state) {
     state.counters["paint_ratio"] = many[middle] / few[middle];
 }
 
-double moveDown(CGXGridWnd& grid) {
+double moveDown(CGridWnd& grid) {
     constexpr int moves = 200;
     const int first = grid.rowCount() - moves;
     grid.setCurrentCell(first, 1);
@@ -220,10 +220,10 @@ double moveDown(CGXGridWnd& grid) {
 }
 
 void cellMove(benchmark::State& state) {
-    CGXGridWnd small;
+    CGridWnd small;
     fill(small, fewRows);
     present(small);
-    CGXGridWnd large;
+    CGridWnd large;
     fill(large, manyRows);
     present(large);
     double few = 0;

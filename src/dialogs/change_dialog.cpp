@@ -53,7 +53,7 @@ CComChange1::CComChange1(TableSession& session, const DialogServices& services,
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     setSizeGripEnabled(true);
     auto* column = new QVBoxLayout(this);
-    grid_ = new CStingrayGridComp(session_, std::move(flags), this);
+    grid_ = new CComponentGrid(session_, std::move(flags), this);
     grid_->setObjectName(QStringLiteral("componentGrid"));
     grid_->setAccessibleName(tr("Components of the group"));
     grid_->setPrintTitle(windowTitle().simplified());
@@ -63,11 +63,11 @@ CComChange1::CComChange1(TableSession& session, const DialogServices& services,
     makeControls(column);
     makeShortcuts();
 
-    connect(grid_, &CStingrayGridComp::lineChanged, line_, [this](const QString& line) {
+    connect(grid_, &CComponentGrid::lineChanged, line_, [this](const QString& line) {
         line_->setText(line);
         line_->setToolTip(line);
     });
-    connect(grid_, &CStingrayGridComp::datasheetOpened, this, [this](const QString& file) {
+    connect(grid_, &CComponentGrid::datasheetOpened, this, [this](const QString& file) {
         OpenDatasheet(services_.app, engineText(file), services_.prompt, services_.opener);
     });
     const auto& columns = session_.setup().columns;

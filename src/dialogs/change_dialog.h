@@ -48,7 +48,7 @@ public:
     CComChange1(TableSession& session, const DialogServices& services,
                 std::shared_ptr<grid::SortFlags> flags, QWidget* parent = nullptr);
 
-    [[nodiscard]] CStingrayGridComp& grid() { return *grid_; }
+    [[nodiscard]] CComponentGrid& grid() { return *grid_; }
 
 public Q_SLOTS:
     /// OK: the checks of all rows; the dialog ends when nothing stops them.
@@ -81,7 +81,7 @@ private:
 
     TableSession& session_;
     DialogServices services_;
-    CStingrayGridComp* grid_ = nullptr;
+    CComponentGrid* grid_ = nullptr;
     QLabel* line_ = nullptr;
     FindBar* findBar_ = nullptr;
 };

@@ -62,15 +62,15 @@ const ChoiceList* usualChoices(const TableSetup& setup, const TableColumn& colum
 
 } // namespace
 
-CStingrayGridComp::CStingrayGridComp(TableSession& session, std::shared_ptr<grid::SortFlags> flags,
-                                     QWidget* parent)
-    : CGXGridWnd(parent), session_(session) {
+CComponentGrid::CComponentGrid(TableSession& session, std::shared_ptr<grid::SortFlags> flags,
+                               QWidget* parent)
+    : CGridWnd(parent), session_(session) {
     setSortFlags(std::move(flags));
     makeColumns();
     makeRows();
 }
 
-void CStingrayGridComp::makeColumns() {
+void CComponentGrid::makeColumns() {
     const TableSetup& setup = session_.setup();
     const RedrawLock lock(*this);
     const int last = gridColumn(setup.columns.size()) - 1;
@@ -94,7 +94,7 @@ void CStingrayGridComp::makeColumns() {
     SetStyleRange({0, 1, 0, last}, {.bold = true});
 }
 
-void CStingrayGridComp::makeRows() {
+void CComponentGrid::makeRows() {
     const RedrawLock lock(*this);
     const std::size_t count = session_.table().rowCount();
     InsertRows(1, static_cast<int>(count));
@@ -104,7 +104,7 @@ void CStingrayGridComp::makeRows() {
     deferRows(1, static_cast<int>(count));
 }
 
-QString CStingrayGridComp::choiceText(const ChoiceList* list) {
+QString CComponentGrid::choiceText(const ChoiceList* list) {
     QString& text = choiceTexts_[list];
     if (text.isNull()) {
         text = qtText(list->text());
@@ -113,7 +113,7 @@ QString CStingrayGridComp::choiceText(const ChoiceList* list) {
     return text;
 }
 
-void CStingrayGridComp::tieRows() const {
+void CComponentGrid::tieRows() const {
     if (tied_)
         return;
     tied_ = true;
@@ -132,36 +132,36 @@ void CStingrayGridComp::tieRows() const {
     }
 }
 
-int CStingrayGridComp::gridRow(std::size_t sessionRow) const {
+int CComponentGrid::gridRow(std::size_t sessionRow) const {
     tieRows();
     return gridRows_[sessionRow];
 }
 
-CellAt CStingrayGridComp::sessionCell(int row, int col) const {
+CellAt CComponentGrid::sessionCell(int row, int col) const {
     tieRows();
     return {sessionRows_[static_cast<std::size_t>(row) - 1], static_cast<std::size_t>(col)};
 }
 
-std::vector<std::size_t> CStingrayGridComp::rowOrder() const {
+std::vector<std::size_t> CComponentGrid::rowOrder() const {
     tieRows();
     return sessionRows_;
 }
 
-std::optional<CellAt> CStingrayGridComp::currentSessionCell() const {
+std::optional<CellAt> CComponentGrid::currentSessionCell() const {
     const auto current = currentCell();
     if (!current)
         return std::nullopt;
     return sessionCell(current->row, current->col);
 }
 
-std::vector<std::size_t> CStingrayGridComp::selectedSessionRows() const {
+std::vector<std::size_t> CComponentGrid::selectedSessionRows() const {
     std::vector<std::size_t> rows;
     for (const int row : selectedRows())
         rows.push_back(sessionCell(row, 1).row);
     return rows;
 }
 
-void CStingrayGridComp::fillRow(int row) {
+void CComponentGrid::fillRow(int row) {
     if (reshaping_) {
         deferRows(row, row); // which row of the session it is will be known in a moment
         return;
@@ -179,7 +179,7 @@ void CStingrayGridComp::fillRow(int row) {
     }
 }
 
-void CStingrayGridComp::showStyle(int row, CellAt at) {
+void CComponentGrid::showStyle(int row, CellAt at) {
     const int col = gridColumn(at.column);
     const grid::CellStyle& now = cellStyle(row, col);
     StyleChange change;
@@ -195,7 +195,7 @@ void CStingrayGridComp::showStyle(int row, CellAt at) {
         SetStyleRange(CellRange::cell(row, col), change);
 }
 
-void CStingrayGridComp::takeOutRows(const std::vector<std::size_t>& rows) {
+void CComponentGrid::takeOutRows(const std::vector<std::size_t>& rows) {
     std::vector<int> gone;
     gone.reserve(rows.size());
     for (const std::size_t row : rows)
@@ -215,7 +215,7 @@ void CStingrayGridComp::takeOutRows(const std::vector<std::size_t>& rows) {
 
 /// A row stands before the one that follows it in the session, so that what comes back by undo
 /// comes back to its neighbours.
-void CStingrayGridComp::putInRows(const std::vector<std::size_t>& rows) {
+void CComponentGrid::putInRows(const std::vector<std::size_t>& rows) {
     for (std::size_t i = 0; i < rows.size();) {
         const std::size_t row = rows[i];
         std::size_t count = 1;
@@ -233,7 +233,7 @@ void CStingrayGridComp::putInRows(const std::vector<std::size_t>& rows) {
     tied_ = false;
 }
 
-void CStingrayGridComp::reshape(const TableOutcome& outcome) {
+void CComponentGrid::reshape(const TableOutcome& outcome) {
     reshaping_ = true;
     if (!outcome.removedRows.empty())
         takeOutRows(outcome.removedRows);
@@ -244,7 +244,7 @@ void CStingrayGridComp::reshape(const TableOutcome& outcome) {
         deferRow(row);
 }
 
-void CStingrayGridComp::show(const TableOutcome& outcome) {
+void CComponentGrid::show(const TableOutcome& outcome) {
     const bool isReshaped = !outcome.removedRows.empty() || !outcome.insertedRows.empty();
     {
         const RedrawLock lock(*this);
@@ -275,7 +275,7 @@ void CStingrayGridComp::show(const TableOutcome& outcome) {
     session_.present(outcome);
 }
 
-bool CStingrayGridComp::validateCell(int row, int col, const QString& text) {
+bool CComponentGrid::validateCell(int row, int col, const QString& text) {
     const CellAt at = sessionCell(row, col);
     const TableOutcome outcome =
         session_.commit(at, engineText(text), static_cast<std::size_t>(row));
@@ -285,30 +285,30 @@ bool CStingrayGridComp::validateCell(int row, int col, const QString& text) {
     return outcome.accepted;
 }
 
-void CStingrayGridComp::cellCommitted(int, int, const QString&) {
+void CComponentGrid::cellCommitted(int, int, const QString&) {
     show(session_.RefreshAllRowFlags());
 }
 
-void CStingrayGridComp::cellTextModified(int row, int col) {
+void CComponentGrid::cellTextModified(int row, int col) {
     show(session_.modify(sessionCell(row, col), engineText(controlText(row, col))));
 }
 
-void CStingrayGridComp::editCancelled(int row, int col) {
+void CComponentGrid::editCancelled(int row, int col) {
     show(session_.cancelEdit());
     currentCellMoved(row, col); // the line may still speak about the text that was dropped
 }
 
-void CStingrayGridComp::currentCellMoved(int row, int col) {
+void CComponentGrid::currentCellMoved(int row, int col) {
     if (!reshaping_ && row >= 1 && col >= 1)
         show(session_.selectCell(sessionCell(row, col)));
 }
 
-void CStingrayGridComp::autoFillFinished(CellPos source, const CellRange&) {
+void CComponentGrid::autoFillFinished(CellPos source, const CellRange&) {
     filled_.push_back(
         {sessionCell(source.row, source.col), engineText(controlText(source.row, source.col))});
 }
 
-void CStingrayGridComp::fillFinished(CellPos source, const CellRange& range) {
+void CComponentGrid::fillFinished(CellPos source, const CellRange& range) {
     std::vector<std::size_t> rows;
     for (int row = range.top; row <= range.bottom; ++row)
         if (!isRowHidden(row))
@@ -319,7 +319,7 @@ void CStingrayGridComp::fillFinished(CellPos source, const CellRange& range) {
     scrollTo(source.row, source.col);
 }
 
-void CStingrayGridComp::dropDownEntered(int row, int col) {
+void CComponentGrid::dropDownEntered(int row, int col) {
     const CellAt at = sessionCell(row, col);
     const ColumnChoices choices = session_.setup().columns[at.column].choices;
     const bool isMarked = choices == ColumnChoices::At || choices == ColumnChoices::Package ||
@@ -328,16 +328,16 @@ void CStingrayGridComp::dropDownEntered(int row, int col) {
         SetStyleRange(CellRange::cell(row, col), {.italic = true});
 }
 
-void CStingrayGridComp::pasteCell(int row, int col, const QString& text) {
+void CComponentGrid::pasteCell(int row, int col, const QString& text) {
     pasted_.push_back({sessionCell(row, col), engineText(text)});
 }
 
-void CStingrayGridComp::pasteFinished(const CellRange&) {
+void CComponentGrid::pasteFinished(const CellRange&) {
     const WaitCursor wait;
     show(session_.paste(std::exchange(pasted_, {})));
 }
 
-bool CStingrayGridComp::doubleClick(int row, int col) {
+bool CComponentGrid::doubleClick(int row, int col) {
     if (row == 0)
         return true;
     if (col < 1 ||
@@ -350,7 +350,7 @@ bool CStingrayGridComp::doubleClick(int row, int col) {
     return true;
 }
 
-bool CStingrayGridComp::keyPressed(QKeyEvent* event) {
+bool CComponentGrid::keyPressed(QKeyEvent* event) {
     if (event->key() == Qt::Key_Delete) {
         // With a key held down it is no deletion, but no clearing of cells either.
         if ((event->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier)
@@ -369,29 +369,29 @@ bool CStingrayGridComp::keyPressed(QKeyEvent* event) {
     return false;
 }
 
-void CStingrayGridComp::deleteSelectedRows() {
+void CComponentGrid::deleteSelectedRows() {
     if (commitEdit())
         show(session_.deleteRows(selectedSessionRows()));
 }
 
-void CStingrayGridComp::selectWholeRow() {
+void CComponentGrid::selectWholeRow() {
     if (commitEdit())
         show(session_.selectWholeRow(currentSessionCell()));
 }
 
-void CStingrayGridComp::undo() {
+void CComponentGrid::undo() {
     if (commitEdit())
         showMove(session_.undo());
 }
 
-void CStingrayGridComp::redo() {
+void CComponentGrid::redo() {
     if (commitEdit())
         showMove(session_.redo());
 }
 
 /// What went back or forth comes into view, and the line speaks about what the current cell holds
 /// now.
-void CStingrayGridComp::showMove(const TableOutcome& outcome) {
+void CComponentGrid::showMove(const TableOutcome& outcome) {
     show(outcome);
     const auto& rows = outcome.insertedRows.empty() ? outcome.changedRows : outcome.insertedRows;
     const auto current = currentSessionCell();
@@ -402,28 +402,27 @@ void CStingrayGridComp::showMove(const TableOutcome& outcome) {
         currentCellMoved(currentCell()->row, currentCell()->col);
 }
 
-void CStingrayGridComp::rowsSorted(int) {
+void CComponentGrid::rowsSorted(int) {
     tied_ = false;
 }
 
-grid::SortRule CStingrayGridComp::sortRule(int col) const {
-    grid::SortRule rule = CGXGridWnd::sortRule(col);
+grid::SortRule CComponentGrid::sortRule(int col) const {
+    grid::SortRule rule = CGridWnd::sortRule(col);
     rule.decimalPoint = static_cast<char16_t>(session_.setup().decimalMark);
     return rule;
 }
 
-void CStingrayGridComp::menuOpening(QMenu& menu) {
+void CComponentGrid::menuOpening(QMenu& menu) {
     const auto add = [&](const QString& text, const QKeySequence& key, bool enabled, auto verb) {
         QAction* const entry = menu.addAction(text, this, verb);
         entry->setShortcut(key);
         entry->setEnabled(enabled);
     };
     menu.addSeparator();
-    add(tr("&Undo"), QKeySequence::Undo, session_.canUndo(), &CStingrayGridComp::undo);
-    add(tr("&Redo"), QKeySequence(Qt::CTRL | Qt::Key_Y), session_.canRedo(),
-        &CStingrayGridComp::redo);
+    add(tr("&Undo"), QKeySequence::Undo, session_.canUndo(), &CComponentGrid::undo);
+    add(tr("&Redo"), QKeySequence(Qt::CTRL | Qt::Key_Y), session_.canRedo(), &CComponentGrid::redo);
     add(tr("De&lete Selected Rows"), {}, !selectedRows().empty(),
-        &CStingrayGridComp::deleteSelectedRows);
+        &CComponentGrid::deleteSelectedRows);
     const auto current = currentCell();
     if (current && current->col == gridColumn(session_.setup().datasheetColumn)) {
         const QString file = text(current->row, current->col);

@@ -10,7 +10,7 @@
 // Deleting and the link of a row are the grid's own keys here; the dialog around it adds the rest.
 
 #include "editing/table_session.h"
-#include "grid/cgx_grid_wnd.h"
+#include "grid/grid_window.h"
 
 #include <QHash>
 #include <functional>
@@ -19,13 +19,12 @@
 
 namespace partwright {
 
-class CStingrayGridComp : public grid::CGXGridWnd {
+class CComponentGrid : public grid::CGridWnd {
     Q_OBJECT
 
 public:
     /// `flags` keep the sort directions as long as the program runs.
-    CStingrayGridComp(TableSession& session, std::shared_ptr<grid::SortFlags> flags,
-                      QWidget* parent);
+    CComponentGrid(TableSession& session, std::shared_ptr<grid::SortFlags> flags, QWidget* parent);
 
     /// Shows what a verb gave; its boxes come last.
     void show(const TableOutcome& outcome);
@@ -97,6 +96,6 @@ private:
 };
 
 /// The table of the Analyses dialog: the same grid, its differences are in the session.
-using CStingrayGridComp_ASR = CStingrayGridComp;
+using CComponentGrid_ASR = CComponentGrid;
 
 } // namespace partwright

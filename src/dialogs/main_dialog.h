@@ -6,7 +6,7 @@
 #include "dialogs/page_widgets.h"
 #include "dialogs/services.h"
 #include "editing/main_session.h"
-#include "grid/cgx_grid_core.h"
+#include "grid/grid_core.h"
 
 #include <QDialog>
 #include <QPushButton>

@@ -29,11 +29,11 @@ CNewComp1::CNewComp1(NewComponentTable& table, const DialogServices& services,
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     setSizeGripEnabled(true);
     auto* column = new QVBoxLayout(this);
-    grid_ = new CStingrayGrid(table, std::move(sortFlags), this);
+    grid_ = new CNewComponentGrid(table, std::move(sortFlags), this);
     grid_->setObjectName(QStringLiteral("newComponentGrid"));
     grid_->setAccessibleName(tr("Components without a group"));
     grid_->setPrintTitle(windowTitle());
-    connect(grid_, &CStingrayGrid::datasheetOpened, this, [this](const QString& file) {
+    connect(grid_, &CNewComponentGrid::datasheetOpened, this, [this](const QString& file) {
         OpenDatasheet(services_.app, engineText(file), services_.prompt, services_.opener);
     });
     column->addWidget(grid_, 1);
@@ -43,7 +43,7 @@ CNewComp1::CNewComp1(NewComponentTable& table, const DialogServices& services,
     setMinimumSize(first.boundedTo(screen()->availableSize() * 9 / 10));
     resize(minimumSize());
     layout()->activate(); // the grid scrolls by the size it will have
-    grid_->setCurrentCell(1, CStingrayGrid::Family);
+    grid_->setCurrentCell(1, CNewComponentGrid::Family);
     grid_->setFocus();
 }
 

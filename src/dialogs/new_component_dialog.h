@@ -5,7 +5,7 @@
 
 #include "dialogs/services.h"
 #include "editing/new_component_session.h"
-#include "grid/cgx_grid_core.h"
+#include "grid/grid_core.h"
 
 #include <QDialog>
 #include <memory>
@@ -14,7 +14,7 @@ class QBoxLayout;
 
 namespace partwright {
 
-class CStingrayGrid;
+class CNewComponentGrid;
 
 class CNewComp1 : public QDialog {
     Q_OBJECT
@@ -32,7 +32,7 @@ private:
     QBoxLayout* makeButtons();
 
     DialogServices services_;
-    CStingrayGrid* grid_ = nullptr;
+    CNewComponentGrid* grid_ = nullptr;
 };
 
 } // namespace partwright

@@ -28,16 +28,16 @@ constexpr ColumnLook columns[] = {
 
 } // namespace
 
-CStingrayGrid::CStingrayGrid(NewComponentTable& table, std::shared_ptr<grid::SortFlags> sortFlags,
-                             QWidget* parent)
-    : CGXGridWnd(parent), table_(table) {
+CNewComponentGrid::CNewComponentGrid(NewComponentTable& table,
+                                     std::shared_ptr<grid::SortFlags> sortFlags, QWidget* parent)
+    : CGridWnd(parent), table_(table) {
     setSortFlags(std::move(sortFlags));
     const grid::RedrawLock lock(*this);
     buildColumns();
     fillRows();
 }
 
-void CStingrayGrid::buildColumns() {
+void CNewComponentGrid::buildColumns() {
     InsertCols(1, static_cast<int>(std::size(columns)));
     const int unit = fontMetrics().averageCharWidth();
     int col = 1;
@@ -58,7 +58,7 @@ void CStingrayGrid::buildColumns() {
     setColStyle(Group, {.kind = CellKind::DropDown, .enabled = false});
 }
 
-void CStingrayGrid::fillRows() {
+void CNewComponentGrid::fillRows() {
     InsertRows(1, static_cast<int>(table_.rows().size()));
     int row = 1;
     for (const NewComponentRow& line : table_.rows()) {
@@ -81,13 +81,13 @@ void CStingrayGrid::fillRows() {
         showChoices(row);
 }
 
-void CStingrayGrid::rebuildPlaces() {
+void CNewComponentGrid::rebuildPlaces() {
     places_.clear();
     for (std::size_t place = 0; place < keys_.size(); ++place)
         places_.emplace(keys_[place], place);
 }
 
-const QString& CStingrayGrid::groupChoices(const std::wstring& family) {
+const QString& CNewComponentGrid::groupChoices(const std::wstring& family) {
     const auto [entry, added] = groupChoices_.try_emplace(family);
     if (added)
         for (const std::wstring& name : table_.groups(family))
@@ -95,7 +95,7 @@ const QString& CStingrayGrid::groupChoices(const std::wstring& family) {
     return entry->second;
 }
 
-void CStingrayGrid::showChoices(int row) {
+void CNewComponentGrid::showChoices(int row) {
     const NewComponentRow& line = table_.rows()[placeOf(row)];
     setText(row, Family, qtText(line.family));
     const QString& choices = groupChoices(line.family);
@@ -103,7 +103,7 @@ void CStingrayGrid::showChoices(int row) {
                   {.value = qtText(line.group), .enabled = !choices.isEmpty(), .choices = choices});
 }
 
-void CStingrayGrid::assign(int row, int col, const QString& text) {
+void CNewComponentGrid::assign(int row, int col, const QString& text) {
     if (col == Family)
         table_.setFamily(placeOf(row), text.toStdWString());
     else if (col == Group)
@@ -111,16 +111,16 @@ void CStingrayGrid::assign(int row, int col, const QString& text) {
     showChoices(row);
 }
 
-void CStingrayGrid::cellCommitted(int row, int col, const QString&) {
+void CNewComponentGrid::cellCommitted(int row, int col, const QString&) {
     assign(row, col, text(row, col));
 }
 
-void CStingrayGrid::pasteCell(int row, int col, const QString& text) {
+void CNewComponentGrid::pasteCell(int row, int col, const QString& text) {
     if (takes(row, col, text))
         assign(row, col, text);
 }
 
-void CStingrayGrid::autoFillFinished(CellPos source, const CellRange& range) {
+void CNewComponentGrid::autoFillFinished(CellPos source, const CellRange& range) {
     const grid::RedrawLock lock(*this);
     const QString text = this->text(source.row, source.col);
     for (int row = range.top; row <= range.bottom; ++row)
@@ -128,7 +128,7 @@ void CStingrayGrid::autoFillFinished(CellPos source, const CellRange& range) {
             assign(row, source.col, text);
 }
 
-bool CStingrayGrid::doubleClick(int row, int col) {
+bool CNewComponentGrid::doubleClick(int row, int col) {
     if (row == 0)
         return true;
     if (col != Datasheet || text(row, col).isEmpty())
@@ -137,14 +137,14 @@ bool CStingrayGrid::doubleClick(int row, int col) {
     return true;
 }
 
-bool CStingrayGrid::keyPressed(QKeyEvent* event) {
+bool CNewComponentGrid::keyPressed(QKeyEvent* event) {
     if (event->key() != Qt::Key_Delete)
         return false;
     deleteKey();
     return true;
 }
 
-void CStingrayGrid::deleteKey() {
+void CNewComponentGrid::deleteKey() {
     if (const auto current = currentCell(); current && current->col == Datasheet) {
         table_.clearDatasheet(placeOf(current->row));
         setText(current->row, Datasheet, QString());

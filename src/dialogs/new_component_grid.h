@@ -8,7 +8,7 @@
 // a fill, ends in the table's own verbs, and the cell shows what the table made of it.
 
 #include "editing/new_component_session.h"
-#include "grid/cgx_grid_wnd.h"
+#include "grid/grid_window.h"
 
 #include <map>
 #include <memory>
@@ -17,7 +17,7 @@
 
 namespace partwright {
 
-class CStingrayGrid : public grid::CGXGridWnd {
+class CNewComponentGrid : public grid::CGridWnd {
     Q_OBJECT
 
 public:
@@ -34,8 +34,8 @@ public:
         Notes,
     };
 
-    CStingrayGrid(NewComponentTable& table, std::shared_ptr<grid::SortFlags> sortFlags,
-                  QWidget* parent = nullptr);
+    CNewComponentGrid(NewComponentTable& table, std::shared_ptr<grid::SortFlags> sortFlags,
+                      QWidget* parent = nullptr);
 
 Q_SIGNALS:
     /// A data sheet was asked for.

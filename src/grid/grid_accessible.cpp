@@ -1,6 +1,6 @@
 #include "grid/grid_accessible.h"
 
-#include "grid/cgx_grid_wnd.h"
+#include "grid/grid_window.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -14,13 +14,13 @@ namespace {
 class GridAccessible;
 
 /// Children of the table are numbered row by row, headers included.
-int indexOf(const CGXGridWnd& grid, CellPos pos) {
+int indexOf(const CGridWnd& grid, CellPos pos) {
     return pos.row * (grid.colCount() + 1) + pos.col;
 }
 
 class CellAccessible : public QAccessibleInterface, public QAccessibleTableCellInterface {
 public:
-    CellAccessible(CGXGridWnd* grid, CellPos pos) : grid_(grid), pos_(pos) {}
+    CellAccessible(CGridWnd* grid, CellPos pos) : grid_(grid), pos_(pos) {}
 
     [[nodiscard]] CellPos pos() const { return pos_; }
 
@@ -52,7 +52,7 @@ public:
         if (kind == QAccessible::Name || kind == QAccessible::Value)
             return grid_->controlText(pos_.row, pos_.col);
         if (kind == QAccessible::Description && pos_.row > 0 && pos_.col > 0)
-            return CGXGridWnd::tr("%1, row %2").arg(grid_->text(0, pos_.col)).arg(pos_.row);
+            return CGridWnd::tr("%1, row %2").arg(grid_->text(0, pos_.col)).arg(pos_.row);
         return {};
     }
 
@@ -103,13 +103,13 @@ public:
     }
 
 private:
-    QPointer<CGXGridWnd> grid_;
+    QPointer<CGridWnd> grid_;
     CellPos pos_;
 };
 
 class GridAccessible : public QAccessibleWidget, public QAccessibleTableInterface {
 public:
-    explicit GridAccessible(CGXGridWnd* grid)
+    explicit GridAccessible(CGridWnd* grid)
         : QAccessibleWidget(grid, QAccessible::Table), grid_(*grid) {}
     ~GridAccessible() override { forget(); }
 
@@ -222,12 +222,12 @@ private:
         cells_.clear();
     }
 
-    CGXGridWnd& grid_;
+    CGridWnd& grid_;
     mutable QHash<int, QAccessible::Id> cells_;
 };
 
 QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
-    auto* const grid = dynamic_cast<CGXGridWnd*>(object);
+    auto* const grid = dynamic_cast<CGridWnd*>(object);
     return grid != nullptr ? new GridAccessible(grid) : nullptr;
 }
 
@@ -237,7 +237,7 @@ void installGridAccessibility() {
     QAccessible::installFactory(makeAccessible);
 }
 
-void announceCurrentCell(CGXGridWnd& grid, CellPos pos) {
+void announceCurrentCell(CGridWnd& grid, CellPos pos) {
     if (!QAccessible::isActive() || !grid.hasFocus())
         return;
     QAccessibleEvent event(&grid, QAccessible::Focus);

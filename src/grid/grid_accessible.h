@@ -8,12 +8,12 @@
 
 namespace partwright::grid {
 
-class CGXGridWnd;
+class CGridWnd;
 
-/// Makes CGXGridWnd known to the toolkit; once is enough.
+/// Makes CGridWnd known to the toolkit; once is enough.
 void installGridAccessibility();
 
 /// Tells that the cell has become current, if anybody listens.
-void announceCurrentCell(CGXGridWnd& grid, CellPos pos);
+void announceCurrentCell(CGridWnd& grid, CellPos pos);
 
 } // namespace partwright::grid

@@ -72,7 +72,7 @@ void paintCheckBox(QPainter& painter, const QRect& area, bool checked, const QCo
 
 } // namespace
 
-GridPainter::GridPainter(const CGXGridCore& grid, const GridGeometry& geometry)
+GridPainter::GridPainter(const CGridCore& grid, const GridGeometry& geometry)
     : grid_(grid), geometry_(geometry) {}
 
 void GridPainter::setLook(const QFont& font, const QPalette& palette) {

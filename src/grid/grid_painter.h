@@ -4,7 +4,7 @@
 // the palette gives all colours a style does not name; a style that names only a background gets
 // the text colour that stands out from it.
 
-#include "grid/cgx_grid_core.h"
+#include "grid/grid_core.h"
 #include "grid/grid_geometry.h"
 #include "grid/text_painter.h"
 
@@ -25,7 +25,7 @@ struct PaintState {
 
 class GridPainter {
 public:
-    GridPainter(const CGXGridCore& grid, const GridGeometry& geometry);
+    GridPainter(const CGridCore& grid, const GridGeometry& geometry);
 
     void setLook(const QFont& font, const QPalette& palette);
     [[nodiscard]] const TextPainter& texts() const { return texts_; }
@@ -51,7 +51,7 @@ private:
     [[nodiscard]] QColor textColorOf(const CellStyle& look) const;
     [[nodiscard]] bool columnMarked(int col) const;
 
-    const CGXGridCore& grid_;
+    const CGridCore& grid_;
     const GridGeometry& geometry_;
     TextPainter texts_;
     QPalette palette_;

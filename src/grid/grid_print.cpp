@@ -29,7 +29,7 @@ QPalette paperColors() {
 /// All lengths are in screen dots; the painter scales them to the paper.
 class Paper {
 public:
-    Paper(const CGXGridCore& grid, const GridStore& store, const std::vector<int>& cols,
+    Paper(const CGridCore& grid, const GridStore& store, const std::vector<int>& cols,
           const QFont& font)
         : store_(store), cols_(cols), geometry_(store), cells_(grid, geometry_), font_(font) {
         if (font.pointSizeF() > 0)
@@ -61,7 +61,7 @@ public:
         const QRectF head(0, 0, width, rowHeight_);
         painter.drawText(head, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, title);
         painter.drawText(head, Qt::AlignRight | Qt::AlignVCenter,
-                         QCoreApplication::translate("CGXGridWnd", "Page %1 of %2")
+                         QCoreApplication::translate("CGridWnd", "Page %1 of %2")
                              .arg(number + 1)
                              .arg(plan.pages()));
         int top = rowHeight_ + rowHeight_ / 2;
@@ -112,7 +112,7 @@ PagePlan planPages(const std::vector<int>& widths, int rowCount, int rowHeight, 
     return plan;
 }
 
-void printGrid(const CGXGridCore& grid, const GridStore& store, const std::vector<int>& cols,
+void printGrid(const CGridCore& grid, const GridStore& store, const std::vector<int>& cols,
                const QString& title, const QFont& font, QPrinter& printer) {
     Paper paper(grid, store, cols, font);
     QPainter painter;

@@ -4,7 +4,7 @@
 // and columns that do not fit beside each other on pages of their own. Colours are those of paper,
 // whatever the theme of the screen.
 
-#include "grid/cgx_grid_core.h"
+#include "grid/grid_core.h"
 
 #include <QFont>
 #include <QSizeF>
@@ -28,7 +28,7 @@ struct PagePlan {
                                  QSizeF room);
 
 /// `cols` are the columns to print, the row headers (0) among them or not.
-void printGrid(const CGXGridCore& grid, const GridStore& store, const std::vector<int>& cols,
+void printGrid(const CGridCore& grid, const GridStore& store, const std::vector<int>& cols,
                const QString& title, const QFont& font, QPrinter& printer);
 
 } // namespace partwright::grid

@@ -1,6 +1,6 @@
 // The core without a window.
 
-#include "grid/cgx_grid_core.h"
+#include "grid/grid_core.h"
 #include "support/qt_print.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@
 namespace partwright::grid {
 namespace {
 
-class Sheet : public CGXGridCore {
+class Sheet : public CGridCore {
 public:
     /// Cells in reading order, columns separated by '|', rows by '/'.
     Sheet(int cols, const QString& cells) {
@@ -36,7 +36,7 @@ public:
     }
 
     void cellsChanged(const CellRange& range) override {
-        CGXGridCore::cellsChanged(range);
+        CGridCore::cellsChanged(range);
         if (!redrawLocked())
             ++redraws;
     }
@@ -50,9 +50,9 @@ public:
                          .arg(source.col)
                          .arg(range.top)
                          .arg(range.bottom));
-        CGXGridCore::autoFillFinished(source, range);
+        CGridCore::autoFillFinished(source, range);
     }
-    using CGXGridCore::commitText;
+    using CGridCore::commitText;
 
     int redraws = 0;
     bool nested = false;

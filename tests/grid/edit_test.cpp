@@ -1,6 +1,6 @@
 // Editing in the real control: what opens, commits, refuses and drops an editor.
 
-#include "grid/cgx_grid_wnd.h"
+#include "grid/grid_window.h"
 #include "support/qt_print.h"
 
 #include <gtest/gtest.h>
@@ -22,7 +22,7 @@ QString s(const char* text) {
 
 /// Four rows; column 1 text, 2 drop-down, 3 check box, 4 read-only. Refuses what holds "bad" and
 /// logs its events.
-class Sheet : public CGXGridWnd {
+class Sheet : public CGridWnd {
 public:
     Sheet() {
         InsertCols(1, 5);

@@ -1,6 +1,6 @@
 // The control on the screen: mouse, keys, scrolling, painting, printing, screen readers.
 
-#include "grid/cgx_grid_wnd.h"
+#include "grid/grid_window.h"
 #include "support/qt_print.h"
 
 #include <gtest/gtest.h>
@@ -25,7 +25,7 @@ QString s(const char* text) {
     return QString::fromLatin1(text);
 }
 
-class Sheet : public CGXGridWnd {
+class Sheet : public CGridWnd {
 public:
     explicit Sheet(int rows = 200, int cols = 10) {
         InsertCols(1, cols);
@@ -46,11 +46,11 @@ public:
     bool canResizeCol(int col) const override { return col != 2; }
     void colResized(int col) override { resized = col; }
     int limitColWidth(int col, int width) const override {
-        return col == 3 && width < 30 ? 77 : CGXGridWnd::limitColWidth(col, width);
+        return col == 3 && width < 30 ? 77 : CGridWnd::limitColWidth(col, width);
     }
     void autoFillFinished(CellPos source, const CellRange& range) override {
         filled = s("%1,%2:%3-%4").arg(source.row).arg(source.col).arg(range.top).arg(range.bottom);
-        CGXGridWnd::autoFillFinished(source, range);
+        CGridWnd::autoFillFinished(source, range);
     }
 
     void key(int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {

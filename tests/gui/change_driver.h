@@ -38,7 +38,7 @@ public:
     explicit ChangeDriver(CComChange1& dialog) { drive(dialog); }
     void drive(CComChange1& dialog) { dialog_ = &dialog; }
 
-    CStingrayGridComp& grid() { return dialog_->grid(); }
+    CComponentGrid& grid() { return dialog_->grid(); }
     template <class Widget>
     Widget& find(const char* name) {
         auto* const widget = dialog_->findChild<Widget*>(QLatin1String(name));

@@ -27,7 +27,7 @@ public:
     void pause(std::chrono::milliseconds) override { ADD_FAILURE() << "nothing is locked"; }
 };
 
-using Grid = CStingrayGrid;
+using Grid = CNewComponentGrid;
 
 class NewComponentDialog : public ::testing::Test {
 protected:

@@ -1,14 +1,14 @@
 #pragma once
 
 // The spreadsheet behind the window: cells, rows, selection, sorting, filling and the clipboard's
-// text, without a pixel. CGXGridWnd adds the window; owners derive from CGXGridWnd and override the
+// text, without a pixel. CGridWnd adds the window; owners derive from CGridWnd and override the
 // events below.
 //
 // Places: row 0 is the header and column 0 holds the row headers; cells start at (1, 1). A row
 // header without a text of its own shows the row's number.
 //
 // Stored text and editor text are two things. While a cell is edited text() gives what is stored;
-// CGXGridWnd::controlText() gives what stands in the editor.
+// CGridWnd::controlText() gives what stands in the editor.
 //
 // The road of an edit: cellTextModified() at each change of the editor's text; then, when the user
 // leaves the cell, validateCell(). True stores the text and cellCommitted() follows; false keeps
@@ -17,7 +17,7 @@
 // text equals the stored one has nothing to commit and closes without a question. Texts set by the
 // program (setText, SetStyleRange) are never validated.
 //
-//     class PriceGrid : public CGXGridWnd {
+//     class PriceGrid : public CGridWnd {
 //         bool validateCell(int row, int col, const QString& text) override {
 //             return col != 3 || isPrice(text) || refuse(tr("Not a price."));
 //         }
@@ -50,12 +50,12 @@ enum class Redraw { Now, Later };
 /// Per column: was the last sort by its header an ascending one.
 using SortFlags = std::map<int, bool>;
 
-class CGXGridCore {
+class CGridCore {
 public:
-    CGXGridCore();
-    virtual ~CGXGridCore();
-    CGXGridCore(const CGXGridCore&) = delete;
-    CGXGridCore& operator=(const CGXGridCore&) = delete;
+    CGridCore();
+    virtual ~CGridCore();
+    CGridCore(const CGridCore&) = delete;
+    CGridCore& operator=(const CGridCore&) = delete;
 
     // Rows and columns
     [[nodiscard]] int rowCount() const { return store_.rowCount(); }
@@ -206,7 +206,7 @@ private:
     /// Has the row filled if that was put off; reading a cell has no other effect.
     void ready(int row) const {
         if (row > 0 && store_.hasDeferredRows())
-            const_cast<CGXGridCore*>(this)->fillDeferred(row);
+            const_cast<CGridCore*>(this)->fillDeferred(row);
     }
     void readyAll() const;
     void fillDeferred(int row);
@@ -234,13 +234,13 @@ private:
 /// Locks the redraw of a grid while it lives.
 class RedrawLock {
 public:
-    explicit RedrawLock(CGXGridCore& grid) : grid_(grid) { grid_.lockRedraw(); }
+    explicit RedrawLock(CGridCore& grid) : grid_(grid) { grid_.lockRedraw(); }
     ~RedrawLock() { grid_.unlockRedraw(); }
     RedrawLock(const RedrawLock&) = delete;
     RedrawLock& operator=(const RedrawLock&) = delete;
 
 private:
-    CGXGridCore& grid_;
+    CGridCore& grid_;
 };
 
 } // namespace partwright::grid

@@ -1,6 +1,6 @@
-// CGXGridWnd: opening, committing and dropping the editor.
+// CGridWnd: opening, committing and dropping the editor.
 
-#include "grid/cgx_grid_wnd.h"
+#include "grid/grid_window.h"
 
 #include <QCoreApplication>
 #include <QFontMetrics>
@@ -18,17 +18,17 @@ constexpr int editorRoom = 14;
 
 } // namespace
 
-std::optional<CellPos> CGXGridWnd::editedCell() const {
+std::optional<CellPos> CGridWnd::editedCell() const {
     if (!edit_)
         return std::nullopt;
     return CellPos{edit_->row, edit_->col};
 }
 
-QString CGXGridWnd::controlText(int row, int col) const {
+QString CGridWnd::controlText(int row, int col) const {
     return editedCell() == CellPos{row, col} ? edit_->editor->text() : text(row, col);
 }
 
-void CGXGridWnd::setControlText(const QString& text) {
+void CGridWnd::setControlText(const QString& text) {
     if (!edit_ || edit_->editor->text() == text)
         return;
     const int cursor = edit_->editor->cursorPosition();
@@ -36,11 +36,11 @@ void CGXGridWnd::setControlText(const QString& text) {
     edit_->editor->setCursorPosition(std::min<int>(cursor, static_cast<int>(text.size())));
 }
 
-bool CGXGridWnd::beginEdit() {
+bool CGridWnd::beginEdit() {
     return openEditor(Start::WithText);
 }
 
-bool CGXGridWnd::openEditor(Start start, const QString& typed) {
+bool CGridWnd::openEditor(Start start, const QString& typed) {
     const auto current = currentCell();
     if (edit_ || validating() || !current || !isEditable(current->row, current->col))
         return false;
@@ -77,7 +77,7 @@ bool CGXGridWnd::openEditor(Start start, const QString& typed) {
     return true;
 }
 
-void CGXGridWnd::openList(const QString& typed) {
+void CGridWnd::openList(const QString& typed) {
     if (!edit_)
         return;
     const CellPos pos = *editedCell();
@@ -85,7 +85,7 @@ void CGXGridWnd::openList(const QString& typed) {
     edit_->editor->openList(QRect(viewport()->mapToGlobal(cell.topLeft()), cell.size()), typed);
 }
 
-void CGXGridWnd::placeEditor() {
+void CGridWnd::placeEditor() {
     if (!edit_)
         return;
     const CellPos pos = *editedCell();
@@ -105,7 +105,7 @@ void CGXGridWnd::placeEditor() {
                                : area.translated(-2 * viewport()->width() - area.width(), 0));
 }
 
-void CGXGridWnd::announceModified() {
+void CGridWnd::announceModified() {
     if (!edit_ || announcing_)
         return;
     announcing_ = true;
@@ -114,12 +114,12 @@ void CGXGridWnd::announceModified() {
     announcing_ = false;
 }
 
-void CGXGridWnd::editorTextChanged() {
+void CGridWnd::editorTextChanged() {
     announceModified();
     placeEditor();
 }
 
-bool CGXGridWnd::commitEdit() {
+bool CGridWnd::commitEdit() {
     if (!edit_)
         return true;
     if (validating())
@@ -150,7 +150,7 @@ bool CGXGridWnd::commitEdit() {
     return true;
 }
 
-void CGXGridWnd::cancelEdit() {
+void CGridWnd::cancelEdit() {
     if (!edit_ || validating())
         return;
     const CellPos pos = *editedCell();
@@ -158,7 +158,7 @@ void CGXGridWnd::cancelEdit() {
     editCancelled(pos.row, pos.col);
 }
 
-void CGXGridWnd::closeEditor() {
+void CGridWnd::closeEditor() {
     CellEditor* const editor = edit_->editor;
     // After a box the window may not be active yet; its focus counts all the same.
     const bool focused = window()->focusWidget() == editor;
@@ -170,7 +170,7 @@ void CGXGridWnd::closeEditor() {
     viewport()->update();
 }
 
-void CGXGridWnd::choiceMade(const QString& name) {
+void CGridWnd::choiceMade(const QString& name) {
     if (!edit_)
         return;
     edit_->editor->setFocus(Qt::PopupFocusReason);
@@ -181,7 +181,7 @@ void CGXGridWnd::choiceMade(const QString& name) {
     commitEdit();
 }
 
-void CGXGridWnd::choiceDropped() {
+void CGridWnd::choiceDropped() {
     if (!edit_)
         return;
     edit_->editor->setFocus(Qt::PopupFocusReason);
@@ -190,14 +190,14 @@ void CGXGridWnd::choiceDropped() {
         cancelEdit();
 }
 
-void CGXGridWnd::toggleCheckBox(CellPos pos) {
+void CGridWnd::toggleCheckBox(CellPos pos) {
     if (!isEditable(pos.row, pos.col) || cellStyle(pos.row, pos.col).kind != CellKind::CheckBox)
         return;
     const bool checked = text(pos.row, pos.col) == QLatin1String("1");
     commitText(pos.row, pos.col, checked ? QStringLiteral("0") : QStringLiteral("1"));
 }
 
-bool CGXGridWnd::editorKey(QKeyEvent* event) {
+bool CGridWnd::editorKey(QKeyEvent* event) {
     if (!edit_)
         return true;
     const bool alt = event->modifiers().testFlag(Qt::AltModifier);
@@ -251,7 +251,7 @@ bool CGXGridWnd::editorKey(QKeyEvent* event) {
     return true;
 }
 
-void CGXGridWnd::inputMethodEvent(QInputMethodEvent* event) {
+void CGridWnd::inputMethodEvent(QInputMethodEvent* event) {
     const bool typed = !event->commitString().isEmpty() || !event->preeditString().isEmpty();
     const QPointer<QWidget> before = edit_ ? edit_->editor : nullptr;
     if (typed && before == nullptr && openEditor(Start::Empty) && edit_) {

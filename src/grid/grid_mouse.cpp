@@ -1,6 +1,6 @@
-// CGXGridWnd: the mouse.
+// CGridWnd: the mouse.
 
-#include "grid/cgx_grid_wnd.h"
+#include "grid/grid_window.h"
 
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -18,20 +18,20 @@ constexpr int autoScrollInterval = 40;
 
 } // namespace
 
-int CGXGridWnd::resizableBorder(QPoint place) const {
+int CGridWnd::resizableBorder(QPoint place) const {
     if (place.y() >= geometry_.headerHeight())
         return 0;
     const int col = geometry_.borderAt(place.x(), borderReach);
     return col > 0 && canResizeCol(col) ? col : 0;
 }
 
-bool CGXGridWnd::onMark(CellPos pos, QPoint place) const {
+bool CGridWnd::onMark(CellPos pos, QPoint place) const {
     const QRect cell = geometry_.cellRect(pos.row, pos.col);
     return cellStyle(pos.row, pos.col).kind == CellKind::DropDown &&
            place.x() > cell.right() - cell.height();
 }
 
-void CGXGridWnd::mousePressEvent(QMouseEvent* event) {
+void CGridWnd::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton || validating())
         return;
     const QPoint place = event->position().toPoint();
@@ -67,7 +67,7 @@ void CGXGridWnd::mousePressEvent(QMouseEvent* event) {
         pressCell(event, {row, col});
 }
 
-void CGXGridWnd::pressHeader(QMouseEvent*, int col) {
+void CGridWnd::pressHeader(QMouseEvent*, int col) {
     if (col == 0) {
         selectAll();
         return;
@@ -76,7 +76,7 @@ void CGXGridWnd::pressHeader(QMouseEvent*, int col) {
     dragCell_ = {0, col};
 }
 
-void CGXGridWnd::pressRowHeader(QMouseEvent* event, int row) {
+void CGridWnd::pressRowHeader(QMouseEvent* event, int row) {
     if (firstCol() == 0)
         return;
     const bool extend = event->modifiers().testFlag(Qt::ShiftModifier) && currentCell();
@@ -93,7 +93,7 @@ void CGXGridWnd::pressRowHeader(QMouseEvent* event, int row) {
         selectRange(rows);
 }
 
-void CGXGridWnd::pressCell(QMouseEvent* event, CellPos pos) {
+void CGridWnd::pressCell(QMouseEvent* event, CellPos pos) {
     if (event->modifiers().testFlag(Qt::ShiftModifier) && currentCell()) {
         drag_ = Drag::Cells;
         dragCell_ = *currentCell();
@@ -115,7 +115,7 @@ void CGXGridWnd::pressCell(QMouseEvent* event, CellPos pos) {
     dragCell_ = pos;
 }
 
-void CGXGridWnd::mouseMoveEvent(QMouseEvent* event) {
+void CGridWnd::mouseMoveEvent(QMouseEvent* event) {
     const QPoint place = event->position().toPoint();
     if (drag_ == Drag::None || !event->buttons().testFlag(Qt::LeftButton)) {
         showCursor(place);
@@ -133,7 +133,7 @@ void CGXGridWnd::mouseMoveEvent(QMouseEvent* event) {
         autoScroll_.start(autoScrollInterval, this);
 }
 
-void CGXGridWnd::dragTo(QPoint place) {
+void CGridWnd::dragTo(QPoint place) {
     const CellPos near = geometry_.nearestCell(place);
     switch (drag_) {
     case Drag::Border: {
@@ -171,7 +171,7 @@ void CGXGridWnd::dragTo(QPoint place) {
     }
 }
 
-void CGXGridWnd::timerEvent(QTimerEvent* event) {
+void CGridWnd::timerEvent(QTimerEvent* event) {
     if (event->timerId() != autoScroll_.timerId()) {
         QAbstractScrollArea::timerEvent(event);
         return;
@@ -193,7 +193,7 @@ void CGXGridWnd::timerEvent(QTimerEvent* event) {
     dragTo(dragPlace_);
 }
 
-void CGXGridWnd::endDrag() {
+void CGridWnd::endDrag() {
     drag_ = Drag::None;
     autoScroll_.stop();
     if (!fillPreview_.empty()) {
@@ -202,7 +202,7 @@ void CGXGridWnd::endDrag() {
     }
 }
 
-void CGXGridWnd::mouseReleaseEvent(QMouseEvent* event) {
+void CGridWnd::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton)
         return;
     const Drag ended = drag_;
@@ -221,7 +221,7 @@ void CGXGridWnd::mouseReleaseEvent(QMouseEvent* event) {
     }
 }
 
-void CGXGridWnd::releaseCell(CellPos pos) {
+void CGridWnd::releaseCell(CellPos pos) {
     if (!exists(pos.row, pos.col) || leftClick(pos.row, pos.col) || !exists(pos.row, pos.col))
         return;
     if (cellStyle(pos.row, pos.col).kind == CellKind::CheckBox)
@@ -230,7 +230,7 @@ void CGXGridWnd::releaseCell(CellPos pos) {
         beginEdit();
 }
 
-void CGXGridWnd::mouseDoubleClickEvent(QMouseEvent* event) {
+void CGridWnd::mouseDoubleClickEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton || validating())
         return;
     const QPoint place = event->position().toPoint();
@@ -250,7 +250,7 @@ void CGXGridWnd::mouseDoubleClickEvent(QMouseEvent* event) {
         beginEdit();
 }
 
-void CGXGridWnd::showCursor(QPoint place) {
+void CGridWnd::showCursor(QPoint place) {
     const QRect handle = fillHandleRect();
     if (resizableBorder(place) > 0)
         viewport()->setCursor(Qt::SplitHCursor);

@@ -1,13 +1,13 @@
-// CGXGridCore: current cell, selection, sorting, clipboard text and filling.
+// CGridCore: current cell, selection, sorting, clipboard text and filling.
 
-#include "grid/cgx_grid_core.h"
+#include "grid/grid_core.h"
 #include "grid/tab_text.h"
 
 #include <algorithm>
 
 namespace partwright::grid {
 
-void CGXGridCore::setCurrent(std::optional<CellPos> next) {
+void CGridCore::setCurrent(std::optional<CellPos> next) {
     if (next == current_)
         return;
     const auto before = std::exchange(current_, next);
@@ -16,7 +16,7 @@ void CGXGridCore::setCurrent(std::optional<CellPos> next) {
         currentCellMoved(next->row, next->col);
 }
 
-bool CGXGridCore::setCurrentCell(int row, int col) {
+bool CGridCore::setCurrentCell(int row, int col) {
     if (row < 1 || col < 1 || !exists(row, col))
         return false;
     if (current_ != CellPos{row, col}) {
@@ -33,11 +33,11 @@ bool CGXGridCore::setCurrentCell(int row, int col) {
     return true;
 }
 
-void CGXGridCore::clearCurrentCell() {
+void CGridCore::clearCurrentCell() {
     setCurrent(std::nullopt);
 }
 
-std::vector<int> CGXGridCore::selectedRows() const {
+std::vector<int> CGridCore::selectedRows() const {
     std::vector<int> rows;
     for (const CellRange& range : selection_)
         if (range.wholeRows())
@@ -49,18 +49,18 @@ std::vector<int> CGXGridCore::selectedRows() const {
     return rows;
 }
 
-bool CGXGridCore::isSelected(int row, int col) const {
+bool CGridCore::isSelected(int row, int col) const {
     return std::any_of(selection_.begin(), selection_.end(),
                        [&](const CellRange& range) { return range.contains(row, col); });
 }
 
-bool CGXGridCore::isRowSelected(int row) const {
+bool CGridCore::isRowSelected(int row) const {
     return std::any_of(selection_.begin(), selection_.end(), [&](const CellRange& range) {
         return range.wholeRows() && row >= range.top && row <= range.bottom;
     });
 }
 
-void CGXGridCore::selectRange(const CellRange& range) {
+void CGridCore::selectRange(const CellRange& range) {
     for (const CellRange& old : selection_)
         cellsChanged(old);
     selection_.assign(1, range);
@@ -69,14 +69,14 @@ void CGXGridCore::selectRange(const CellRange& range) {
     selectionChanged();
 }
 
-void CGXGridCore::addSelection(const CellRange& range) {
+void CGridCore::addSelection(const CellRange& range) {
     selection_.push_back(range);
     cellsChanged(range);
     selectionMoved();
     selectionChanged();
 }
 
-void CGXGridCore::clearSelection() {
+void CGridCore::clearSelection() {
     if (selection_.empty())
         return;
     for (const CellRange& old : selection_)
@@ -86,7 +86,7 @@ void CGXGridCore::clearSelection() {
     selectionChanged();
 }
 
-void CGXGridCore::sortRows(int col, const SortRule& rule) {
+void CGridCore::sortRows(int col, const SortRule& rule) {
     if (!exists(1, col) || !leaveCell())
         return;
     readyAll();
@@ -106,7 +106,7 @@ void CGXGridCore::sortRows(int col, const SortRule& rule) {
     rowsSorted(col);
 }
 
-void CGXGridCore::sortByHeader(int col) {
+void CGridCore::sortByHeader(int col) {
     if (rowCount() < 2 || col < 1 || col > colCount() || !leaveCell())
         return;
     readyAll();
@@ -125,7 +125,7 @@ void CGXGridCore::sortByHeader(int col) {
     setCurrentCell(1, col);
 }
 
-std::vector<int> CGXGridCore::visibleCols(const CellRange& range) const {
+std::vector<int> CGridCore::visibleCols(const CellRange& range) const {
     std::vector<int> cols;
     for (int col = std::max(range.left, 1); col <= std::min(range.right, colCount()); ++col)
         if (isColVisible(col))
@@ -133,7 +133,7 @@ std::vector<int> CGXGridCore::visibleCols(const CellRange& range) const {
     return cols;
 }
 
-std::vector<int> CGXGridCore::visibleRows(const CellRange& range) const {
+std::vector<int> CGridCore::visibleRows(const CellRange& range) const {
     std::vector<int> rows;
     for (int row = std::max(range.top, 1); row <= std::min(range.bottom, rowCount()); ++row)
         if (!isRowHidden(row))
@@ -141,7 +141,7 @@ std::vector<int> CGXGridCore::visibleRows(const CellRange& range) const {
     return rows;
 }
 
-QString CGXGridCore::selectedText() const {
+QString CGridCore::selectedText() const {
     CellRange range;
     std::vector<int> rows = selectedRows();
     if (!selection_.empty())
@@ -165,8 +165,8 @@ QString CGXGridCore::selectedText() const {
 
 /// The part of the range that the table covers when it is laid on the range's corner: all of it
 /// when the table fits a whole number of times, else what one copy reaches.
-CGXGridCore::PasteArea CGXGridCore::pasteArea(CellRange range, std::size_t height,
-                                              std::size_t width) const {
+CGridCore::PasteArea CGridCore::pasteArea(CellRange range, std::size_t height,
+                                          std::size_t width) const {
     PasteArea area{visibleRows(range), visibleCols(range)};
     if (area.rows.empty() || area.cols.empty())
         return {};
@@ -179,7 +179,7 @@ CGXGridCore::PasteArea CGXGridCore::pasteArea(CellRange range, std::size_t heigh
     return area;
 }
 
-void CGXGridCore::pasteText(const QString& text) {
+void CGridCore::pasteText(const QString& text) {
     const TextTable table = fromTabText(text);
     std::size_t width = 0;
     for (const auto& line : table)
@@ -217,7 +217,7 @@ void CGXGridCore::pasteText(const QString& text) {
         pasteFinished(*pasted);
 }
 
-void CGXGridCore::fill(int sourceRow, const CellRange& range) {
+void CGridCore::fill(int sourceRow, const CellRange& range) {
     if (!leaveCell())
         return;
     const std::vector<int> cols = visibleCols(range);
@@ -227,7 +227,7 @@ void CGXGridCore::fill(int sourceRow, const CellRange& range) {
         fillFinished({sourceRow, cols.front()}, range);
 }
 
-void CGXGridCore::autoFillFinished(CellPos source, const CellRange& range) {
+void CGridCore::autoFillFinished(CellPos source, const CellRange& range) {
     const RedrawLock lock(*this);
     const QString text = this->text(source.row, source.col);
     if (text.isEmpty())

@@ -1,6 +1,6 @@
-// CGXGridWnd: the keyboard and the context menu.
+// CGridWnd: the keyboard and the context menu.
 
-#include "grid/cgx_grid_wnd.h"
+#include "grid/grid_window.h"
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
@@ -18,16 +18,16 @@ constexpr int widthStep = 5;
 
 } // namespace
 
-bool CGXGridWnd::focusNextPrevChild(bool) {
+bool CGridWnd::focusNextPrevChild(bool) {
     return false;
 }
 
-int CGXGridWnd::pageRows() const {
+int CGridWnd::pageRows() const {
     return std::max(1,
                     (viewport()->height() - geometry_.headerHeight()) / geometry_.rowHeight() - 1);
 }
 
-CellPos CGXGridWnd::moved(CellPos from, int rows, int cols) const {
+CellPos CGridWnd::moved(CellPos from, int rows, int cols) const {
     const int count = store().shownCount();
     const int position = std::clamp(store().shownPosition(from.row) + rows, 0, count - 1);
     int col = from.col;
@@ -40,7 +40,7 @@ CellPos CGXGridWnd::moved(CellPos from, int rows, int cols) const {
     return {store().shownRow(position), col};
 }
 
-void CGXGridWnd::moveTo(CellPos pos, bool extend) {
+void CGridWnd::moveTo(CellPos pos, bool extend) {
     const auto current = currentCell();
     if (!extend || !current) {
         const RowKey key = rowKey(pos.row);
@@ -55,7 +55,7 @@ void CGXGridWnd::moveTo(CellPos pos, bool extend) {
     selectRange(CellRange::between(*current, pos));
 }
 
-bool CGXGridWnd::moveBy(int rows, int cols) {
+bool CGridWnd::moveBy(int rows, int cols) {
     if (store().shownCount() == 0 || firstCol() == 0)
         return false;
     const auto current = currentCell();
@@ -68,7 +68,7 @@ bool CGXGridWnd::moveBy(int rows, int cols) {
 }
 
 /// Along the row, then on to the next row; out of the grid behind the last cell.
-bool CGXGridWnd::moveOn(int step) {
+bool CGridWnd::moveOn(int step) {
     const auto current = currentCell();
     if (!current || store().shownCount() == 0)
         return QAbstractScrollArea::focusNextPrevChild(step > 0);
@@ -83,7 +83,7 @@ bool CGXGridWnd::moveOn(int step) {
     return true;
 }
 
-void CGXGridWnd::keyPressEvent(QKeyEvent* event) {
+void CGridWnd::keyPressEvent(QKeyEvent* event) {
     if (validating())
         return;
     if (keyPressed(event) || gridKey(event))
@@ -92,7 +92,7 @@ void CGXGridWnd::keyPressEvent(QKeyEvent* event) {
         event->ignore();
 }
 
-bool CGXGridWnd::moveKey(QKeyEvent* event) {
+bool CGridWnd::moveKey(QKeyEvent* event) {
     const bool control = event->modifiers().testFlag(Qt::ControlModifier);
     const bool extend = event->modifiers().testFlag(Qt::ShiftModifier);
     constexpr int far = 1 << 28;
@@ -137,7 +137,7 @@ bool CGXGridWnd::moveKey(QKeyEvent* event) {
     return true;
 }
 
-bool CGXGridWnd::controlKey(QKeyEvent* event) {
+bool CGridWnd::controlKey(QKeyEvent* event) {
     if (event->matches(QKeySequence::Copy)) {
         copy();
     } else if (event->matches(QKeySequence::Paste)) {
@@ -178,7 +178,7 @@ bool CGXGridWnd::controlKey(QKeyEvent* event) {
     return true;
 }
 
-bool CGXGridWnd::gridKey(QKeyEvent* event) {
+bool CGridWnd::gridKey(QKeyEvent* event) {
     const bool alt = event->modifiers().testFlag(Qt::AltModifier);
     const bool shift = event->modifiers().testFlag(Qt::ShiftModifier);
     if (controlKey(event))
@@ -230,7 +230,7 @@ bool CGXGridWnd::gridKey(QKeyEvent* event) {
     return typed && openEditor(Start::Empty, event->text());
 }
 
-void CGXGridWnd::clearSelected() {
+void CGridWnd::clearSelected() {
     if (!currentCell() && selection().empty())
         return;
     std::vector<CellRange> ranges = selection();
@@ -249,12 +249,12 @@ void CGXGridWnd::clearSelected() {
     pasteFinished(clipped(cleared));
 }
 
-void CGXGridWnd::selectAll() {
+void CGridWnd::selectAll() {
     if (leaveCell() && rowCount() > 0)
         selectRows(1, rowCount());
 }
 
-void CGXGridWnd::fillDown() {
+void CGridWnd::fillDown() {
     if (selection().empty() || selection().back().wholeRows())
         return;
     const CellRange range = selection().back().within({1, 1, rowCount(), colCount()});
@@ -262,12 +262,12 @@ void CGXGridWnd::fillDown() {
         fill(range.top, range);
 }
 
-void CGXGridWnd::activate() {
+void CGridWnd::activate() {
     if (const auto current = currentCell(); current && leaveCell())
         doubleClick(current->row, current->col);
 }
 
-void CGXGridWnd::contextMenuEvent(QContextMenuEvent* event) {
+void CGridWnd::contextMenuEvent(QContextMenuEvent* event) {
     if (!leaveCell())
         return;
     QPoint place = event->globalPos();

@@ -1,4 +1,4 @@
-#include "grid/cgx_grid_core.h"
+#include "grid/grid_core.h"
 
 #include "grid/choice_list.h"
 
@@ -17,7 +17,7 @@ constexpr int smallestSize = 15;
 
 } // namespace
 
-CGXGridCore::CGXGridCore()
+CGridCore::CGridCore()
     : widths_{defaultRowHeaderWidth}, rowHeight_(defaultRowHeight),
       sortFlags_(std::make_shared<SortFlags>()) {
     CellStyle header;
@@ -26,9 +26,9 @@ CGXGridCore::CGXGridCore()
     store_.setStyle(0, 0, styles_.find(header));
 }
 
-CGXGridCore::~CGXGridCore() = default;
+CGridCore::~CGridCore() = default;
 
-void CGXGridCore::InsertRows(int before, int count) {
+void CGridCore::InsertRows(int before, int count) {
     const auto key = current_ ? std::optional(store_.keyOf(current_->row)) : std::nullopt;
     store_.insertRows(std::clamp(before, 1, rowCount() + 1), count);
     selection_.clear();
@@ -36,7 +36,7 @@ void CGXGridCore::InsertRows(int before, int count) {
     followCurrent(key);
 }
 
-void CGXGridCore::InsertCols(int before, int count) {
+void CGridCore::InsertCols(int before, int count) {
     const int at = std::clamp(before, 1, colCount() + 1);
     store_.insertCols(at, count);
     widths_.insert(widths_.begin() + at, static_cast<std::size_t>(count), defaultColWidth);
@@ -49,14 +49,14 @@ void CGXGridCore::InsertCols(int before, int count) {
         setCurrent(CellPos{current_->row, current_->col + count});
 }
 
-void CGXGridCore::RemoveRows(int first, int final) {
+void CGridCore::RemoveRows(int first, int final) {
     std::vector<int> rows;
     for (int row = std::max(first, 1); row <= std::min(final, rowCount()); ++row)
         rows.push_back(row);
     removeRowList(std::move(rows));
 }
 
-void CGXGridCore::removeRowList(std::vector<int> rows) {
+void CGridCore::removeRowList(std::vector<int> rows) {
     std::sort(rows.begin(), rows.end());
     rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
     std::erase_if(rows, [&](int row) { return row < 1 || row > rowCount(); });
@@ -77,42 +77,42 @@ void CGXGridCore::removeRowList(std::vector<int> rows) {
     }
 }
 
-void CGXGridCore::followCurrent(std::optional<RowKey> key) {
+void CGridCore::followCurrent(std::optional<RowKey> key) {
     if (key && current_)
         current_->row = store_.rowOf(*key);
 }
 
-void CGXGridCore::HideRows(int first, int final, bool hide) {
+void CGridCore::HideRows(int first, int final, bool hide) {
     for (int row = std::max(first, 0); row <= std::min(final, rowCount()); ++row)
         store_.hideRow(row, hide);
     layoutChanged();
 }
 
-void CGXGridCore::HideCols(int first, int final, bool hide) {
+void CGridCore::HideCols(int first, int final, bool hide) {
     for (int col = std::max(first, 0); col <= std::min(final, colCount()); ++col)
         store_.hideCol(col, hide);
     layoutChanged();
 }
 
-void CGXGridCore::SetColWidth(int first, int final, int width) {
+void CGridCore::SetColWidth(int first, int final, int width) {
     for (int col = std::max(first, 0); col <= std::min(final, colCount()); ++col)
         widths_[static_cast<std::size_t>(col)] = limitColWidth(col, width);
     layoutChanged();
 }
 
-void CGXGridCore::setRowHeight(int height) {
+void CGridCore::setRowHeight(int height) {
     rowHeight_ = limitRowHeight(height);
     layoutChanged();
 }
 
-void CGXGridCore::deferRows(int first, int final) {
+void CGridCore::deferRows(int first, int final) {
     const CellRange area = clipped(CellRange::rows(std::max(first, 1), final));
     for (int row = area.top; row <= area.bottom; ++row)
         store_.deferRow(row);
     cellsChanged(area);
 }
 
-void CGXGridCore::fillDeferred(int row) {
+void CGridCore::fillDeferred(int row) {
     if (!store_.undeferRow(row))
         return;
     // The row was announced as changed when it was deferred, and it may be painted right now.
@@ -125,12 +125,12 @@ void CGXGridCore::fillDeferred(int row) {
     layoutStale_ = layout;
 }
 
-void CGXGridCore::readyAll() const {
+void CGridCore::readyAll() const {
     for (int row = 1; row <= rowCount() && store_.hasDeferredRows(); ++row)
         ready(row);
 }
 
-QString CGXGridCore::text(int row, int col) const {
+QString CGridCore::text(int row, int col) const {
     if (!exists(row, col))
         return {};
     ready(row);
@@ -138,7 +138,7 @@ QString CGXGridCore::text(int row, int col) const {
     return col == 0 && row > 0 && stored.isEmpty() ? QString::number(row) : stored;
 }
 
-void CGXGridCore::setText(int row, int col, const QString& text, Redraw redraw) {
+void CGridCore::setText(int row, int col, const QString& text, Redraw redraw) {
     if (!exists(row, col))
         return;
     ready(row);
@@ -147,11 +147,11 @@ void CGXGridCore::setText(int row, int col, const QString& text, Redraw redraw) 
         cellsChanged(CellRange::cell(row, col));
 }
 
-CellRange CGXGridCore::clipped(const CellRange& range) const {
+CellRange CGridCore::clipped(const CellRange& range) const {
     return range.within({0, 0, rowCount(), colCount()});
 }
 
-void CGXGridCore::restyle(const CellRange& range, const StyleChange& change) {
+void CGridCore::restyle(const CellRange& range, const StyleChange& change) {
     std::map<StyleId, StyleId> merged;
     for (int col = range.left; col <= range.right; ++col) {
         for (int row = range.top; row <= range.bottom; ++row) {
@@ -167,7 +167,7 @@ void CGXGridCore::restyle(const CellRange& range, const StyleChange& change) {
     }
 }
 
-void CGXGridCore::SetStyleRange(const CellRange& range, const StyleChange& change, Redraw redraw) {
+void CGridCore::SetStyleRange(const CellRange& range, const StyleChange& change, Redraw redraw) {
     const CellRange area = clipped(range);
     if (area.empty())
         return;
@@ -183,7 +183,7 @@ void CGXGridCore::SetStyleRange(const CellRange& range, const StyleChange& chang
         cellsChanged(area);
 }
 
-void CGXGridCore::setColStyle(int col, const StyleChange& change) {
+void CGridCore::setColStyle(int col, const StyleChange& change) {
     if (col < 0 || col > colCount())
         return;
     CellStyle next = styles_.at(store_.columnStyle(col));
@@ -192,30 +192,30 @@ void CGXGridCore::setColStyle(int col, const StyleChange& change) {
     cellsChanged(CellRange::column(col));
 }
 
-const CellStyle& CGXGridCore::cellStyle(int row, int col) const {
+const CellStyle& CGridCore::cellStyle(int row, int col) const {
     ready(row);
     return styles_.at(store_.styleOf(row, col));
 }
 
-bool CGXGridCore::exists(int row, int col) const {
+bool CGridCore::exists(int row, int col) const {
     return row >= 0 && row <= rowCount() && col >= 0 && col <= colCount();
 }
 
-bool CGXGridCore::isEditable(int row, int col) const {
+bool CGridCore::isEditable(int row, int col) const {
     if (row < 1 || col < 1 || !exists(row, col))
         return false;
     const CellStyle& look = cellStyle(row, col);
     return look.enabled && !look.readOnly;
 }
 
-int CGXGridCore::nextCol(int col, int step) const {
+int CGridCore::nextCol(int col, int step) const {
     for (int next = col + step; next >= 1 && next <= colCount(); next += step)
         if (isColVisible(next))
             return next;
     return 0;
 }
 
-bool CGXGridCore::validate(int row, int col, const QString& text) {
+bool CGridCore::validate(int row, int col, const QString& text) {
     if (validating_)
         return false;
     validating_ = true;
@@ -224,7 +224,7 @@ bool CGXGridCore::validate(int row, int col, const QString& text) {
     return accepted;
 }
 
-bool CGXGridCore::commitText(int row, int col, const QString& text) {
+bool CGridCore::commitText(int row, int col, const QString& text) {
     const RowKey key = rowKey(row);
     if (!validate(row, col, text))
         return false;
@@ -237,7 +237,7 @@ bool CGXGridCore::commitText(int row, int col, const QString& text) {
     return true;
 }
 
-bool CGXGridCore::takes(int row, int col, const QString& text) const {
+bool CGridCore::takes(int row, int col, const QString& text) const {
     if (!isEditable(row, col))
         return false;
     const CellStyle& look = cellStyle(row, col);
@@ -248,7 +248,7 @@ bool CGXGridCore::takes(int row, int col, const QString& text) const {
     return true;
 }
 
-void CGXGridCore::unlockRedraw() {
+void CGridCore::unlockRedraw() {
     if (locks_ == 0 || --locks_ > 0)
         return;
     if (std::exchange(layoutStale_, false))
@@ -257,83 +257,83 @@ void CGXGridCore::unlockRedraw() {
         cellsChanged({0, 0, CellRange::last, CellRange::last});
 }
 
-void CGXGridCore::cellsChanged(const CellRange&) {
+void CGridCore::cellsChanged(const CellRange&) {
     cellsStale_ = redrawLocked();
 }
 
-void CGXGridCore::layoutChanged() {
+void CGridCore::layoutChanged() {
     layoutStale_ = redrawLocked();
 }
 
-void CGXGridCore::structureChanged() {
+void CGridCore::structureChanged() {
     layoutChanged();
 }
 
-void CGXGridCore::scrollTo(int, int) {}
+void CGridCore::scrollTo(int, int) {}
 
-void CGXGridCore::selectionMoved() {}
+void CGridCore::selectionMoved() {}
 
-void CGXGridCore::currentMovedFrom(std::optional<CellPos>) {}
+void CGridCore::currentMovedFrom(std::optional<CellPos>) {}
 
-int CGXGridCore::limitColWidth(int, int width) const {
+int CGridCore::limitColWidth(int, int width) const {
     return std::max(width, smallestSize);
 }
 
-int CGXGridCore::limitRowHeight(int height) const {
+int CGridCore::limitRowHeight(int height) const {
     return std::max(height, smallestSize);
 }
 
-bool CGXGridCore::canResizeCol(int) const {
+bool CGridCore::canResizeCol(int) const {
     return true;
 }
 
-void CGXGridCore::colResized(int) {}
+void CGridCore::colResized(int) {}
 
-void CGXGridCore::dropDownEntered(int, int) {}
+void CGridCore::dropDownEntered(int, int) {}
 
-bool CGXGridCore::validateCell(int, int, const QString&) {
+bool CGridCore::validateCell(int, int, const QString&) {
     return true;
 }
 
-void CGXGridCore::cellTextModified(int, int) {}
+void CGridCore::cellTextModified(int, int) {}
 
-void CGXGridCore::cellCommitted(int, int, const QString&) {}
+void CGridCore::cellCommitted(int, int, const QString&) {}
 
-void CGXGridCore::editCancelled(int, int) {}
+void CGridCore::editCancelled(int, int) {}
 
-void CGXGridCore::pasteCell(int row, int col, const QString& text) {
+void CGridCore::pasteCell(int row, int col, const QString& text) {
     if (takes(row, col, text))
         setText(row, col, text);
 }
 
-void CGXGridCore::pasteFinished(const CellRange&) {}
+void CGridCore::pasteFinished(const CellRange&) {}
 
-void CGXGridCore::fillFinished(CellPos, const CellRange&) {}
+void CGridCore::fillFinished(CellPos, const CellRange&) {}
 
-bool CGXGridCore::leftClick(int row, int col) {
+bool CGridCore::leftClick(int row, int col) {
     if (row != 0 || col < 1)
         return false;
     sortByHeader(col);
     return true;
 }
 
-bool CGXGridCore::doubleClick(int, int) {
+bool CGridCore::doubleClick(int, int) {
     return false;
 }
 
-bool CGXGridCore::keyPressed(QKeyEvent*) {
+bool CGridCore::keyPressed(QKeyEvent*) {
     return false;
 }
 
-void CGXGridCore::currentCellMoved(int, int) {}
+void CGridCore::currentCellMoved(int, int) {}
 
-void CGXGridCore::selectionChanged() {}
+void CGridCore::selectionChanged() {}
 
-void CGXGridCore::rowsSorted(int) {}
-void CGXGridCore::fillRow(int) {}
-void CGXGridCore::menuOpening(QMenu&) {}
+void CGridCore::rowsSorted(int) {}
+void CGridCore::fillRow(int) {}
+void CGridCore::menuOpening(QMenu&) {}
 
-SortRule CGXGridCore::sortRule(int) const {
+SortRule CGridCore::sortRule(int) const {
     return {};
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
-// The spreadsheet control. It is a CGXGridCore with a window: it paints the cells itself, opens the
+// The spreadsheet control. It is a CGridCore with a window: it paints the cells itself, opens the
 // editors and turns keys and the mouse into the core's operations and events. Derive from it and
-// override the events of CGXGridCore.
+// override the events of CGridCore.
 //
 //     auto* grid = new PriceGrid(dialog);
 //     grid->setAccessibleName(tr("Prices"));
@@ -26,7 +26,7 @@
 // when the text was typed over the cell.
 
 #include "grid/cell_editor.h"
-#include "grid/cgx_grid_core.h"
+#include "grid/grid_core.h"
 #include "grid/grid_geometry.h"
 #include "grid/grid_painter.h"
 
@@ -38,12 +38,12 @@ class QPrinter;
 
 namespace partwright::grid {
 
-class CGXGridWnd : public QAbstractScrollArea, public CGXGridCore, private EditorHost {
+class CGridWnd : public QAbstractScrollArea, public CGridCore, private EditorHost {
     Q_OBJECT
 
 public:
-    explicit CGXGridWnd(QWidget* parent = nullptr);
-    ~CGXGridWnd() override;
+    explicit CGridWnd(QWidget* parent = nullptr);
+    ~CGridWnd() override;
 
     // Editing
     /// Opens the editor of the current cell, as F2 does. False when it cannot be edited.

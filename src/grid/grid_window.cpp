@@ -1,4 +1,4 @@
-#include "grid/cgx_grid_wnd.h"
+#include "grid/grid_window.h"
 
 #include "grid/grid_accessible.h"
 #include "grid/grid_print.h"
@@ -37,7 +37,7 @@ int scaled(int size, double zoom) {
 
 } // namespace
 
-CGXGridWnd::CGXGridWnd(QWidget* parent)
+CGridWnd::CGridWnd(QWidget* parent)
     : QAbstractScrollArea(parent), geometry_(store()), painter_(*this, geometry_) {
     installGridAccessibility();
     setFocusPolicy(Qt::StrongFocus);
@@ -47,13 +47,13 @@ CGXGridWnd::CGXGridWnd(QWidget* parent)
     relayout();
 }
 
-CGXGridWnd::~CGXGridWnd() = default;
+CGridWnd::~CGridWnd() = default;
 
-QSize CGXGridWnd::sizeHint() const {
+QSize CGridWnd::sizeHint() const {
     return {hintWidth, geometry_.headerHeight() + hintRows * geometry_.rowHeight()};
 }
 
-QFont CGXGridWnd::zoomedFont() const {
+QFont CGridWnd::zoomedFont() const {
     QFont result = font();
     if (result.pointSizeF() > 0)
         result.setPointSizeF(result.pointSizeF() * zoom_);
@@ -62,7 +62,7 @@ QFont CGXGridWnd::zoomedFont() const {
     return result;
 }
 
-void CGXGridWnd::relayout() {
+void CGridWnd::relayout() {
     painter_.setLook(zoomedFont(), palette());
     const int line = painter_.texts().lineHeight();
     geometry_.setHeights(std::max(scaled(rowHeight(), zoom_), line + 8),
@@ -80,7 +80,7 @@ void CGXGridWnd::relayout() {
     viewport()->update();
 }
 
-void CGXGridWnd::updateScrollBars() {
+void CGridWnd::updateScrollBars() {
     const QSize content = geometry_.contentSize();
     const QSize page(viewport()->width() - geometry_.rowHeaderWidth(),
                      viewport()->height() - geometry_.headerHeight());
@@ -93,8 +93,8 @@ void CGXGridWnd::updateScrollBars() {
     geometry_.setOffset({horizontalScrollBar()->value(), verticalScrollBar()->value()});
 }
 
-void CGXGridWnd::cellsChanged(const CellRange& range) {
-    CGXGridCore::cellsChanged(range);
+void CGridWnd::cellsChanged(const CellRange& range) {
+    CGridCore::cellsChanged(range);
     if (redrawLocked())
         return;
     if (range.left == 0)
@@ -106,13 +106,13 @@ void CGXGridWnd::cellsChanged(const CellRange& range) {
         viewport()->update(area);
 }
 
-void CGXGridWnd::layoutChanged() {
-    CGXGridCore::layoutChanged();
+void CGridWnd::layoutChanged() {
+    CGridCore::layoutChanged();
     if (!redrawLocked())
         relayout();
 }
 
-void CGXGridWnd::structureChanged() {
+void CGridWnd::structureChanged() {
     lead_.reset();
     endDrag();
     if (edit_)
@@ -126,7 +126,7 @@ void CGXGridWnd::structureChanged() {
     }
 }
 
-void CGXGridWnd::scrollTo(int row, int col) {
+void CGridWnd::scrollTo(int row, int col) {
     if (redrawLocked())
         relayout();
     const QRect cell = geometry_.cellRect(row, col);
@@ -144,7 +144,7 @@ void CGXGridWnd::scrollTo(int row, int col) {
            viewport()->width());
 }
 
-void CGXGridWnd::updateCurrentArea(CellPos pos) {
+void CGridWnd::updateCurrentArea(CellPos pos) {
     viewport()->update(geometry_.cellRect(pos.row, pos.col)
                            .adjusted(-frameReach, -frameReach, frameReach, frameReach));
     viewport()->update(geometry_.cellRect(pos.row, 0));
@@ -152,7 +152,7 @@ void CGXGridWnd::updateCurrentArea(CellPos pos) {
 }
 
 /// The headers show what is selected, and the fill handle comes and goes.
-void CGXGridWnd::selectionMoved() {
+void CGridWnd::selectionMoved() {
     viewport()->update(0, 0, geometry_.rowHeaderWidth(), viewport()->height());
     viewport()->update(0, 0, viewport()->width(), geometry_.headerHeight());
     if (const auto current = currentCell())
@@ -160,7 +160,7 @@ void CGXGridWnd::selectionMoved() {
     updateHandleArea();
 }
 
-void CGXGridWnd::updateHandleArea() {
+void CGridWnd::updateHandleArea() {
     if (selection().empty())
         return;
     const QRect area = geometry_.rangeRect(selection().back());
@@ -168,7 +168,7 @@ void CGXGridWnd::updateHandleArea() {
                            .adjusted(-frameReach, -frameReach, frameReach, frameReach));
 }
 
-void CGXGridWnd::currentMovedFrom(std::optional<CellPos> before) {
+void CGridWnd::currentMovedFrom(std::optional<CellPos> before) {
     lead_.reset();
     updateHandleArea();
     if (before)
@@ -179,7 +179,7 @@ void CGXGridWnd::currentMovedFrom(std::optional<CellPos> before) {
     }
 }
 
-PaintState CGXGridWnd::paintState() const {
+PaintState CGridWnd::paintState() const {
     PaintState state;
     state.focused = hasFocus() || edit_.has_value();
     state.edited = editedCell();
@@ -188,19 +188,19 @@ PaintState CGXGridWnd::paintState() const {
     return state;
 }
 
-void CGXGridWnd::paintEvent(QPaintEvent* event) {
+void CGridWnd::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     const PaintState state = paintState();
     for (const QRect& area : event->region())
         painter_.paint(painter, area, state);
 }
 
-void CGXGridWnd::resizeEvent(QResizeEvent*) {
+void CGridWnd::resizeEvent(QResizeEvent*) {
     updateScrollBars();
     placeEditor();
 }
 
-void CGXGridWnd::scrollContentsBy(int dx, int dy) {
+void CGridWnd::scrollContentsBy(int dx, int dy) {
     geometry_.setOffset({horizontalScrollBar()->value(), verticalScrollBar()->value()});
     const QRect all = viewport()->rect();
     if (edit_) {
@@ -215,14 +215,14 @@ void CGXGridWnd::scrollContentsBy(int dx, int dy) {
     }
 }
 
-void CGXGridWnd::changeEvent(QEvent* event) {
+void CGridWnd::changeEvent(QEvent* event) {
     QAbstractScrollArea::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange ||
         event->type() == QEvent::StyleChange)
         relayout();
 }
 
-void CGXGridWnd::focusInEvent(QFocusEvent* event) {
+void CGridWnd::focusInEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusInEvent(event);
     if (edit_)
         edit_->editor->setFocus(event->reason());
@@ -232,13 +232,13 @@ void CGXGridWnd::focusInEvent(QFocusEvent* event) {
     }
 }
 
-void CGXGridWnd::focusOutEvent(QFocusEvent* event) {
+void CGridWnd::focusOutEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusOutEvent(event);
     if (const auto current = currentCell())
         updateCurrentArea(*current);
 }
 
-void CGXGridWnd::setZoom(double zoom) {
+void CGridWnd::setZoom(double zoom) {
     const double next = std::clamp(zoom, smallestZoom, largestZoom);
     if (next == zoom_)
         return;
@@ -248,7 +248,7 @@ void CGXGridWnd::setZoom(double zoom) {
     verticalScrollBar()->setValue(top * geometry_.rowHeight());
 }
 
-void CGXGridWnd::wheelEvent(QWheelEvent* event) {
+void CGridWnd::wheelEvent(QWheelEvent* event) {
     if (!event->modifiers().testFlag(Qt::ControlModifier)) {
         QAbstractScrollArea::wheelEvent(event);
         return;
@@ -259,7 +259,7 @@ void CGXGridWnd::wheelEvent(QWheelEvent* event) {
     event->accept();
 }
 
-void CGXGridWnd::fitColWidth(int col) {
+void CGridWnd::fitColWidth(int col) {
     int widest = 0;
     qsizetype longest = 0;
     for (int row = 0; row <= rowCount(); ++row) {
@@ -274,7 +274,7 @@ void CGXGridWnd::fitColWidth(int col) {
     colResized(col);
 }
 
-CellRange CGXGridWnd::fillSource() const {
+CellRange CGridWnd::fillSource() const {
     const auto current = currentCell();
     if (!current || edit_)
         return {};
@@ -287,7 +287,7 @@ CellRange CGXGridWnd::fillSource() const {
     return range;
 }
 
-QRect CGXGridWnd::fillHandleRect() const {
+QRect CGridWnd::fillHandleRect() const {
     const CellRange source = fillSource();
     if (source.empty() || rowCount() < 2 || !isEditable(source.top, source.left))
         return {};
@@ -297,12 +297,12 @@ QRect CGXGridWnd::fillHandleRect() const {
     return {area.right() - handleSize / 2, area.bottom() - handleSize / 2, handleSize, handleSize};
 }
 
-std::optional<CellPos> CGXGridWnd::cellAt(QPoint place) const {
+std::optional<CellPos> CGridWnd::cellAt(QPoint place) const {
     const CellPos pos{geometry_.rowAt(place.y()), geometry_.colAt(place.x())};
     return pos.row < 0 || pos.col < 0 ? std::nullopt : std::optional(pos);
 }
 
-bool CGXGridWnd::showToolTip(QPoint place, QPoint global) {
+bool CGridWnd::showToolTip(QPoint place, QPoint global) {
     const int row = geometry_.rowAt(place.y());
     const int col = geometry_.colAt(place.x());
     if (row < 0 || col < 1 || cellStyle(row, col).kind == CellKind::CheckBox ||
@@ -317,7 +317,7 @@ bool CGXGridWnd::showToolTip(QPoint place, QPoint global) {
     return true;
 }
 
-bool CGXGridWnd::viewportEvent(QEvent* event) {
+bool CGridWnd::viewportEvent(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         const auto* help = static_cast<QHelpEvent*>(event);
         if (!showToolTip(help->pos(), help->globalPos()))
@@ -327,15 +327,15 @@ bool CGXGridWnd::viewportEvent(QEvent* event) {
     return QAbstractScrollArea::viewportEvent(event);
 }
 
-void CGXGridWnd::copy() const {
+void CGridWnd::copy() const {
     QGuiApplication::clipboard()->setText(selectedText());
 }
 
-void CGXGridWnd::paste() {
+void CGridWnd::paste() {
     pasteText(QGuiApplication::clipboard()->text());
 }
 
-void CGXGridWnd::printTo(QPrinter& printer) const {
+void CGridWnd::printTo(QPrinter& printer) const {
     std::vector<int> cols;
     for (int col = 0; col <= colCount(); ++col)
         if (isColVisible(col))
@@ -343,7 +343,7 @@ void CGXGridWnd::printTo(QPrinter& printer) const {
     printGrid(*this, store(), cols, printTitle_, font(), printer);
 }
 
-void CGXGridWnd::printPreview() {
+void CGridWnd::printPreview() {
     QPrinter printer(QPrinter::HighResolution);
     printer.setPageOrientation(QPageLayout::Landscape);
     printer.setDocName(printTitle_);
