@@ -1,4 +1,5 @@
 #include "library/rule_table.h"
+#include "support/places.h"
 #include "support/temp_folder.h"
 #include "validation/cell_check.h"
 #include "validation/validation_tables.h"
@@ -141,7 +142,7 @@ TEST(ValidationTables, ReadByNameAndReplaceByKey) {
 }
 
 TEST(ValidationTables, ShippedTablesAnswerEveryReference) {
-    const std::wstring folder = std::wstring(pathText(PARTWRIGHT_TABLES)) + L"/";
+    const std::wstring folder = std::wstring(pathText(places::tables)) + L"/";
     ValidationRules shipped;
     ThermalRules thermal;
     LoadValidationRules(folder + L"SDTALibraryValidationRules.csv", shipped);
