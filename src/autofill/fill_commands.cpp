@@ -13,6 +13,9 @@ namespace partwright {
 
 namespace {
 
+/// What stands in the notes of a part whose number the group library knew.
+constexpr std::wstring_view decodedMark = L"GLib";
+
 /// The designators of a part that the selection holds; null when it does not.
 const std::wstring* designatorsOf(const PartSelection& selection, std::wstring_view partNumber) {
     auto found = selection.find(partNumber);
@@ -22,10 +25,10 @@ const std::wstring* designatorsOf(const PartSelection& selection, std::wstring_v
 }
 
 template <class Record>
-void complete(const CPartwrightPlugInApp& app, const CompletionRules<Record>& rules,
-              Record& record) {
+void complete(const CPartwrightPlugInApp& app, const CompletionRules<Record>& rules, Record& record,
+              std::wstring_view told) {
     rules.update(record);
-    if (record.completed == 0 && applyDefaults(app, record))
+    if (record.completed == 0 && applyDefaults(app, record, told))
         rules.update(record);
 }
 
@@ -101,8 +104,8 @@ private:
                                                 Kind<Record>::method, record.Notes);
         std::copy_n(cells_.begin(), Kind<Record>::takenCells, record.LPar.begin());
         record.Manufacturer = part.manufacturer;
-        record.Notes += L"GLib";
-        complete(tools_.app, completion_, record);
+        record.Notes += decodedMark;
+        complete(tools_.app, completion_, record, scanned_.text());
     }
 
     const FillTools& tools_;
@@ -141,12 +144,15 @@ FillReport parseDescriptions(const FillTools& tools, const PartSelection& select
         const typename Kind<Record>::Row* row = completion.row(record.group, record.type);
         if (!row)
             continue;
-        scanned.assign(tools.rewrite(record.Description));
+        const std::wstring told = tools.rewrite(record.Description);
+        // What the number told of the part was more, and its defaults are there already.
+        const bool isDecoded = record.Notes.ends_with(decodedMark);
+        scanned.assign(told);
         tools.filler.FillParamsFromDescription(record.group, record.type, cells, scanned,
                                                Kind<Record>::method, record.Notes);
         takeEmpty(*row, cells, record);
         record.Notes += L"Descr";
-        complete(tools.app, completion, record);
+        complete(tools.app, completion, record, isDecoded ? std::wstring_view() : told);
         report.changed.push_back(key);
     }
     return report;

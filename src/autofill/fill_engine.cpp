@@ -1,5 +1,6 @@
 #include "autofill/fill_engine.h"
 
+#include "autofill/defaults.h"
 #include "library/small_tables.h"
 
 #include <utility>
@@ -150,6 +151,10 @@ FilledPart FillEngine::fillByWords(std::wstring_view designators,
                                    ? classifier().DetectGroupByWords(text)
                                    : classifier().DetectGroup(designators, text, true);
     return filled<Record>(group, text);
+}
+
+void FillEngine::applyDefaults(AsrComponent& record) const {
+    ApplyAsrDefaults(app_, record, rewritten(record.Description));
 }
 
 std::vector<std::wstring> FillEngine::needGroupLibrary() {

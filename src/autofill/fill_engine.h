@@ -78,6 +78,9 @@ public:
     [[nodiscard]] FilledPart fillByWords(std::wstring_view designators,
                                          std::wstring_view description) const;
 
+    /// Default values of a record, by its own description.
+    void applyDefaults(AsrComponent& record) const;
+
     /// The description of a part number as it stands. The group library is read at first use; what
     /// it has to say is among the messages.
     [[nodiscard]] PartDescription describe(std::wstring_view partNumber);

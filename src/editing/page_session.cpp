@@ -1,6 +1,5 @@
 #include "editing/page_session.h"
 
-#include "autofill/defaults.h"
 #include "core/cell_text.h"
 #include "core/text.h"
 #include "editing/component_table_session.h"
@@ -374,7 +373,7 @@ bool AsrPageSession::addMissingParts() {
         record.group = found.group;
         record.type = found.type;
         record.family = FamilyNumber(FamilyOfAsrGroup(record.group));
-        static_cast<void>(ApplyAsrDefaults(app_, record));
+        engine_.applyDefaults(record);
         app_.UpdateCompletion(record);
         designLibrary.insert_or_assign(record.PartNum, std::move(record));
         added = true;

@@ -1,6 +1,7 @@
 #include "library/small_tables.h"
 
 #include "core/library_kind.h"
+#include "core/text.h"
 #include "library/rule_table.h"
 
 #include <algorithm>
@@ -16,7 +17,9 @@ LoadResult loadDefaults(CPartwrightPlugInApp& app, const std::wstring& path) {
     std::vector<std::wstring> slots;
     for (std::size_t number = 1; number <= Kind<Record>::maximumColumns; ++number)
         slots.push_back(L"LPar" + std::to_wstring(number));
-    std::vector<std::wstring_view> columns{group, type};
+    constexpr std::wstring_view needs = L"Needs";
+    constexpr std::wstring_view unless = L"Unless";
+    std::vector<std::wstring_view> columns{group, type, needs, unless};
     columns.insert(columns.end(), slots.begin(), slots.end());
 
     auto& defaults = Kind<Record>::defaultLPar(app);
@@ -29,6 +32,8 @@ LoadResult loadDefaults(CPartwrightPlugInApp& app, const std::wstring& path) {
         if (!groupCode || !typeNumber)
             continue;
         Record record;
+        record.Description = upperCase(row.text(needs));
+        record.Notes = upperCase(row.text(unless));
         for (std::size_t i = 0; i < slots.size(); ++i)
             record.LPar[i] = row.text(slots[i]);
         defaults.insert_or_assign({*groupCode, *typeNumber}, std::move(record));

@@ -4,12 +4,14 @@
 #include "tablecheck/compiled_rules_check.h"
 #include "tablecheck/definition_tables.h"
 #include "tablecheck/group_library_check.h"
+#include "tablecheck/rule_meaning_check.h"
 
 namespace partwright {
 
 std::vector<TableFinding> checkTables(const CPartwrightPlugInApp& app, FillEngine& engine) {
     std::vector<TableFinding> all;
     checkCompiledRules(engine.tables(), all);
+    checkRuleMeanings(app, engine.tables(), all);
     checkGroupRules(app, all);
     checkTypeKeywords(app, engine.tables().units, all);
     checkDirectKeys(app, all);

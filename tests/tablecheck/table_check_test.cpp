@@ -234,7 +234,7 @@ TEST_F(TableCheck, DefinitionTables) {
         {defaults, "10,2,,,145", "1,1,TO-92", "1,1", "LPar1", "\"TO-92\" is not in the list"},
         {defaults, "10,2,,,145", "7,1,,,B", "7,1", "LPar3", "\"B\" is not in the list"},
         {defaults, "10,2,,,145", "11,38,,,,,Custom", "11,38", "LPar5", "is not in the list"},
-        {"ASR_Default_LPar.csv", "# Example", "16,1,,,,,,,Plus\n# Example", "16,1", "LPar7",
+        {"ASR_Default_LPar.csv", "\n21,1,", "\n16,1,,,,,,,,,Plus\n21,1,", "16,1", "LPar7",
          "\"Plus\" is not in the list"},
         {conversion, "\n14,1,2,4", "\n14,1,3,4", "14,1,3", "Family", "of family 2, \"IC\""},
         {conversion, "\n14,1,2,4", "\n14,1,99,4", "14,1,99", "Family", "no such family"},
