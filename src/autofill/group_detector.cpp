@@ -31,10 +31,7 @@ std::wstring designatorPrefix(std::wstring_view designator) {
     if (digit == designator.end())
         return {};
     const auto length = static_cast<std::size_t>(digit - designator.begin());
-    std::wstring prefix(trim(designator.substr(0, length)));
-    for (wchar_t& c : prefix)
-        c = upperCase(c);
-    return prefix;
+    return upperCase(trim(designator.substr(0, length)));
 }
 
 GroupDetector::GroupDetector(const CPartwrightPlugInApp& app) {
@@ -108,7 +105,10 @@ GroupDetector::Indices GroupDetector::spokenForByAll(std::wstring_view refDesLis
 
 std::int32_t GroupDetector::firstDescribed(const Indices& candidates, std::wstring_view description,
                                            bool byName) const {
-    const Indices matching = expressions_.matches(description);
+    // What the description says cannot change the answer.
+    if (!byName && candidates.size() == 1)
+        return groups_[candidates.front()].code;
+    const Indices& matching = expressions_.matches(description);
     for (const std::size_t index : candidates)
         if (describes(groups_[index].rules, groups_[index].excluding, matching))
             return groups_[index].code;
@@ -126,7 +126,7 @@ std::int32_t GroupDetector::DetectGroup(std::wstring_view refDesList, std::wstri
 }
 
 std::int32_t GroupDetector::DetectGroupByWords(std::wstring_view description) const {
-    const auto matching = expressions_.matches(description);
+    const Indices& matching = expressions_.matches(description);
     for (const Group& group : groups_)
         if (describes(group.words, group.excluding, matching))
             return group.code;
