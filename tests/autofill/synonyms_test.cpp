@@ -1,6 +1,7 @@
 #include "autofill/synonyms.h"
 #include "core/application.h"
 #include "core/encoding.h"
+#include "support/places.h"
 
 #include <gtest/gtest.h>
 
@@ -87,7 +88,7 @@ TEST(Synonyms, FaultyEntriesAreNamedAndMatchNothing) {
 
 TEST(Synonyms, TheShippedTableHasNoFaultyEntry) {
     CPartwrightPlugInApp app;
-    app.paths.programFolder = decodeLossy(PARTWRIGHT_TABLES "/");
+    app.paths.programFolder = decodeLossy(std::string(places::tables) + "/");
     SynonymTable table;
     ASSERT_EQ(LoadSynonyms(app.paths, table).status, FileStatus::Ok);
     EXPECT_GT(table.size(), 0U);

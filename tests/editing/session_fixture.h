@@ -7,6 +7,7 @@
 #include "core/text_file.h"
 #include "editing/component_table_session.h"
 #include "library/property_tables.h"
+#include "support/places.h"
 #include "support/scripted_prompt.h"
 #include "validation/validation_tables.h"
 
@@ -28,7 +29,7 @@ inline const CPartwrightPlugInApp& shippedApp() {
     static const auto app = [] {
         auto made = std::make_unique<CPartwrightPlugInApp>();
         made->paths.hostTool = 1;
-        made->paths.programFolder = withSeparator(pathText(PARTWRIGHT_TABLES));
+        made->paths.programFolder = withSeparator(pathText(places::tables));
         ResolveFilePaths(made->paths, L"/nowhere/");
         LoadGroupNames(made->paths, made->classifier, made->sdta);
         LoadSdtaProperties(made->paths, made->sdta);
