@@ -36,11 +36,14 @@ namespace {
 const CPartwrightPlugInApp& app() {
     static const CPartwrightPlugInApp loaded = [] {
         CPartwrightPlugInApp result;
-        result.programFolder = withSeparator(pathText(PARTWRIGHT_TABLES));
-        ResolveFilePaths(result, L"unused");
-        for (const auto load : {LoadSdtaProperties, LoadGroupNames, LoadManagementTable})
-            if (load(result).status != FileStatus::Ok)
-                differs("A table", result.programFolder);
+        result.paths.programFolder = withSeparator(pathText(PARTWRIGHT_TABLES));
+        ResolveFilePaths(result.paths, L"unused");
+        for (const LoadResult& table :
+             {LoadSdtaProperties(result.paths, result.sdta),
+              LoadGroupNames(result.paths, result.classifier, result.sdta),
+              LoadManagementTable(result.paths, result.classifier)})
+            if (table.status != FileStatus::Ok)
+                differs("A table", result.paths.programFolder);
         return result;
     }();
     return loaded;
@@ -54,8 +57,8 @@ const FillTables& tables() {
 const TypeKeywords& keywords() {
     static const TypeKeywords loaded = [] {
         TypeKeywords result;
-        if (LoadTypeKeywords(app(), result).status != FileStatus::Ok)
-            differs("A table", app().descrRulesSdtaTypesPath);
+        if (LoadTypeKeywords(app().paths, result).status != FileStatus::Ok)
+            differs("A table", app().paths.descrRulesSdtaTypesPath);
         return result;
     }();
     return loaded;
@@ -211,7 +214,7 @@ BENCHMARK(literalFlow)->Arg(500)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 void preparedFlow(benchmark::State& state) {
     const std::vector<Part> list = parts(static_cast<std::size_t>(state.range(0)));
-    const Classifier classifier(app(), keywords(), tables().units);
+    const Classifier classifier(app().classifier, keywords(), tables().units);
     const ParamFiller filler(tables(), app());
     Cells cells(24);
     std::wstring note;

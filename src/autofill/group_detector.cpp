@@ -34,7 +34,7 @@ std::wstring designatorPrefix(std::wstring_view designator) {
     return upperCase(trim(designator.substr(0, length)));
 }
 
-GroupDetector::GroupDetector(const CPartwrightPlugInApp& app) {
+GroupDetector::GroupDetector(const ClassifierTables& tables) {
     std::vector<std::wstring> expressions;
     std::map<std::wstring, std::size_t> known;
     // Valid as written is what counts; the text that runs is in capitals like the description.
@@ -47,21 +47,22 @@ GroupDetector::GroupDetector(const CPartwrightPlugInApp& app) {
         return place->second;
     };
     std::map<std::int32_t, Group> byCode;
-    for (const auto& [code, rule] : app.GroupRuleTable) {
+    for (const auto& [code, rule] : tables.GroupRuleTable) {
         Group& group = byCode[code];
         group.rules = prepare(rule.rules);
         group.excluding = prepare(rule.excluding);
         group.words = prepare(withoutCatchAll(rule.rules));
-        if (const auto name = app.groupNamesByCode.find(code); name != app.groupNamesByCode.end())
+        if (const auto name = tables.groupNamesByCode.find(code);
+            name != tables.groupNamesByCode.end())
             group.name = name->second;
     }
-    for (const auto& [code, prefixes] : app.GroupRefDesTable)
+    for (const auto& [code, prefixes] : tables.GroupRefDesTable)
         byCode.try_emplace(code);
     for (auto& [code, group] : byCode) {
         group.code = code;
         groups_.push_back(std::move(group));
-        const auto typical = app.GroupRefDesTable.find(code);
-        if (typical == app.GroupRefDesTable.end())
+        const auto typical = tables.GroupRefDesTable.find(code);
+        if (typical == tables.GroupRefDesTable.end())
             continue;
         for (const auto piece : split(typical->second, L',')) {
             const std::wstring prefix = upperCase(trim(piece));
