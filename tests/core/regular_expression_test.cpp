@@ -74,7 +74,7 @@ TEST(RegularExpression, BoundsWhatIsCompiled) {
         {L"a" + repeated(L"+?+", 1365), true},
         {L"(a)\\1" + repeated(L"??+", 1363), true},
         {L"a" + repeated(L"{1}+", 1000), false}, // the library doubles its states each time
-        {L"((a{100}){100}){100}", false}, // more states than the library allows
+        {L"((a{100}){100}){100}", false},        // more states than the library allows
         {L"a{99999999999999999999}", false},
         {L"a{1,99999999999999999999}", false},
         {L"(a)\\99999999999999999999", false},
