@@ -41,8 +41,8 @@ bool isMeant(const Record& row, std::wstring_view told) {
 }
 
 template <class Record>
-bool fillEmpty(const CPartwrightPlugInApp& app, Record& record, std::wstring_view told) {
-    const auto& table = Kind<Record>::defaultLPar(app);
+bool fillEmpty(const Definitions<Record>& definitions, Record& record, std::wstring_view told) {
+    const auto& table = definitions.defaultLPar;
     const auto row = table.find(GroupAndType(record.group, record.type));
     if (row == table.end())
         return false;
@@ -61,15 +61,15 @@ bool fillEmpty(const CPartwrightPlugInApp& app, Record& record, std::wstring_vie
 
 } // namespace
 
-bool ApplySdtaDefaults(const CPartwrightPlugInApp& app, SdtaComponent& record) {
-    const bool changed = fillEmpty(app, record, {});
+bool ApplySdtaDefaults(const Definitions<SdtaComponent>& definitions, SdtaComponent& record) {
+    const bool changed = fillEmpty(definitions, record, {});
     applyCodeNames(ColumnsOfSdtaGroup(record.group), record.group, record.LPar);
     return changed;
 }
 
-bool ApplyAsrDefaults(const CPartwrightPlugInApp& app, AsrComponent& record,
+bool ApplyAsrDefaults(const Definitions<AsrComponent>& definitions, AsrComponent& record,
                       std::wstring_view told) {
-    return fillEmpty(app, record, told);
+    return fillEmpty(definitions, record, told);
 }
 
 } // namespace partwright

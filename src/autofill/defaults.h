@@ -9,7 +9,7 @@
 //
 // A word counts in any case of letters where no other letter touches it, as in "4.7kohm".
 
-#include "core/application.h"
+#include "core/definitions.h"
 
 #include <string_view>
 
@@ -17,19 +17,19 @@ namespace partwright {
 
 /// True when a cell was filled. Package and load codes of the record then become names, whether or
 /// not there are defaults for its type.
-bool ApplySdtaDefaults(const CPartwrightPlugInApp& app, SdtaComponent& record);
+bool ApplySdtaDefaults(const Definitions<SdtaComponent>& definitions, SdtaComponent& record);
 /// `told` is a description of the part, rewritten by the synonyms.
-bool ApplyAsrDefaults(const CPartwrightPlugInApp& app, AsrComponent& record,
+bool ApplyAsrDefaults(const Definitions<AsrComponent>& definitions, AsrComponent& record,
                       std::wstring_view told);
 
 /// The one of the two for a kind of record, for code that serves both.
-inline bool applyDefaults(const CPartwrightPlugInApp& app, SdtaComponent& record,
+inline bool applyDefaults(const Definitions<SdtaComponent>& definitions, SdtaComponent& record,
                           std::wstring_view) {
-    return ApplySdtaDefaults(app, record);
+    return ApplySdtaDefaults(definitions, record);
 }
-inline bool applyDefaults(const CPartwrightPlugInApp& app, AsrComponent& record,
+inline bool applyDefaults(const Definitions<AsrComponent>& definitions, AsrComponent& record,
                           std::wstring_view told) {
-    return ApplyAsrDefaults(app, record, told);
+    return ApplyAsrDefaults(definitions, record, told);
 }
 
 } // namespace partwright

@@ -25,10 +25,10 @@ const std::wstring* designatorsOf(const PartSelection& selection, std::wstring_v
 }
 
 template <class Record>
-void complete(const CPartwrightPlugInApp& app, const CompletionRules<Record>& rules, Record& record,
-              std::wstring_view told) {
+void complete(const Definitions<Record>& definitions, const CompletionRules<Record>& rules,
+              Record& record, std::wstring_view told) {
     rules.update(record);
-    if (record.completed == 0 && applyDefaults(app, record, told))
+    if (record.completed == 0 && applyDefaults(definitions, record, told))
         rules.update(record);
 }
 
@@ -39,7 +39,7 @@ public:
     GroupLibraryWalk(const FillTools& tools, const Classifier& classifier,
                      GroupLibrary& groupLibrary, const PartSelection& selection)
         : tools_(tools), classifier_(classifier), groupLibrary_(groupLibrary),
-          selection_(selection), completion_(tools.app) {}
+          selection_(selection), completion_(tools.app.of<Record>()) {}
 
     FillReport run(typename Kind<Record>::Library& library) {
         for (auto& [key, record] : library)
@@ -80,12 +80,12 @@ private:
             return false;
         const std::wstring text = tools_.rewrite(part.description);
         std::int32_t group = classifier_.DetectGroup(*designators, text, true);
-        if (!tools_.app.groupNamesByCode.contains(group))
+        if (!tools_.app.classifier.groupNamesByCode.contains(group))
             return false;
         std::int32_t type = 0;
         classifier_.DetectType(Kind<SdtaComponent>::method, group, text, type);
         if (isAnalyses) {
-            group = analysesGroupOf(tools_.app, group);
+            group = analysesGroupOf(tools_.app.classifier, group);
             classifier_.DetectType(Kind<AsrComponent>::method, group, text, type);
         }
         if (group == 0)
@@ -105,7 +105,7 @@ private:
         std::copy_n(cells_.begin(), Kind<Record>::takenCells, record.LPar.begin());
         record.Manufacturer = part.manufacturer;
         record.Notes += decodedMark;
-        complete(tools_.app, completion_, record, scanned_.text());
+        complete(tools_.app.of<Record>(), completion_, record, scanned_.text());
     }
 
     const FillTools& tools_;
@@ -134,7 +134,7 @@ void takeEmpty(const typename Kind<Record>::Row& row,
 template <class Record>
 FillReport parseDescriptions(const FillTools& tools, const PartSelection& selection,
                              typename Kind<Record>::Library& library) {
-    const CompletionRules<Record> completion(tools.app);
+    const CompletionRules<Record> completion(tools.app.of<Record>());
     std::array<std::wstring, Kind<Record>::fillCells> cells;
     ScannedText scanned;
     FillReport report;
@@ -152,7 +152,8 @@ FillReport parseDescriptions(const FillTools& tools, const PartSelection& select
                                                Kind<Record>::method, record.Notes);
         takeEmpty(*row, cells, record);
         record.Notes += L"Descr";
-        complete(tools.app, completion, record, isDecoded ? std::wstring_view() : told);
+        complete(tools.app.of<Record>(), completion, record,
+                 isDecoded ? std::wstring_view() : told);
         report.changed.push_back(key);
     }
     return report;
@@ -160,12 +161,12 @@ FillReport parseDescriptions(const FillTools& tools, const PartSelection& select
 
 } // namespace
 
-std::int32_t analysesGroupOf(const CPartwrightPlugInApp& app, std::int32_t sdtaGroup) {
+std::int32_t analysesGroupOf(const ClassifierTables& tables, std::int32_t sdtaGroup) {
     constexpr std::int32_t unknownGroup = 1;
     constexpr std::int32_t movedGroup = 4;
     constexpr std::int32_t movedTo = 9;
     std::int32_t ignored = 0;
-    const std::int32_t code = ConvertBiCode(app, sdtaGroup, ignored);
+    const std::int32_t code = ConvertBiCode(tables, sdtaGroup, ignored);
     if (code == noBiCode)
         return unknownGroup;
     if (code == movedGroup)

@@ -51,8 +51,8 @@ public:
         for (const auto& [key, row] : tables_.rules.rows()) {
             if (key.family != Kind<Record>::method)
                 continue;
-            const auto [group, type] = namesOf<Record>(app_, key.group, key.type);
-            const auto* property = findRow<Record>(app_, group, type);
+            const auto [group, type] = app_.of<Record>().GroupAndTypeNames(key.group, key.type);
+            const auto* property = app_.of<Record>().FindPropertyRow(group, type);
             const std::size_t columns = Kind<Record>::columns(key.group).size();
             for (std::size_t n = 1; property != nullptr && n <= std::min(columns, rulesPerRow); ++n)
                 check({key, n}, ParseRuleString(row.texts[n - 1], tables_.units),
