@@ -145,9 +145,13 @@ inline constexpr ParamRules currentRegulator{PW, TS, AT_CASE, TEMP, L"", CASE_SE
 // Pw-RT, Ts, at, Tjmax, Ic-RT, Vceo, Package, Oja, Ojc, Ib-RT, Vebo, Vcbo
 inline constexpr ParamRules bipolar{PW, TS, AT_CASE, TEMP, L"FUNC1{[#Ic]},FUNC1{[A,mA,MA,ma][1,0.001,0.001,0.001]}", L"FUNC1{[#Vc]},FUNC1{[Kv,kV,KV,V/,V,v,VOLT][1000,1000,1000,1,1,1,1]},FUNC8{[V]}", CASE_SEM, RJA, RJC, L"FUNC1{[#Ib]}", L"FUNC1{[#Veb]}", L"FUNC1{[#Vcb]}"};
 // Pw-RT, Ts, at, Tjmax, F-Ghz, Vds-RT, Package, Oja, Ojc, Vgs-RT, Id-RT, Vgd-RT
-inline constexpr ParamRules fieldEffect{PW, TS, AT_CASE, TEMP, L"", RATED, CASE_SEM, RJA, RJC, L"FUNC1{[#Vgs]}", AMP, L"FUNC1{[#Vgd]}"};
+inline constexpr ParamRules fieldEffect{PW, TS, AT_CASE, TEMP, L"", RATED, CASE_SEM, RJA, RJC, L"FUNC1{[#Vgs]}", AMP};
+// ... whose makers limit the gate against the drain too
+inline constexpr ParamRules junctionFet{PW, TS, AT_CASE, TEMP, L"", RATED, CASE_SEM, RJA, RJC, L"FUNC1{[#Vgs]}", AMP, L"FUNC1{[#Vgd]}"};
 // ... with a highest frequency
 inline constexpr ParamRules rfFieldEffect{PW, TS, AT_CASE, TEMP, L"FUNC1{[#F_GHZ]}", RATED, CASE_SEM, RJA, RJC, L"FUNC1{[#Vgs]}", AMP, L"FUNC1{[#Vgd]}"};
+// ... of silicon
+inline constexpr ParamRules rfSiliconFet{PW, TS, AT_CASE, TEMP, L"FUNC1{[#F_GHZ]}", RATED, CASE_SEM, RJA, RJC, L"FUNC1{[#Vgs]}", AMP};
 // Pw-Max, If-RT, Tjmax, Package, Oja, Ojc, V-RT, Vce-RT, Ic-RT
 inline constexpr ParamRules opto{PW, AMPS, TJ_OPTO, CASE_SEM, RJA, RJC, VOLT};
 // ... the plain voltage of a display is its forward voltage, no limit
@@ -172,6 +176,8 @@ inline constexpr ParamRules capacitor{VOLT, T_CER};
 inline constexpr ParamRules capacitorPlain{VOLT, TEMP};
 // ... polarised
 inline constexpr ParamRules capacitorElectrolytic{VOLT, TEMP, VREV, SRG};
+// ... whose makers give no surge current
+inline constexpr ParamRules capacitorAluminium{VOLT, TEMP, VREV};
 // ... of a named process
 inline constexpr ParamRules capacitorCustom{VOLT, T_CER, VREV, SRG, L"FUNC1{[#PROC1]}"};
 // V-RT, Isrg-RT, TMax, Pw_rip-RT, Vrev-RT
@@ -180,8 +186,9 @@ inline constexpr ParamRules tantalumCsr{L"FUNC1{[V][1]}", SRG, T_CER, L"FUNC1{[#
 inline constexpr ParamRules tantalum{VOLT, SRG, TEMP, L"FUNC1{[#Pw_rip]}", VREV};
 // I-RT, Vdiel-RT, TMax, Pw-RT, Isrg-RT, Vsrg-RT; plain volts are those of a winding
 inline constexpr ParamRules transformer{AMPS, L"FUNC1{[VDIEL,Vdiel,kVrms,KVRMS,Vrms,VRMS][1,1,1000,1000,1,1]}", TEMP, L"FUNC1{[#PwAC]},FUNC1{[#Pw]}", SRG, L"FUNC1{[#Vsrg]}"};
-// ... plain volts are what the insulation of the coil is rated for
-inline constexpr ParamRules coil{AMPS, L"FUNC1{[VDIEL,Vdiel][1,1]},FUNC1{[kV,KV,V,v,VOLT,VDC,Vdc,VAC,Vac][1000,1000,1,1,1,1,1,1,1]}", TEMP, L"", SRG};
+// ... a coil; its saturation current is the surge current of a power inductor alone
+inline constexpr ParamRules coil{AMPS, L"", TEMP};
+inline constexpr ParamRules powerCoil{AMPS, L"", TEMP, L"", SRG};
 // TMax, InpPw-max, Vspl-Max, Vinp-Max; the power is the drive level
 inline constexpr ParamRules crystal{TEMP, L"FUNC1{[#Pinp_max]},FUNC1{[#Pw]},FUNC1{[uW,UW,µW][0.000001,0.000001,0.000001]}"};
 // ... plain volts are the nominal supply, no limit
@@ -214,6 +221,8 @@ inline constexpr ParamRules coaxialConnector{L"", V_DIEL, AMPS, TEMP, WATT_IN, V
 inline constexpr ParamRules socket{L"", V_DIEL, AMPS, TEMP, L"", V_WORKING};
 // Icn-RT, TMax, Isrg-RT, Pw_cont-RT
 inline constexpr ParamRules switches{AMPS, TEMP, SRG, L"FUNC1{[#PwAC]},FUNC1{[#Pw]}"};
+// ... a small one
+inline constexpr ParamRules smallSwitch{AMPS, TEMP, L"", L"FUNC1{[#PwAC]},FUNC1{[#Pw]}"};
 // ... a breaker
 inline constexpr ParamRules breaker{AMPS, TEMP, SRG};
 // Icn-RT, Vcoil-RT, TMax; alternating volts are those of the contact
@@ -338,10 +347,10 @@ inline constexpr ParamRuleRow paramRuleRows[] = {
     {14, 7, 5, param_rules::bipolar},
     {14, 8, 1, param_rules::rfFieldEffect},
     {14, 8, 2, param_rules::fieldEffect},
-    {14, 8, 3, param_rules::fieldEffect},
+    {14, 8, 3, param_rules::junctionFet},
     {14, 8, 4, param_rules::fieldEffect},
     {14, 8, 5, param_rules::fieldEffect},
-    {14, 8, 6, param_rules::rfFieldEffect},
+    {14, 8, 6, param_rules::rfSiliconFet},
     {14, 9, 1, param_rules::opto},
     {14, 9, 2, param_rules::opto},
     {14, 9, 3, param_rules::opto},
@@ -389,7 +398,7 @@ inline constexpr ParamRuleRow paramRuleRows[] = {
     {14, 11, 2, param_rules::capacitorPlain},
     {14, 11, 3, param_rules::capacitor},
     {14, 11, 4, param_rules::capacitor},
-    {14, 11, 5, param_rules::capacitorElectrolytic},
+    {14, 11, 5, param_rules::capacitorAluminium},
     {14, 11, 6, param_rules::capacitorPlain},
     {14, 11, 7, param_rules::capacitorPlain},
     {14, 11, 8, param_rules::capacitorPlain},
@@ -430,7 +439,7 @@ inline constexpr ParamRuleRow paramRuleRows[] = {
     {14, 13, 2, param_rules::transformer},
     {14, 13, 3, param_rules::transformer},
     {14, 13, 4, param_rules::coil},
-    {14, 13, 5, param_rules::coil},
+    {14, 13, 5, param_rules::powerCoil},
     {14, 13, 6, param_rules::coil},
     {14, 14, 1, param_rules::crystal},
     {14, 14, 2, param_rules::oscillator},
@@ -464,7 +473,7 @@ inline constexpr ParamRuleRow paramRuleRows[] = {
     {14, 19, 6, param_rules::socket},
     {14, 19, 7, param_rules::connector},
     {14, 19, 8, param_rules::connector},
-    {14, 20, 1, param_rules::switches},
+    {14, 20, 1, param_rules::smallSwitch},
     {14, 20, 2, param_rules::switches},
     {14, 20, 3, param_rules::switches},
     {14, 20, 4, param_rules::breaker},

@@ -2,6 +2,7 @@
 
 #include "cli/commands.h"
 #include "cli/project.h"
+#include "cli/record_changes.h"
 #include "core/encoding.h"
 
 #include <nlohmann/json.hpp>
@@ -32,11 +33,12 @@ Fields fieldsOf(std::string_view line) {
 
 template <class Record>
 void addPart(Json& answer, const CPartwrightPlugInApp& app, const FilledPart& part) {
-    const auto [groupName, typeName] =
-        app.of<Record>().GroupAndTypeNames(part.found.group, part.found.type);
+    const Definitions<Record>& definitions = app.of<Record>();
+    const std::int32_t type = typeInFile(definitions, part.found.group, part.found.type);
+    const auto [groupName, typeName] = definitions.GroupAndTypeNames(part.found.group, type);
     answer["group"] = part.found.group;
     answer["groupName"] = encodeUtf8(groupName);
-    answer["type"] = part.found.type;
+    answer["type"] = type;
     answer["typeName"] = encodeUtf8(typeName);
     Json& values = answer["LPar"] = Json::object();
     const Names columns = Kind<Record>::columns(part.found.group);

@@ -7,22 +7,12 @@ namespace partwright::cli {
 
 namespace {
 
-/// The type as the file names it: the default type by its own name.
-template <class Record>
-std::int32_t typeInFile(const Definitions<Record>& definitions, const Record& record) {
-    const auto& defaults = definitions.defaultTypes;
-    if (record.type != 0 || record.group <= 0 ||
-        static_cast<std::size_t>(record.group) >= defaults.size())
-        return record.type;
-    return defaults[static_cast<std::size_t>(record.group)];
-}
-
 /// Every text of a record by name, in the order of the file.
 template <class Record>
 std::vector<std::pair<std::wstring, std::wstring>> fieldsOf(const Definitions<Record>& definitions,
                                                             const Record& record) {
-    const auto [group, type] =
-        definitions.GroupAndTypeNames(record.group, typeInFile(definitions, record));
+    const auto [group, type] = definitions.GroupAndTypeNames(
+        record.group, typeInFile(definitions, record.group, record.type));
     std::vector<std::pair<std::wstring, std::wstring>> fields = {
         {L"Group", std::wstring(group)},
         {L"Type", std::wstring(type)},

@@ -23,6 +23,16 @@ struct RecordChange {
     std::vector<FieldChange> fields;
 };
 
+/// The type as the file names it: the default type by its own name.
+template <class Record>
+[[nodiscard]] std::int32_t typeInFile(const Definitions<Record>& definitions, std::int32_t group,
+                                      std::int32_t type) {
+    const auto& defaults = definitions.defaultTypes;
+    if (type != 0 || group <= 0 || static_cast<std::size_t>(group) >= defaults.size())
+        return type;
+    return defaults[static_cast<std::size_t>(group)];
+}
+
 /// In key order of `after`; keys are compared in capitals. A record that is new lists all it has.
 template <class Library>
 [[nodiscard]] std::vector<RecordChange>
