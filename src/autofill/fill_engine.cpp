@@ -42,6 +42,11 @@ std::vector<LoadResult> FillEngine::load() {
         results.push_back(resultOf(synonymFile_.status, synonymPath(app_)));
         synonyms_.reset();
     }
+    if (prefixFile_.bytes.empty()) {
+        prefixFile_ = readTextFile(partPrefixPath(app_));
+        results.push_back(resultOf(prefixFile_.status, partPrefixPath(app_)));
+        synonyms_.reset();
+    }
     if (app_.DirectKeyTable.empty())
         results.push_back(LoadManagementTable(app_));
     if (app_.sdtaDefaultLPar.empty())
@@ -57,7 +62,8 @@ std::vector<LoadResult> FillEngine::load() {
 
 const SynonymTable& FillEngine::synonyms() const {
     if (!synonyms_)
-        synonyms_.emplace(ruleTableOf(synonymFile_, synonymForm()));
+        synonyms_.emplace(ruleTableOf(synonymFile_, synonymForm()),
+                          PartPrefixes(ruleTableOf(prefixFile_, partPrefixForm())));
     return *synonyms_;
 }
 
