@@ -232,8 +232,8 @@ std::wstring SynonymTable::rewrite(std::wstring_view text) const {
         if (const auto* pattern = mayMatch ? entries_->find(prepared, at, match) : nullptr) {
             separate(result);
             pattern->appendReplacement(prepared, at, match, result);
-        } else if (const auto part = mayMatch ? prefixes_.at(prepared.folded, at)
-                                              : PartPrefixes::Match();
+        } else if (const auto part =
+                       mayMatch ? prefixes_.at(prepared.folded, at) : PartPrefixes::Match();
                    !part.says.empty()) {
             separate(result);
             result.append(text.substr(at, part.end - at)).append(L" ").append(part.says);

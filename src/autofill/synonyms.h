@@ -10,10 +10,10 @@
 //
 // At each place of the text the first entry in file order that matches there is applied, and the
 // reading goes on behind it: replaced text is not read again. Where none matches, the table of
-// prefixes (part_prefixes.h) is asked whether a known part number begins. A place begins a match when it does
-// not continue a word, and a number also not behind one of - + ± ~ @ . # * < > ^; right behind a
-// match everything begins. A match must not end inside of a word or a number. A replacement stands
-// alone between blanks.
+// prefixes (part_prefixes.h) is asked whether a known part number begins. A place begins a match
+// when it does not continue a word, and a number also not behind one of - + ± ~ @ . # * < > ^;
+// right behind a match everything begins. A match must not end inside of a word or a number. A
+// replacement stands alone between blanks.
 //
 // In Find, letters match in any case, and so do the look-alikes of some signs (micro, ohm, degree,
 // dashes, blanks). A blank stands for no blank or some. Further:

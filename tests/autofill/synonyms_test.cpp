@@ -94,9 +94,9 @@ TEST(Synonyms, TheLongestPrefixOfAPartNumberTellsItsKind) {
         {"qx7-ab, 1%", "qx7-ab GENERAL , 1%"},
         {"QX1A", "QX1A ONE"},
         {"QX92;QX12B", "QX92 ANY TWO ; QX12B TWELVE"},
-        {"QX", "QX"},        // no digit: a word
-        {"AQX12", "AQX12"},  // inside of a word
-        {"QY1", "QY1"},      // says nothing
+        {"QX", "QX"},                       // no digit: a word
+        {"AQX12", "AQX12"},                 // inside of a word
+        {"QY1", "QY1"},                     // says nothing
         {"10M 10M08", "10Mohm 10M08 FPGA"}, // a synonym goes before
     };
     for (const auto& [text, result] : cases)

@@ -75,7 +75,8 @@ void synonyms(const CPartwrightPlugInApp& app, const std::wstring& description) 
     SynonymTable table;
     LoadSynonyms(app, table);
     const std::wstring result = table.rewrite(description);
-    const bool untouched = table.size() + table.prefixes().size() == 0 || description.empty() || description == L"-";
+    const bool untouched =
+        table.size() + table.prefixes().size() == 0 || description.empty() || description == L"-";
     test::demand(untouched ? result == description : result.starts_with(L' '),
                  "a rewritten text begins with a blank");
 }
