@@ -63,8 +63,8 @@ RuleTableForm partPrefixForm() {
     return {.columns = columns, .comments = true};
 }
 
-std::wstring partPrefixPath(const CPartwrightPlugInApp& app) {
-    return app.programFolder + std::wstring(fileName);
+std::wstring partPrefixPath(const ProjectPaths& paths) {
+    return paths.programFolder + std::wstring(fileName);
 }
 
 } // namespace partwright

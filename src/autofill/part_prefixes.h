@@ -11,7 +11,7 @@
 // a general one. A word must hold a digit, so that no plain word is taken for a part number.
 
 #include "autofill/character_trie.h"
-#include "core/application.h"
+#include "core/project_paths.h"
 #include "library/load_result.h"
 #include "library/rule_table.h"
 
@@ -48,6 +48,6 @@ inline constexpr wchar_t anyDigit = L'?';
 /// The columns that are read.
 [[nodiscard]] RuleTableForm partPrefixForm();
 
-[[nodiscard]] std::wstring partPrefixPath(const CPartwrightPlugInApp& app);
+[[nodiscard]] std::wstring partPrefixPath(const ProjectPaths& paths);
 
 } // namespace partwright

@@ -255,16 +255,16 @@ RuleTableForm synonymForm() {
     return {.columns = columns, .comments = true};
 }
 
-std::wstring synonymPath(const CPartwrightPlugInApp& app) {
-    return app.programFolder + std::wstring(fileName);
+std::wstring synonymPath(const ProjectPaths& paths) {
+    return paths.programFolder + std::wstring(fileName);
 }
 
-LoadResult LoadSynonyms(const CPartwrightPlugInApp& app, SynonymTable& synonyms) {
-    const RuleTable table = readRuleTable(synonymPath(app), synonymForm());
-    const RuleTable prefixes = readRuleTable(partPrefixPath(app), partPrefixForm());
+LoadResult LoadSynonyms(const ProjectPaths& paths, SynonymTable& synonyms) {
+    const RuleTable table = readRuleTable(synonymPath(paths), synonymForm());
+    const RuleTable prefixes = readRuleTable(partPrefixPath(paths), partPrefixForm());
     synonyms = SynonymTable(table, PartPrefixes(prefixes));
-    LoadResult result = resultOf(table, synonymPath(app));
-    return result.message.empty() ? resultOf(prefixes, partPrefixPath(app)) : result;
+    LoadResult result = resultOf(table, synonymPath(paths));
+    return result.message.empty() ? resultOf(prefixes, partPrefixPath(paths)) : result;
 }
 
 } // namespace partwright

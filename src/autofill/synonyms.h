@@ -30,7 +30,7 @@
 // word stands between separators like all others; an empty text and "-" stay as they are.
 
 #include "autofill/part_prefixes.h"
-#include "core/application.h"
+#include "core/project_paths.h"
 #include "library/load_result.h"
 #include "library/rule_table.h"
 
@@ -74,9 +74,9 @@ private:
 /// The columns that are read.
 [[nodiscard]] RuleTableForm synonymForm();
 
-[[nodiscard]] std::wstring synonymPath(const CPartwrightPlugInApp& app);
+[[nodiscard]] std::wstring synonymPath(const ProjectPaths& paths);
 
 /// From "DescrSynonyms.csv" and "PartPrefixes.csv" beside the program; what is not there is empty.
-LoadResult LoadSynonyms(const CPartwrightPlugInApp& app, SynonymTable& synonyms);
+LoadResult LoadSynonyms(const ProjectPaths& paths, SynonymTable& synonyms);
 
 } // namespace partwright

@@ -346,8 +346,8 @@ void checkGroupLibrary(const CPartwrightPlugInApp& app, FillEngine& engine,
                                                   L"Manufacturer_ID", L"RegExp",  L"Completed"};
     std::vector<std::wstring_view> tables = {L"Rule_ID", L"SubRul_ID"};
     tables.insert(tables.end(), tableColumnNames().begin(), tableColumnNames().end());
-    Findings findings(all, app.groupLibraryPath);
-    const TextFile file = readTextFile(app.groupLibraryPath);
+    Findings findings(all, app.paths.groupLibraryPath);
+    const TextFile file = readTextFile(app.paths.groupLibraryPath);
     if (file.status != FileStatus::Ok) {
         findings.add(0, {}, L"the file is missing or cannot be opened");
         return;
