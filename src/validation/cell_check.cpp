@@ -26,7 +26,9 @@ CellFinding CheckCellByRule(const CellQuestion& cell, const ValidationRules& rul
     if (!cell.reference)
         return failure({});
     if (cell.isType || *cell.reference > lastRuleReference) {
-        if (cell.choices != nullptr && cell.choices->holds(cell.value))
+        // A group without types has nothing to choose from.
+        const bool isOpen = cell.isType && cell.choices != nullptr && cell.choices->empty();
+        if (isOpen || (cell.choices != nullptr && cell.choices->holds(cell.value)))
             return {};
         return failure(message::mustBeFromList(cell.value));
     }
