@@ -101,10 +101,10 @@ void CellEdit::commitType(CellAt at, std::wstring_view text, std::size_t shownRo
     }
     applyType(at, text);
     outcome.changedRows = {at.row};
-    CommitVerdict verdict = judge_.checks().atCommit(table_, at, text, shownRow);
-    if (verdict.decision == CommitDecision::Refused) {
+    CommitAnswer answer = judge_.checks().atCommit(table_, at, text, shownRow);
+    if (answer.decision == CommitDecision::Refused) {
         outcome.accepted = false;
-        report(outcome, std::move(verdict.stop));
+        report(outcome, std::move(answer.finding));
         return;
     }
     table_.write(at.row, at.column, text);

@@ -11,9 +11,10 @@ namespace partwright {
 CellJudge::CellJudge(const ComponentTable& table, const ValidationTables& rules)
     : table_(table), rules_(rules), checks_(makeTableChecks(table.setup(), rules)) {}
 
-CellFinding CellJudge::quiet(CellAt at) const {
-    return CheckCellQuiet(cellQuestion(table_, *checks_, at, table_.text(at.row, at.column), false),
-                          rules_.rules, table_.setup().decimalMark);
+std::optional<Finding> CellJudge::quiet(CellAt at) const {
+    return CheckCellQuiet(
+        cellQuestion(table_, *checks_, at, table_.text(at.row, at.column), false), rules_.rules,
+        table_.setup().decimalMark);
 }
 
 ColumnSet CellJudge::brokenIn(std::size_t row) const {
@@ -22,20 +23,18 @@ ColumnSet CellJudge::brokenIn(std::size_t row) const {
     for (std::size_t column = typeColumn; column <= setup.lastParameter; ++column) {
         if (setup.columns[column].hidden || table_.text(row, column).empty())
             continue;
-        const CellFinding finding = quiet({row, column});
-        broken.set(column, !finding.passed && finding.line);
+        const auto finding = quiet({row, column});
+        broken.set(column, finding && finding->line);
     }
     return broken;
 }
 
 std::wstring CellJudge::complaint(CellAt at) const {
-    CellFinding finding = quiet(at);
-    if (finding.passed || !finding.line)
+    const auto finding = quiet(at);
+    if (!finding || !finding->line)
         return {};
-    if (!finding.line->empty())
-        return std::move(*finding.line);
-    return finding.faultBox.empty() ? std::wstring(message::valueTypeOrRangeError)
-                                    : finding.faultBox;
+    const std::wstring_view text = finding->summary();
+    return std::wstring(text.empty() ? message::valueTypeOrRangeError : text);
 }
 
 std::wstring CellJudge::ruleText(CellAt at) const {
@@ -53,58 +52,58 @@ std::wstring CellJudge::ruleText(CellAt at) const {
 void CellJudge::commit(CellAt at, std::wstring& text, std::size_t shownRow,
                        TableOutcome& outcome) const {
     const TableColumn& column = table_.setup().columns[at.column];
-    CommitVerdict verdict = checks_->atCommit(table_, at, text, shownRow);
-    if (verdict.text) {
-        text = std::move(*verdict.text);
+    CommitAnswer answer = checks_->atCommit(table_, at, text, shownRow);
+    if (answer.text) {
+        text = std::move(*answer.text);
         outcome.editorText = text;
     }
-    if (verdict.decision == CommitDecision::Open && text == cell::notApplicable &&
+    if (answer.decision == CommitDecision::Open && text == cell::notApplicable &&
         column.kind == ColumnKind::Parameter && column.choices == ColumnChoices::None)
-        verdict.decision = CommitDecision::NotApplicable;
-    outcome.accepted = verdict.decision == CommitDecision::Accepted;
-    switch (verdict.decision) {
+        answer.decision = CommitDecision::NotApplicable;
+    outcome.accepted = answer.decision == CommitDecision::Accepted;
+    switch (answer.decision) {
     case CommitDecision::Accepted:
         break;
     case CommitDecision::Refused:
-        report(outcome, std::move(verdict.stop));
+        report(outcome, std::move(answer.finding));
         break;
     case CommitDecision::NotApplicable:
         outcome.boxes.push_back({std::wstring(message::notApplicableIsIllegal)});
         break;
     case CommitDecision::Open:
-        CellFinding finding = CheckCellOnCommit(cellQuestion(table_, *checks_, at, text, true),
-                                                rules_.rules, table_.setup().decimalMark);
-        outcome.accepted = finding.passed;
-        report(outcome, std::move(finding));
+        auto finding = CheckCellOnCommit(cellQuestion(table_, *checks_, at, text, true),
+                                         rules_.rules, table_.setup().decimalMark);
+        outcome.accepted = !finding;
+        if (finding)
+            report(outcome, std::move(*finding));
     }
 }
 
 std::wstring CellJudge::normalised(CellAt at, std::wstring text) const {
-    CommitVerdict verdict = checks_->atCommit(table_, at, text, at.row + 1);
-    return verdict.text ? std::move(*verdict.text) : std::move(text);
+    CommitAnswer answer = checks_->atCommit(table_, at, text, at.row + 1);
+    return answer.text ? std::move(*answer.text) : std::move(text);
 }
 
-void report(TableOutcome& outcome, CellFinding finding) {
+void report(TableOutcome& outcome, Finding finding) {
     if (finding.line)
         outcome.line = std::move(*finding.line);
     const auto isTold = [&](const Box& box) {
-        return box.isTableFault && box.text == finding.faultBox;
+        return box.isTableFault && box.text == finding.tableFault;
     };
-    if (!finding.faultBox.empty() &&
+    if (!finding.tableFault.empty() &&
         std::none_of(outcome.boxes.begin(), outcome.boxes.end(), isTold))
-        outcome.boxes.push_back({std::move(finding.faultBox), PromptIcon::None, true});
-    if (!finding.refusalBox.empty())
-        outcome.boxes.push_back({std::move(finding.refusalBox)});
+        outcome.boxes.push_back({std::move(finding.tableFault), PromptIcon::None, true});
+    for (std::wstring& text : finding.texts)
+        outcome.boxes.push_back({std::move(text)});
+    if (!finding.rows.empty())
+        outcome.selectedRows = std::move(finding.rows);
 }
 
-void report(TableOutcome& outcome, TableStop stop) {
-    if (stop.line)
-        outcome.line = std::move(*stop.line);
-    if (stop.goesToCell)
-        outcome.current = CellAt{stop.rows.front(), stop.column};
-    outcome.selectedRows = std::move(stop.rows);
-    for (Box& box : stop.boxes)
-        outcome.boxes.push_back(std::move(box));
+void stop(TableOutcome& outcome, Finding finding) {
+    outcome.accepted = false;
+    if (finding.leadsToCell())
+        outcome.current = CellAt{finding.rows.front(), typeColumn + finding.position};
+    report(outcome, std::move(finding));
 }
 
 } // namespace partwright

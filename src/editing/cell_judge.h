@@ -10,6 +10,7 @@
 #include "validation/validation_tables.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace partwright {
@@ -22,8 +23,8 @@ public:
     [[nodiscard]] const TableChecks& checks() const { return *checks_; }
     [[nodiscard]] const ValidationRules& rules() const { return rules_.rules; }
 
-    /// What is said of the text that a cell holds. A failure without a line is an empty cell.
-    [[nodiscard]] CellFinding quiet(CellAt at) const;
+    /// What is said of the text that a cell holds. A finding without a line is an empty cell.
+    [[nodiscard]] std::optional<Finding> quiet(CellAt at) const;
     /// The columns of a row that break their rule; hidden ones are left out.
     [[nodiscard]] ColumnSet brokenIn(std::size_t row) const;
     /// Why a cell breaks its rule, in words that are never empty; empty when it does not.
@@ -44,7 +45,9 @@ private:
 };
 
 /// Adds what a check found to what a verb shows. The same fault of the tables is told once.
-void report(TableOutcome& outcome, CellFinding finding);
-void report(TableOutcome& outcome, TableStop stop);
+void report(TableOutcome& outcome, Finding finding);
+/// The same where a verb ends: it is not accepted, and the cell that the words are about becomes
+/// current.
+void stop(TableOutcome& outcome, Finding finding);
 
 } // namespace partwright

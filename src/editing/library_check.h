@@ -12,6 +12,7 @@
 
 #include "core/library_kind.h"
 #include "editing/analysis_level.h"
+#include "validation/finding.h"
 #include "validation/validation_tables.h"
 
 #include <string>
@@ -20,6 +21,7 @@
 
 namespace partwright {
 
+/// A finding with the names of what it is about.
 struct LibraryFinding {
     /// "SDTA" or "Analyses".
     std::wstring_view library;
@@ -30,9 +32,7 @@ struct LibraryFinding {
     /// Of an unfilled row, the headers of its empty cells.
     std::wstring parameter;
     std::wstring value;
-    /// Which check found it.
-    std::wstring_view rule;
-    std::wstring text;
+    Finding finding;
 };
 
 /// The level hides columns of the Analyses library, which then are not looked at.

@@ -182,13 +182,14 @@ void TableSession::present(const TableOutcome& outcome) {
 void TableSession::RecheckRowFlag(CellAt at, TableOutcome& outcome) {
     if (at.column < typeColumn)
         return;
-    CellFinding finding = judge_.quiet(at);
+    auto finding = judge_.quiet(at);
     const bool wasFull = table_.text(at.row, fullColumn) == fullMark;
-    const bool isFull = finding.passed && table_.isComplete(at.row);
+    const bool isFull = !finding && table_.isComplete(at.row);
     table_.flag(at.row, isFull);
     if (isFull != wasFull)
         outcome.changedRows.push_back(at.row);
-    report(outcome, std::move(finding));
+    if (finding)
+        report(outcome, std::move(*finding));
 }
 
 TableOutcome TableSession::RefreshAllRowFlags() {
@@ -228,17 +229,14 @@ TableOutcome TableSession::checkAllRowsForOk(RowOrder order) {
             if (!outcome.accepted)
                 return outcome;
         }
-        if (auto stop = judge_.checks().atOkRow(table_, row)) {
-            outcome.accepted = false;
-            report(outcome, std::move(*stop));
+        if (auto found = judge_.checks().atOkRow(table_, row)) {
+            stop(outcome, std::move(*found));
             holdsLine_ = true;
             return outcome;
         }
     }
-    if (auto stop = judge_.checks().atOkTable(table_, rows)) {
-        outcome.accepted = false;
-        report(outcome, std::move(*stop));
-    }
+    if (auto found = judge_.checks().atOkTable(table_, rows))
+        stop(outcome, std::move(*found));
     return outcome;
 }
 
@@ -377,11 +375,11 @@ void TableSession::tellPasted(const std::vector<CellAt>& pasted, TableOutcome& o
     std::size_t broken = 0;
     std::wstring first;
     for (const CellAt at : pasted) {
-        const CellFinding finding = judge_.quiet(at);
-        CellFinding fault; // of the tables, whatever the text is
-        fault.faultBox = finding.faultBox;
-        report(outcome, std::move(fault));
-        if (!finding.passed && finding.line && broken++ == 0)
+        const auto finding = judge_.quiet(at);
+        if (!finding)
+            continue;
+        report(outcome, {.tableFault = finding->tableFault}); // whatever the text is
+        if (finding->line && broken++ == 0)
             first = message::cellAndComplaint(table_.text(at.row, partNumberColumn),
                                               column(at.column).header, judge_.complaint(at));
     }
@@ -470,10 +468,8 @@ TableOutcome TableSession::checkBeforeCopy(RowOrder order) {
     TableOutcome outcome = cancelEdit();
     takeFlags(outcome);
     const std::vector<std::size_t> rows = rowsIn(order);
-    if (auto stop = judge_.checks().atCopy(table_, rows)) {
-        outcome.accepted = false;
-        report(outcome, std::move(*stop));
-    }
+    if (auto found = judge_.checks().atCopy(table_, rows))
+        stop(outcome, std::move(*found));
     return outcome;
 }
 

@@ -7,6 +7,7 @@
 #include "core/text_file.h"
 #include "library/property_tables.h"
 #include "library/small_tables.h"
+#include "support/places.h"
 
 #include <gtest/gtest.h>
 
@@ -19,7 +20,7 @@ namespace {
 class FillCommands : public ::testing::Test {
 protected:
     FillCommands() : tables_(compiledFillTables()), filler_(tables_, app_) {
-        app_.programFolder = withSeparator(pathText(PARTWRIGHT_TABLES));
+        app_.programFolder = withSeparator(pathText(places::tables));
         ResolveFilePaths(app_, L"unused");
         for (const auto load :
              {LoadSdtaProperties, LoadAsrProperties, LoadColumnVisibility, LoadGroupNames,

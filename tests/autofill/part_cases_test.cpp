@@ -12,6 +12,7 @@
 #include "core/text.h"
 #include "library/property_tables.h"
 #include "library/small_tables.h"
+#include "support/places.h"
 
 #include <gtest/gtest.h>
 
@@ -26,7 +27,7 @@ class PartCases : public testing::Test {
 protected:
     static void SetUpTestSuite() {
         app = std::make_unique<CPartwrightPlugInApp>();
-        app->programFolder = withSeparator(pathText(PARTWRIGHT_TABLES));
+        app->programFolder = withSeparator(pathText(places::tables));
         ResolveFilePaths(*app, L"/nowhere");
         LoadSdtaProperties(*app);
         LoadGroupNames(*app);
@@ -76,7 +77,7 @@ std::vector<CaseLine> linesOf(const std::filesystem::path& path) {
 std::vector<std::filesystem::path> caseFiles(const char* folder) {
     std::vector<std::filesystem::path> files;
     for (const auto& entry :
-         std::filesystem::directory_iterator(std::filesystem::path(PARTWRIGHT_TEST_DATA) / folder))
+         std::filesystem::directory_iterator(std::filesystem::path(places::testData) / folder))
         if (entry.path().extension() == ".cases")
             files.push_back(entry.path());
     return files;

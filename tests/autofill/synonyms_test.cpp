@@ -1,5 +1,6 @@
 #include "autofill/synonyms.h"
 #include "core/encoding.h"
+#include "support/places.h"
 
 #include <gtest/gtest.h>
 
@@ -86,7 +87,7 @@ TEST(Synonyms, FaultyEntriesAreNamedAndMatchNothing) {
 
 TEST(Synonyms, TheShippedTableHasNoFaultyEntry) {
     CPartwrightPlugInApp app;
-    app.programFolder = decodeLossy(PARTWRIGHT_TABLES "/");
+    app.programFolder = decodeLossy(std::string(places::tables) + "/");
     SynonymTable table;
     ASSERT_EQ(LoadSynonyms(app, table).status, FileStatus::Ok);
     EXPECT_GT(table.size(), 0U);

@@ -5,6 +5,7 @@
 #include "core/paths.h"
 #include "editing/main_session.h"
 #include "editing/startup.h"
+#include "support/places.h"
 #include "support/project_folder.h"
 #include "support/scripted_prompt.h"
 
@@ -41,7 +42,7 @@ protected:
     }
 
     MainSession& start() {
-        loadAtStart(app, clock, prompt, {pathText(PARTWRIGHT_TABLES), folder / L"public"});
+        loadAtStart(app, clock, prompt, {pathText(places::tables), folder / L"public"});
         session.emplace(app, engine, prompt);
         session->start();
         return *session;
@@ -308,7 +309,7 @@ TEST_F(MainSessionTest, OkLeavesALibraryReadWithoutGroupNamesAlone) {
     const std::string old = "sep=,\n|\n>,SDTA-M, IC,IC Linear,PRECIOUS,,,Default,<\n";
     folder.put(sdtaFile, old);
     std::filesystem::create_directory(folder.path() / "tables");
-    for (const auto& table : std::filesystem::directory_iterator(PARTWRIGHT_TABLES))
+    for (const auto& table : std::filesystem::directory_iterator(places::tables))
         if (table.path().filename() != "DescrRules.csv")
             std::filesystem::create_symlink(table.path(),
                                             folder.path() / "tables" / table.path().filename());
@@ -420,7 +421,7 @@ TEST_F(MainSessionTest, ALibraryThatWasUnreadableAtFirstIsNotWrittenOver) {
         const ProjectFolder& folder_;
     } mending(folder);
     folder.block(sdtaFile);
-    loadAtStart(app, clock, mending, {pathText(PARTWRIGHT_TABLES), folder / L"public"});
+    loadAtStart(app, clock, mending, {pathText(places::tables), folder / L"public"});
     session.emplace(app, engine, mending);
     session->start();
     EXPECT_EQ(session->sdtaPage.save(false), SaveOutcome::Withheld);

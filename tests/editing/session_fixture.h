@@ -7,6 +7,7 @@
 #include "core/text_file.h"
 #include "editing/component_table_session.h"
 #include "library/property_tables.h"
+#include "support/places.h"
 #include "support/scripted_prompt.h"
 #include "validation/validation_tables.h"
 
@@ -28,7 +29,7 @@ inline const CPartwrightPlugInApp& shippedApp() {
     static const auto app = [] {
         auto made = std::make_unique<CPartwrightPlugInApp>();
         made->hostTool = 1;
-        made->programFolder = withSeparator(pathText(PARTWRIGHT_TABLES));
+        made->programFolder = withSeparator(pathText(places::tables));
         ResolveFilePaths(*made, L"/nowhere/");
         LoadGroupNames(*made);
         LoadSdtaProperties(*made);

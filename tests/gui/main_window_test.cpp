@@ -4,6 +4,7 @@
 #include "gui/main_window.h"
 #include "library/library_reader.h"
 #include "support/dark_palette.h"
+#include "support/places.h"
 #include "support/widget_sweep.h"
 
 #include <sys/resource.h>
@@ -274,7 +275,7 @@ TEST_F(MainWindowCase, FilesThatVanishedAreWrittenAnew) {
 
 TEST_F(MainWindowCase, ALibraryThatWasNotUnderstoodIsWithheld) {
     std::filesystem::create_directory(folder.path() / "tables");
-    for (const auto& table : std::filesystem::directory_iterator(PARTWRIGHT_TABLES))
+    for (const auto& table : std::filesystem::directory_iterator(places::tables))
         if (table.path().filename() != "Property_ASR_Library.csv")
             std::filesystem::create_symlink(table.path(),
                                             folder.path() / "tables" / table.path().filename());

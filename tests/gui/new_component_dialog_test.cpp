@@ -7,6 +7,7 @@
 #include "dialogs/new_component_grid.h"
 #include "editing/main_session.h"
 #include "editing/startup.h"
+#include "support/places.h"
 #include "support/project_folder.h"
 #include "support/recording_opener.h"
 #include "support/scripted_prompt.h"
@@ -40,7 +41,7 @@ protected:
         app.projectInputFolder = withSeparator(folder / L"input");
         prompt.expect(message::sourceFileNotFound(folder / analysesFile));
         prompt.expect(message::sourceFileNotFound(folder / L"public/AnalysesLib_Public.csv"));
-        loadAtStart(app, clock, prompt, {pathText(PARTWRIGHT_TABLES), folder / L"public"});
+        loadAtStart(app, clock, prompt, {pathText(places::tables), folder / L"public"});
         session.start();
         addFreeParts(session.sdtaPage);
         addFreeParts(session.asrPage);

@@ -13,6 +13,7 @@
 #include "gui/change_driver.h"
 #include "gui/main_window.h"
 #include "support/dark_palette.h"
+#include "support/places.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -142,7 +143,7 @@ int main(int argc, char** argv) {
     window.app.analysisLevel = 1;
     if (parser.isSet(project)) {
         const std::filesystem::path folder = parser.value(project).toStdString();
-        std::filesystem::copy(PARTWRIGHT_SAMPLES, folder, std::filesystem::copy_options::recursive);
+        std::filesystem::copy(places::samples, folder, std::filesystem::copy_options::recursive);
         window.app.libraryFolder = pathText(folder / "library");
         window.app.projectInputFolder = withSeparator(pathText(folder / "input"));
     }

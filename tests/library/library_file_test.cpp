@@ -7,6 +7,7 @@
 #include "library/library_writer.h"
 #include "library/literal_library.h"
 #include "library/sample_app.h"
+#include "support/places.h"
 #include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
@@ -111,7 +112,7 @@ AsrLibrary goldenAnalyses(wchar_t mark) {
 
 template <class Record>
 void expectGolden(const char* file, const std::string& bytes) {
-    const std::string path = std::string(PARTWRIGHT_TEST_DATA) + "/library/" + file;
+    const std::string path = std::string(places::testData) + "/library/" + file;
     std::ifstream in(path, std::ios::binary);
     const std::string wanted{std::istreambuf_iterator<char>(in), {}};
     EXPECT_EQ(bytes, wanted) << path;
