@@ -12,9 +12,8 @@ CellJudge::CellJudge(const ComponentTable& table, const ValidationTables& rules)
     : table_(table), rules_(rules), checks_(makeTableChecks(table.setup(), rules)) {}
 
 std::optional<Finding> CellJudge::quiet(CellAt at) const {
-    return CheckCellQuiet(
-        cellQuestion(table_, *checks_, at, table_.text(at.row, at.column), false), rules_.rules,
-        table_.setup().decimalMark);
+    return CheckCellQuiet(cellQuestion(table_, *checks_, at, table_.text(at.row, at.column), false),
+                          rules_.rules, table_.setup().decimalMark);
 }
 
 ColumnSet CellJudge::brokenIn(std::size_t row) const {

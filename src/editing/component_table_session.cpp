@@ -36,7 +36,7 @@ ComponentTableSession<Record>::ComponentTableSession(const CPartwrightPlugInApp&
     openedParts_ = records_.size();
     table_.reserve(records_.size());
     for (const auto& [key, record] : records_)
-        table_.load(rowOfRecord(setup(), key, record, app.datasheetLinks));
+        table_.load(rowOfRecord(setup(), key, record, app.libraries.datasheetLinks));
 }
 
 template <class Record>
@@ -61,7 +61,8 @@ std::size_t ComponentTableSession<Record>::changedComponents() const {
         const bool isNext = next != records_.end() && next->first == row.part();
         const auto record = isNext ? next : records_.find(row.part());
         next = std::next(record);
-        TableRow before = rowOfRecord(setup(), record->first, record->second, app_.datasheetLinks);
+        TableRow before =
+            rowOfRecord(setup(), record->first, record->second, app_.libraries.datasheetLinks);
         before.cells[fullColumn] = row.cells[fullColumn]; // follows from the others
         changed += before.cells == row.cells ? 0 : 1;
     }
@@ -70,7 +71,7 @@ std::size_t ComponentTableSession<Record>::changedComponents() const {
 
 template <class Record>
 FamilyGroups ComponentTableSession<Record>::familyGroups() const {
-    return partwright::familyGroups<Record>(app_);
+    return partwright::familyGroups(app_.of<Record>());
 }
 
 template <class Record>
@@ -169,7 +170,7 @@ void ComponentTableSession<Record>::storeDeparted(const DepartedPart& part) {
         record.completedForAsr = record.completedForRapid = 0;
     record.group = part.group;
     record.family = part.family;
-    record.type = defaultTypeOf<Record>(app_, part.group);
+    record.type = defaultTypeOf(app_.of<Record>(), part.group);
     for (std::wstring& value : record.LPar)
         value.clear();
     if (setup().group == setup().kind->processGroup && part.wasHere)

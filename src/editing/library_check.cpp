@@ -110,7 +110,8 @@ std::vector<LibraryFinding> checkLibrary(const CPartwrightPlugInApp& app,
     std::vector<LibraryFinding> findings;
     for (const auto& [group, entries] : groups) {
         // Below 0 a record was given up; codes that are not in use are shown nowhere.
-        if (group < 0 || namesOf<Record>(app, group, 0).first.find(notApplicableGroup) != notFound)
+        if (group < 0 ||
+            app.of<Record>().GroupAndTypeNames(group, 0).first.find(notApplicableGroup) != notFound)
             continue;
         GroupCheck check(Kind<Record>::name, makeTableSetup<Record>(app, group, level), rules,
                          findings);

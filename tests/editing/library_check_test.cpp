@@ -46,7 +46,7 @@ Told openAndLook(const typename Kind<Record>::Library& library, std::int32_t gro
     s.RefreshAllRowFlags();
     if (!told.isFull)
         d.prompt.expectQuestion(message::notAllFilledIn, PromptAnswer::Yes);
-    const TableOutcome outcome = s.ok({}, d.app.datasheetLinks);
+    const TableOutcome outcome = s.ok({}, d.app.libraries.datasheetLinks);
     if (!outcome.accepted)
         told.stop = narrow(outcome.boxes.empty() ? *outcome.line : outcome.boxes[0].text);
     return told;
@@ -62,16 +62,16 @@ void expectSameWords(AnalysisLevel level) {
     int cells = 0;
     const CPartwrightPlugInApp& app = test::shippedApp();
     for (std::int32_t group = 1; group <= Kind<Record>::lastGroup; ++group) {
-        if (namesOf<Record>(app, group, 0).first.find(notApplicableGroup) != std::wstring::npos ||
+        if (app.of<Record>().GroupAndTypeNames(group, 0).first.find(notApplicableGroup) !=
+                std::wstring::npos ||
             Kind<Record>::columns(group).empty())
             continue;
-        const auto& types =
-            Kind<Record>::groupTypes(app).find(namesOf<Record>(app, group, 0).first)->second;
+        const std::size_t types = std::max<std::size_t>(app.of<Record>().typesOf(group).size(), 1);
         for (int i = 0; i < 24; ++i) {
             Record record;
             record.PartNum = L"P1";
             record.group = group;
-            record.type = static_cast<std::int32_t>(dice.roll(types.size()));
+            record.type = static_cast<std::int32_t>(dice.roll(types));
             // Half of the rows are full.
             for (std::wstring& value : record.LPar)
                 value = values[dice.roll(std::size(values) - 1) + (i % 2 == 0 ? 1 : 0)];

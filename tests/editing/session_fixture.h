@@ -28,13 +28,13 @@ inline std::string narrow(std::wstring_view text) {
 inline const CPartwrightPlugInApp& shippedApp() {
     static const auto app = [] {
         auto made = std::make_unique<CPartwrightPlugInApp>();
-        made->hostTool = 1;
-        made->programFolder = withSeparator(pathText(places::tables));
-        ResolveFilePaths(*made, L"/nowhere/");
-        LoadGroupNames(*made);
-        LoadSdtaProperties(*made);
-        LoadAsrProperties(*made);
-        LoadColumnVisibility(*made);
+        made->paths.hostTool = 1;
+        made->paths.programFolder = withSeparator(pathText(places::tables));
+        ResolveFilePaths(made->paths, L"/nowhere/");
+        LoadGroupNames(made->paths, made->classifier, made->sdta);
+        LoadSdtaProperties(made->paths, made->sdta);
+        LoadAsrProperties(made->paths, made->asr);
+        LoadColumnVisibility(made->paths, made->asr);
         return made;
     }();
     return *app;
@@ -43,8 +43,8 @@ inline const CPartwrightPlugInApp& shippedApp() {
 inline const ValidationTables& shippedRules() {
     static const auto tables = [] {
         ValidationTables made;
-        LoadValidationRules(shippedApp().sdtaValidationRulesPath, made.rules);
-        LoadThermalValidationRules(shippedApp().sdtaThermalValidationPath, made.thermal);
+        LoadValidationRules(shippedApp().paths.sdtaValidationRulesPath, made.rules);
+        LoadThermalValidationRules(shippedApp().paths.sdtaThermalValidationPath, made.thermal);
         return made;
     }();
     return tables;
@@ -128,7 +128,7 @@ struct Dialog {
     }
     /// The line below the table.
     std::string line() const { return narrow(line_); }
-    bool ok() { return shown(session->ok({}, app.datasheetLinks)).accepted; }
+    bool ok() { return shown(session->ok({}, app.libraries.datasheetLinks)).accepted; }
 
 private:
     std::wstring line_;
