@@ -12,6 +12,7 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace partwright {
 
@@ -224,15 +225,18 @@ void CLibraryPage::showFillLine() {
 }
 
 void CLibraryPage::listFilledRecords() {
+    const std::vector<FilledRecord> records = session_.filledRecords();
+    QStringList headings = {tr("Part Number"), tr("Parameter"), tr("Old"), tr("New")};
+    if (std::any_of(records.begin(), records.end(),
+                    [](const FilledRecord& record) { return record.changedSince; }))
+        headings << tr("Remark");
     std::vector<RowListModel::Row> rows;
-    for (const FilledRecord& record : session_.filledRecords())
+    for (const FilledRecord& record : records)
         for (const FieldChange& field : record.change.fields)
             rows.push_back({record.change.partNumber, field.name, field.before, field.after,
                             record.changedSince ? tr("changed since").toStdWString() : L""});
-    RowListDialog dialog({QString::fromStdWString(std::wstring(session_.filledBy())),
-                          {tr("Part Number"), tr("Parameter"), tr("Old"), tr("New"), tr("Remark")},
-                          QString()},
-                         this);
+    RowListDialog dialog(
+        {QString::fromStdWString(std::wstring(session_.filledBy())), headings, QString()}, this);
     dialog.setRows(std::move(rows));
     dialog.exec();
 }

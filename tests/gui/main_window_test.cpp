@@ -213,7 +213,7 @@ TEST_F(MainWindowCase, AFillIsToldListedAndTakenBackWithoutDroppingLaterWork) {
     QString copied;
     QTimer::singleShot(0, [&copied] {
         QWidget* list = QApplication::activeModalWidget();
-        QTest::keyClick(list, Qt::Key_C, Qt::ControlModifier);
+        list->findChild<QPushButton*>(QStringLiteral("copy"))->click();
         copied = QApplication::clipboard()->text();
         QTest::keyClick(list, Qt::Key_Escape);
     });
@@ -222,6 +222,8 @@ TEST_F(MainWindowCase, AFillIsToldListedAndTakenBackWithoutDroppingLaterWork) {
     EXPECT_TRUE(copied.contains(QStringLiteral("\n1N4007\tVr-RT\t\t1000\n")));
 
     session->sdtaPage.designLibrary[L"1N4007"].LPar[0] = L"0.7"; // typed after the command
+    dialog->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&*dialog));
     QTest::keyClick(&*dialog, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_TRUE(status("sdtaFillText")
                     .endsWith(QStringLiteral(
