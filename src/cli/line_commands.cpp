@@ -2,8 +2,8 @@
 
 #include "cli/commands.h"
 #include "cli/project.h"
-#include "cli/record_changes.h"
 #include "core/encoding.h"
+#include "maintenance/record_changes.h"
 
 #include <nlohmann/json.hpp>
 

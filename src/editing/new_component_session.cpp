@@ -4,6 +4,7 @@
 #include "core/messages.h"
 #include "core/text.h"
 #include "core/vocabulary.h"
+#include "editing/clean_text.h"
 #include "editing/row_deletion.h"
 
 #include <algorithm>
@@ -160,11 +161,11 @@ void GroupChoiceSession::chooseFamily(std::size_t place) {
 }
 
 bool GroupChoiceSession::accept(std::wstring_view partNumber, Prompt& prompt) {
-    if (group_ >= groups().size())
+    if (asksGroup() && group_ >= groups().size())
         return false;
     if (asksPartNumber()) {
         // A longer number could not be read back.
-        const std::wstring line = onOneLine(partNumber);
+        const std::wstring line = cleanPartNumber(partNumber).text;
         const std::wstring part = upperCase(trim(line).substr(0, cell::maximumLength));
         if (part.empty() || isTaken_(part)) {
             prompt.tell(part.empty() ? message::enterPartNumber : message::duplicatePartNumber,
@@ -173,6 +174,8 @@ bool GroupChoiceSession::accept(std::wstring_view partNumber, Prompt& prompt) {
         }
         result_.partNumber = part;
     }
+    if (!asksGroup())
+        return true;
     const FamilyGroup& group = groups()[group_];
     result_.family = familyNumberOf(families_[family_].key);
     result_.group = group.code;
@@ -266,7 +269,7 @@ NewComponentSession<Record>::NewComponentSession(const CPartwrightPlugInApp& app
         row.manufacturer = record.Manufacturer;
         row.notes = record.Notes;
         row.used = designatorsOf(key);
-        if (record.group > 0)
+        if (app_.of<Record>().isInUse(record.group))
             row.family = Kind<Record>::family(record.group);
         else if (record.family > 0 &&
                  static_cast<std::size_t>(record.family) < familyNames().size())

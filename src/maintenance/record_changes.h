@@ -3,12 +3,11 @@
 // What differs between two states of a library, record by record, in words.
 
 #include "core/definitions.h"
-#include "core/library_kind.h"
 
 #include <string>
 #include <vector>
 
-namespace partwright::cli {
+namespace partwright {
 
 struct FieldChange {
     std::wstring name;
@@ -22,6 +21,22 @@ struct RecordChange {
     bool added = false;
     std::vector<FieldChange> fields;
 };
+
+/// Every text in which two states of a record differ, in the order of the file; columns that the
+/// later group does not have come last. The special texts stand as the file has them.
+template <class Record>
+[[nodiscard]] RecordChange changeBetween(const Definitions<Record>& definitions,
+                                         const Record& before, const Record& after);
+
+/// How many texts of a change were empty before, stood before, and are empty now. The notes, where
+/// every auto-fill command leaves its mark, do not count.
+struct ChangeCount {
+    std::size_t filled = 0;
+    std::size_t replaced = 0;
+    std::size_t emptied = 0;
+    [[nodiscard]] std::size_t all() const { return filled + replaced + emptied; }
+};
+[[nodiscard]] ChangeCount countOf(const RecordChange& change);
 
 /// The type as the file names it: the default type by its own name.
 template <class Record>
@@ -39,9 +54,13 @@ template <class Library>
 changesBetween(const Definitions<typename Library::mapped_type>& definitions, const Library& before,
                const Library& after);
 
+extern template RecordChange changeBetween(const Definitions<SdtaComponent>&, const SdtaComponent&,
+                                           const SdtaComponent&);
+extern template RecordChange changeBetween(const Definitions<AsrComponent>&, const AsrComponent&,
+                                           const AsrComponent&);
 extern template std::vector<RecordChange> changesBetween(const Definitions<SdtaComponent>&,
                                                          const SdtaLibrary&, const SdtaLibrary&);
 extern template std::vector<RecordChange> changesBetween(const Definitions<AsrComponent>&,
                                                          const AsrLibrary&, const AsrLibrary&);
 
-} // namespace partwright::cli
+} // namespace partwright
