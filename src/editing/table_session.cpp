@@ -47,10 +47,9 @@ bool matches(std::wstring_view cell, const Request& request) {
 
 } // namespace
 
-TableSession::TableSession(TableSetup setup, const ValidationTables& rules, TablePlace place,
-                           Prompt& prompt)
+TableSession::TableSession(TableSetup setup, const ValidationTables& rules, TablePlace place)
     : table_(std::move(setup)), rules_(rules), checks_(makeTableChecks(table_.setup(), rules)),
-      place_(std::move(place)), prompt_(prompt) {}
+      place_(std::move(place)) {}
 
 std::vector<std::size_t> TableSession::rowsIn(RowOrder order) const {
     std::vector<std::size_t> rows(order.begin(), order.end());
@@ -191,17 +190,6 @@ TableOutcome TableSession::search(std::wstring_view text, std::optional<CellAt> 
     return outcome;
 }
 
-void TableSession::present(const TableOutcome& outcome) {
-    for (const Box& box : outcome.boxes) {
-        if (box.isTableFault && isFaultBoxOpen_)
-            continue;
-        const bool wasOpen = isFaultBoxOpen_;
-        isFaultBoxOpen_ = isFaultBoxOpen_ || box.isTableFault;
-        prompt_.tell(box.text, box.icon);
-        isFaultBoxOpen_ = wasOpen;
-    }
-}
-
 void TableSession::RecheckRowFlag(CellAt at, TableOutcome& outcome) {
     if (at.column < typeColumn)
         return;
@@ -242,17 +230,15 @@ TableOutcome TableSession::afterMove(ComponentTable::Change change) {
     return outcome;
 }
 
-TableOutcome TableSession::checkAllRowsForOk(RowOrder order) {
+TableOutcome TableSession::checkAllRowsForOk(RowOrder order, Consent consent) {
     TableOutcome outcome = cancelEdit();
     takeFlags(outcome);
     const std::vector<std::size_t> rows = rowsIn(order);
-    bool isAsked = false;
     for (const std::size_t row : rows) {
-        if (!isAsked && table_.text(row, fullColumn) == notFullMark) {
-            isAsked = true;
-            outcome.accepted = prompt_.ask(message::caption, message::notAllFilledIn);
-            if (!outcome.accepted)
-                return outcome;
+        if (consent == Consent::NotAsked && table_.text(row, fullColumn) == notFullMark) {
+            outcome.accepted = false;
+            outcome.question = message::notAllFilledIn;
+            return outcome;
         }
         if (auto found = checks_->atOkRow(table_, row)) {
             stop(outcome, std::move(*found));

@@ -7,7 +7,6 @@
 //
 //   TableOutcome outcome = session.modify({row, typeColumn}, L"SCR");   // while the list is open
 //   outcome = session.commit({row, typeColumn}, L"SCR");                // Enter, Tab, a click away
-//   ...show the outcome..., then session.present(outcome);              // its boxes
 //
 // An editor calls modify() at every change of its text, then commit(), which may refuse, or
 // cancelEdit() when its text is dropped. A change of Type takes effect while the list is open: it
@@ -17,7 +16,6 @@
 // that go through the table on the screen take that order, an empty one being the order of the
 // rows. Columns are those of table_setup.h.
 
-#include "core/ports/prompt.h"
 #include "core/records.h"
 #include "editing/component_table.h"
 #include "editing/table_checks.h"
@@ -70,7 +68,7 @@ struct CellText {
 
 class TableSession {
 public:
-    TableSession(TableSetup setup, const ValidationTables& rules, TablePlace place, Prompt& prompt);
+    TableSession(TableSetup setup, const ValidationTables& rules, TablePlace place);
     TableSession(const TableSession&) = delete;
     TableSession& operator=(const TableSession&) = delete;
     virtual ~TableSession() = default;
@@ -96,8 +94,6 @@ public:
     /// "column_mode_direction_text": the column counted from 0 at the part number; mode 0 whole
     /// text, 1 part of it, 2 its beginning; direction other than 0 backward.
     TableOutcome search(std::wstring_view request, std::optional<CellAt> current, RowOrder order);
-    /// Shows the boxes of an outcome.
-    void present(const TableOutcome& outcome);
     /// The rows that an outcome selects are on the screen: the next cell has its own line again.
     void rowsShown() { holdsLine_ = false; }
 
@@ -121,7 +117,8 @@ public:
     TableOutcome storeResults(std::size_t row, std::span<const CellText> results);
 
     // --- Rows
-    TableOutcome deleteRows(std::vector<std::size_t> selected);
+    /// Asks first.
+    TableOutcome deleteRows(std::vector<std::size_t> selected, Consent consent = Consent::NotAsked);
     TableOutcome add(const GroupChoice& choice);
     /// Asked before the dialog of a copy opens; refused when the rows cannot stay as they are.
     TableOutcome checkBeforeCopy(RowOrder order);
@@ -135,9 +132,10 @@ public:
     [[nodiscard]] virtual FamilyGroups familyGroups() const = 0;
 
     // --- The end
-    /// Checks all rows; when nothing stops it, the rows are stored to the records and the links to
-    /// the table of links.
-    virtual TableOutcome ok(RowOrder order, DatasheetLinks& links) = 0;
+    /// Checks all rows, and asks first when some are not full; when nothing stops it, the rows are
+    /// stored to the records and the links to the table of links.
+    virtual TableOutcome ok(RowOrder order, DatasheetLinks& links,
+                            Consent consent = Consent::NotAsked) = 0;
 
     // --- Flags and the way back
     void RecheckRowFlag(CellAt at, TableOutcome& outcome);
@@ -149,7 +147,7 @@ public:
 
 protected:
     /// The checks of OK; the outcome is accepted when the rows may be stored.
-    TableOutcome checkAllRowsForOk(RowOrder order);
+    TableOutcome checkAllRowsForOk(RowOrder order, Consent consent);
     /// The dialog was opened with the part.
     [[nodiscard]] virtual bool isOpened(std::wstring_view part) const = 0;
 
@@ -213,11 +211,9 @@ private:
     const ValidationTables& rules_;
     std::unique_ptr<TableChecks> checks_;
     TablePlace place_;
-    Prompt& prompt_;
     std::wstring line_;
     /// The line that a stop of OK wrote outlives the selection of its row.
     bool holdsLine_ = false;
-    bool isFaultBoxOpen_ = false;
     std::optional<TypeEdit> typeEdit_;
     std::size_t searchStart_ = 0;
 };

@@ -9,7 +9,7 @@
 
 namespace partwright {
 
-TableOutcome TableSession::deleteRows(std::vector<std::size_t> selected) {
+TableOutcome TableSession::deleteRows(std::vector<std::size_t> selected, Consent consent) {
     TableOutcome outcome = cancelEdit();
     std::sort(selected.begin(), selected.end());
     selected.erase(std::unique(selected.begin(), selected.end()), selected.end());
@@ -17,10 +17,17 @@ TableOutcome TableSession::deleteRows(std::vector<std::size_t> selected) {
     parts.reserve(selected.size());
     for (const std::size_t row : selected)
         parts.push_back(table_.row(row).part());
-    for (const std::size_t place : confirmDeletion(parts, *place_.projectParts, prompt_))
-        outcome.removedRows.push_back(selected[place]);
-    if (outcome.removedRows.empty())
+    Deletion deletion = deletionOf(parts, *place_.projectParts);
+    if (deletion.deletable.empty()) {
+        outcome.boxes.push_back({std::move(deletion.text)});
         return outcome;
+    }
+    if (consent == Consent::NotAsked) {
+        outcome.question = std::move(deletion.text);
+        return outcome;
+    }
+    for (const std::size_t place : deletion.deletable)
+        outcome.removedRows.push_back(selected[place]);
     beginStep();
     table_.remove(outcome.removedRows);
     endStep();

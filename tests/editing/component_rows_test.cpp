@@ -24,7 +24,9 @@ TEST(ComponentRows, DeletionAsksAndSparesTheProject) {
     SdtaDialog d;
     d.projectParts = {{L"P1", L"R1"}, {L"P2", L"R2"}};
     auto& s = d.open(3, std::vector<SdtaDialog::Part>(5, goodThyristor()));
-    const auto remove = [&](Rows rows) { return d.shown(s.deleteRows(rows)).removedRows; };
+    const auto remove = [&](Rows rows) {
+        return d.asked([&](Consent consent) { return s.deleteRows(rows, consent); }).removedRows;
+    };
     d.prompt.expect(L"Select row(s) for deleting by click on row header.");
     EXPECT_EQ(remove({}), Rows{});
     d.prompt.expect(L"You have selected 1 row for deletion.\nThis Part Number is present in the "
@@ -135,7 +137,7 @@ TEST(ComponentRows, OkAsksOnceAndStopsAtTheFirstFault) {
     EXPECT_FALSE(d.ok());
 
     d.prompt.expectQuestion(notAllFilled, yes);
-    TableOutcome outcome = d.shown(s.ok({}, d.app.datasheetLinks));
+    TableOutcome outcome = d.closed();
     EXPECT_FALSE(outcome.accepted);
     EXPECT_EQ(outcome.selectedRows, Rows{1});
     const std::string line =
@@ -149,7 +151,7 @@ TEST(ComponentRows, OkAsksOnceAndStopsAtTheFirstFault) {
     // The order is that on the screen.
     const Rows order = {3, 2, 1, 0};
     d.prompt.expectQuestion(notAllFilled, yes);
-    outcome = d.shown(s.ok(order, d.app.datasheetLinks));
+    outcome = d.closed(order);
     EXPECT_EQ(outcome.selectedRows, Rows{2});
     EXPECT_EQ(d.line(), "Thermal resistance Oja must be greater than or equal to Junction to Case "
                         "Ojc.");
@@ -366,12 +368,8 @@ TEST(ComponentRows, UndoAndRedoWalkBothWays) {
                     s.changeGroup(row, {L"", 3, L"", 3});
                 break;
             default:
-                if (rows > 2) {
-                    d.prompt.expectQuestion(L"You have selected 1 row for deletion.\nChoose Yes "
-                                            L"to delete or No to exit.",
-                                            yes);
-                    s.deleteRows({row});
-                }
+                if (rows > 2)
+                    s.deleteRows({row}, Consent::Given);
             }
             if (const std::string now = picture(); now != pictures.back())
                 pictures.push_back(now);

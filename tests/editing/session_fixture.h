@@ -57,6 +57,7 @@ struct Dialog {
     CPartwrightPlugInApp app = shippedApp();
     ValidationTables rules = shippedRules();
     ScriptedPrompt prompt;
+    OutcomeBoxes boxes{prompt};
     PartSelection projectParts = {{L"P1", L"R1,R2"}};
     PartSelection shownParts;
     PartSelection libraryParts;
@@ -99,13 +100,21 @@ struct Dialog {
                              return own.find(part) != own.end() || elsewhere.contains(part);
                          }};
         session = std::make_unique<ComponentTableSession<Record>>(
-            app, group, level, std::move(library), rules, std::move(place), prompt);
+            app, group, level, std::move(library), rules, std::move(place));
         return *session;
     }
 
     /// Shows an outcome's boxes and hands it on.
     TableOutcome shown(TableOutcome outcome) {
-        session->present(outcome);
+        boxes.show(outcome);
+        return outcome;
+    }
+    /// A verb that asks first: what comes of it after the answer.
+    template <class Verb>
+    TableOutcome asked(Verb verb) {
+        TableOutcome outcome = verb(Consent::NotAsked);
+        if (boxes.show(outcome))
+            boxes.show(outcome = verb(Consent::Given));
         return outcome;
     }
     /// As a person types: every change of the text, then Enter.
@@ -121,7 +130,11 @@ struct Dialog {
         return narrow(text);
     }
     std::string line() const { return narrow(session->descriptionLine()); }
-    bool ok() { return shown(session->ok({}, app.datasheetLinks)).accepted; }
+    TableOutcome closed(RowOrder order = {}) {
+        return asked(
+            [&](Consent consent) { return session->ok(order, app.datasheetLinks, consent); });
+    }
+    bool ok() { return closed().accepted; }
 };
 
 using SdtaDialog = Dialog<SdtaComponent>;
