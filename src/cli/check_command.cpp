@@ -1,7 +1,11 @@
 #include "cli/commands.h"
 #include "cli/project.h"
+#include "cli/record_changes.h"
 #include "core/encoding.h"
+#include "core/messages.h"
 #include "editing/library_check.h"
+#include "library/library_reader.h"
+#include "library/library_writer.h"
 
 #include <nlohmann/json.hpp>
 
@@ -41,6 +45,37 @@ nlohmann::ordered_json json(const LibraryFinding& finding) {
             {"text", encodeUtf8(finding.finding.summary())}};
 }
 
+/// What a save and the next reading would make of the library, where that is something else.
+template <class Record>
+void addSaveFindings(const CPartwrightPlugInApp& app, const typename Kind<Record>::Library& library,
+                     std::vector<LibraryFinding>& findings) {
+    const FormattedLibrary saved = formatLibrary<Record>(app, recordsByGroup(library), {}, {});
+    const auto read = parseLibrary<Record>(app, saved.bytes, CodePage::Utf8);
+    for (const RecordChange& change : changesBetween(app, library, read.records))
+        for (const FieldChange& field : change.fields) {
+            if (field.before.empty()) // reading says of what does not apply that it is "N/A"
+                continue;
+            LibraryFinding& finding = findings.emplace_back();
+            finding.library = Kind<Record>::name;
+            finding.part = change.partNumber;
+            finding.group = change.group;
+            finding.type = change.type;
+            finding.parameter = field.name;
+            finding.value = field.before;
+            finding.finding = refusal(message::saveChanges(field.after));
+            finding.finding.rule = L"save";
+        }
+}
+
+template <class Record>
+void addFindings(Project& project, const LibraryPageSession<Record>& page, AnalysisLevel level,
+                 std::vector<LibraryFinding>& findings) {
+    auto found =
+        checkLibrary<Record>(project.app, page.workingLibrary(), project.session.rules, level);
+    std::move(found.begin(), found.end(), std::back_inserter(findings));
+    addSaveFindings<Record>(project.app, page.workingLibrary(), findings);
+}
+
 } // namespace
 
 int runCheck(const PlaceOptions& place, const CheckOptions& options, Streams streams) {
@@ -51,11 +86,9 @@ int runCheck(const PlaceOptions& place, const CheckOptions& options, Streams str
         session.page(index).setFilter(PageFilter::AllProject);
         session.page(index).refresh();
     }
-    std::vector<LibraryFinding> findings = checkLibrary<SdtaComponent>(
-        project.app, session.sdtaPage.workingLibrary(), session.rules, options.level);
-    std::vector<LibraryFinding> analyses = checkLibrary<AsrComponent>(
-        project.app, session.asrPage.workingLibrary(), session.rules, options.level);
-    std::move(analyses.begin(), analyses.end(), std::back_inserter(findings));
+    std::vector<LibraryFinding> findings;
+    addFindings(project, session.sdtaPage, options.level, findings);
+    addFindings(project, session.asrPage, options.level, findings);
     for (const LibraryFinding& finding : findings)
         if (place.json)
             streams.out << json(finding).dump() << '\n';

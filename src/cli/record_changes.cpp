@@ -39,6 +39,9 @@ template <class Record>
 RecordChange compare(const CPartwrightPlugInApp& app, const Record& before, const Record& after) {
     RecordChange change;
     change.partNumber = after.PartNum;
+    const auto [group, type] = namesOf<Record>(app, after.group, typeInFile(app, after));
+    change.group = group;
+    change.type = type;
     auto old = fieldsOf(app, before);
     const auto takeOld = [&old](const std::wstring& name) {
         for (auto& [oldName, text] : old)

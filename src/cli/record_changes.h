@@ -18,6 +18,9 @@ struct FieldChange {
 
 struct RecordChange {
     std::wstring partNumber;
+    /// Names of its group and type now.
+    std::wstring group;
+    std::wstring type;
     /// The record was not there before.
     bool added = false;
     std::vector<FieldChange> fields;

@@ -132,14 +132,17 @@ TEST(LibraryCheck, FaultsOfTheRuleTablesAreFindings) {
 
 TEST(LibraryCheck, RecordsWithoutATable) {
     Dialog<AsrComponent> d;
-    auto library = d.records(0, {{0, {}}, {0, {}}, {0, {}}});
+    auto library = d.records(0, {{0, {}}, {0, {}}, {0, {}}, {0, {}}});
     library.at(L"P2").group = -4;
-    library.at(L"P3").group = 99;
+    library.at(L"P3").group = 1; // a code that is not in use
+    library.at(L"P4").group = 99;
     const auto findings = checkLibrary<AsrComponent>(d.app, library, d.rules, AnalysisLevel::Full);
-    ASSERT_EQ(findings.size(), 2U);
-    EXPECT_EQ(narrow(findings[0].part), "P1");
-    EXPECT_EQ(narrow(findings[1].part), "P3");
-    EXPECT_EQ(narrow(findings[1].finding.summary()), "The component has no group.");
+    ASSERT_EQ(findings.size(), 3U);
+    const char* const parts[] = {"P1", "P3", "P4"};
+    for (std::size_t i = 0; i < findings.size(); ++i) {
+        EXPECT_EQ(narrow(findings[i].part), parts[i]);
+        EXPECT_EQ(narrow(findings[i].finding.summary()), "The component has no group.");
+    }
 }
 
 } // namespace
