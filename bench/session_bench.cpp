@@ -46,7 +46,7 @@ void changeTypes(benchmark::State& state) {
         rows[i] = i * 10;
     const auto session = bench.open(bench.records);
     for (auto _ : state) {
-        auto outcome = session->fill({0, typeColumn}, rows, L"BIP_Switching");
+        auto outcome = session->fill({{{0, typeColumn}, L"BIP_Switching"}}, rows, 1);
         state.PauseTiming();
         if (outcome.changedRows.size() != rows.size() || session->table().isComplete(0))
             std::abort();
@@ -61,7 +61,7 @@ void okPass(benchmark::State& state) {
         state.PauseTiming();
         auto session = bench.open(bench.records);
         state.ResumeTiming();
-        const bool accepted = session->ok({}, bench.app.datasheetLinks).accepted;
+        const bool accepted = session->ok({}, bench.app.libraries.datasheetLinks).accepted;
         state.PauseTiming();
         if (!accepted || session->takeRecords() != bench.records)
             std::abort();

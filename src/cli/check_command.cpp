@@ -50,7 +50,8 @@ template <class Record>
 void addSaveFindings(const CPartwrightPlugInApp& app, const typename Kind<Record>::Library& library,
                      std::vector<LibraryFinding>& findings) {
     const FormattedLibrary saved = formatLibrary<Record>(app, recordsByGroup(library), {}, {});
-    const auto read = parseLibrary<Record>(app, saved.bytes, CodePage::Utf8);
+    const auto read =
+        parseLibrary(app.of<Record>(), app.decimalMark(), saved.bytes, CodePage::Utf8);
     for (const RecordChange& change : changesBetween(app, library, read.records))
         for (const FieldChange& field : change.fields) {
             if (field.before.empty()) // reading says of what does not apply that it is "N/A"

@@ -16,10 +16,10 @@ PromptAnswer ConsolePrompt::show(std::wstring_view /*title*/, std::wstring_view 
     return buttons == PromptButtons::YesNo ? PromptAnswer::No : PromptAnswer::Ok;
 }
 
-bool ConsolePrompt::unreadableTable(const CPartwrightPlugInApp& app) const {
-    const auto isLibrary = [&app](const std::wstring& text) {
+bool ConsolePrompt::unreadableTable(const Libraries& libraries) const {
+    const auto isLibrary = [&libraries](const std::wstring& text) {
         return std::any_of(
-            app.libraryFaults.begin(), app.libraryFaults.end(),
+            libraries.faults.begin(), libraries.faults.end(),
             [&text](const auto& fault) { return text == message::failedToOpen(fault.first); });
     };
     return !std::all_of(unreadable_.begin(), unreadable_.end(), isLibrary);

@@ -45,9 +45,9 @@ int convert(Tables& tables, const ConvertOptions& options) {
             return Findings; // most likely the other kind of library
     }
     // What was not understood on reading would be lost in the copy as well.
-    if (const auto fault = tables.app.libraryFaults.find(in);
-        fault != tables.app.libraryFaults.end())
-        tables.app.libraryFaults[out] = fault->second;
+    auto& faults = tables.app.libraries.faults;
+    if (const auto fault = faults.find(in); fault != faults.end())
+        faults[out] = fault->second;
     return saveLibraryFile<Record>(tables.app, library, out, false, tables.prompt) ==
                    SaveOutcome::Saved
                ? Fine

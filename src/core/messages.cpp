@@ -1,5 +1,7 @@
 #include "core/messages.h"
 
+#include "core/text.h"
+
 namespace partwright::message {
 
 namespace {
@@ -96,12 +98,35 @@ std::wstring cellBeginsWithRowEnd(std::wstring_view header) {
     return join({header, L" can't begin with \"<\""});
 }
 
+std::wstring backslashBecomesHyphen(std::wstring_view header) {
+    return join({header, L" can't hold \"\\\", which is kept as \"-\""});
+}
+
+std::wstring ruleWithDash(std::wstring_view rule) {
+    return join({rule, L" \"-\" is allowed."});
+}
+
+std::wstring cellAndComplaint(std::wstring_view part, std::wstring_view header,
+                              std::wstring_view complaint) {
+    return join({part, L", ", header, L": ", trim(complaint)});
+}
+
+std::wstring pastedBreakRules(std::size_t broken, std::size_t pasted, std::wstring_view first) {
+    return join({std::to_wstring(broken), L" of ", std::to_wstring(pasted), L" pasted values ",
+                 broken == 1 ? L"breaks its rule; first: " : L"break their rule; first: ", first});
+}
+
 std::wstring powerShouldBeBelow(std::wstring_view limit) {
     return join({L"For the selected type power should be < ", limit});
 }
 
 std::wstring powerShouldBeAtLeast(std::wstring_view limit) {
     return join({L"For the selected type power should be >= ", limit});
+}
+
+std::wstring dropChanges(std::size_t components) {
+    return join({L"Drop the changes to ", std::to_wstring(components),
+                 components == 1 ? L" component?" : L" components?"});
 }
 
 std::wstring selectedForDeletion(std::size_t rows) {
@@ -149,6 +174,10 @@ std::wstring datasheetFolderMissing(std::wstring_view folder) {
 
 std::wstring fileMissing(std::wstring_view path) {
     return join({L"File \"", path, L"\" does not exist."});
+}
+
+std::wstring linkLeavesFolder(std::wstring_view link) {
+    return join({L"The link \"", link, L"\" leads out of the folder of data sheets."});
 }
 
 std::wstring noProgramToOpen(std::wstring_view path) {

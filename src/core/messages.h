@@ -75,6 +75,15 @@ inline constexpr std::wstring_view longDescription = L"Description can't exceed 
 [[nodiscard]] std::wstring longCell(std::wstring_view header);
 /// The mark that would end a library row.
 [[nodiscard]] std::wstring cellBeginsWithRowEnd(std::wstring_view header);
+/// The mark that a library file has in place of hyphens.
+[[nodiscard]] std::wstring backslashBecomesHyphen(std::wstring_view header);
+/// A rule in its own words, where it takes a lone "-" as well.
+[[nodiscard]] std::wstring ruleWithDash(std::wstring_view rule);
+[[nodiscard]] std::wstring cellAndComplaint(std::wstring_view part, std::wstring_view header,
+                                            std::wstring_view complaint);
+/// `first` is what cellAndComplaint() says of the first of them.
+[[nodiscard]] std::wstring pastedBreakRules(std::size_t broken, std::size_t pasted,
+                                            std::wstring_view first);
 [[nodiscard]] std::wstring powerShouldBeBelow(std::wstring_view limit);
 [[nodiscard]] std::wstring powerShouldBeAtLeast(std::wstring_view limit);
 
@@ -97,6 +106,7 @@ inline constexpr std::wstring_view notApplicableHint = L"  (Not applicable for s
 inline constexpr std::wstring_view typeChangeHint =
     L"  <Type Changing results in clearing all data>";
 inline constexpr std::wstring_view chooseTypeFirst = L"You must choose Type first time";
+inline constexpr std::wstring_view noCellBreaksItsRule = L"No cell breaks its rule.";
 
 // --- Change Component dialogs: rows --------------------------------------------------------------
 
@@ -111,6 +121,8 @@ inline constexpr std::wstring_view emptyPartNumberCell = L"Part Number cell is e
 inline constexpr std::wstring_view selectRowInTable =
     L"You should select a row in the Component Table.";
 
+/// Asked when Escape would close a table.
+[[nodiscard]] std::wstring dropChanges(std::size_t components);
 [[nodiscard]] std::wstring selectedForDeletion(std::size_t rows);
 [[nodiscard]] std::wstring partlyDeletable(std::size_t blocked, std::size_t deletable);
 [[nodiscard]] std::wstring allBlocked(std::size_t rows);
@@ -141,6 +153,8 @@ inline constexpr std::wstring_view datasheetFolderNotDefined =
 
 [[nodiscard]] std::wstring datasheetFolderMissing(std::wstring_view folder);
 [[nodiscard]] std::wstring fileMissing(std::wstring_view path);
+/// The link leads to a file outside of the folder.
+[[nodiscard]] std::wstring linkLeavesFolder(std::wstring_view link);
 /// The file is there, but the desktop has no program for it.
 [[nodiscard]] std::wstring noProgramToOpen(std::wstring_view path);
 

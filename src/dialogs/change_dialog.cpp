@@ -68,7 +68,7 @@ CComChange1::CComChange1(TableSession& session, const DialogServices& services,
         line_->setToolTip(line);
     });
     connect(grid_, &CComponentGrid::datasheetOpened, this, [this](const QString& file) {
-        OpenDatasheet(services_.app, engineText(file), services_.prompt, services_.opener);
+        OpenDatasheet(services_.app.paths, engineText(file), services_.prompt, services_.opener);
     });
     const auto& columns = session_.setup().columns;
     for (std::size_t at = 1; at < columns.size(); ++at)
@@ -190,7 +190,7 @@ void CComChange1::accept() {
     if (!grid_->commitEdit())
         return;
     const auto ok = [this](Consent consent) {
-        return session_.ok(grid_->rowOrder(), services_.app.datasheetLinks, consent);
+        return session_.ok(grid_->rowOrder(), services_.app.libraries.datasheetLinks, consent);
     };
     TableOutcome outcome = ok(Consent::NotAsked);
     if (grid_->show(outcome))
@@ -278,7 +278,7 @@ void CComChange1::calculate() {
         calculator, session_.table().text(*row, partNumberColumn),
         [this, row] { return PowerCalculator::cellsOf(session_, *row); }, this);
     if (dialog.exec() == QDialog::Accepted)
-        grid_->show(session_.storeResults(*row, calculator.results()));
+        grid_->showChange(session_.storeResults(*row, calculator.results()));
 }
 
 } // namespace partwright

@@ -27,8 +27,11 @@ public:
     CComponentGrid(TableSession& session, Prompt& prompt, std::shared_ptr<grid::SortFlags> flags,
                    QWidget* parent);
 
-    /// Shows what a verb gave; its boxes come last.
+    /// Shows what a verb gave; its boxes come last. True when its question was answered with Yes.
     bool show(const TableOutcome& outcome);
+    /// The same for a verb that changed cells: unless it has a line of its own, the line speaks
+    /// about what the current cell holds now.
+    void showChange(const TableOutcome& outcome);
     using QWidget::show;
 
     /// The session's cell under the grid's current one; none in an empty table.

@@ -36,7 +36,7 @@ ComponentTableSession<Record>::ComponentTableSession(const CPartwrightPlugInApp&
     openedParts_ = records_.size();
     table_.reserve(records_.size());
     for (const auto& [key, record] : records_)
-        table_.load(rowOfRecord(setup(), key, record, app.datasheetLinks));
+        table_.load(rowOfRecord(setup(), key, record, app.libraries.datasheetLinks));
 }
 
 template <class Record>
@@ -45,8 +45,33 @@ bool ComponentTableSession<Record>::isOpened(std::wstring_view part) const {
 }
 
 template <class Record>
+std::size_t ComponentTableSession<Record>::changedComponents() const {
+    std::size_t changed = table_.departed().size();
+    std::size_t still = 0; // records that have not been deleted
+    for (const DepartedPart& part : table_.departed())
+        still += part.row.isNew ? 0 : 1;
+    auto next = records_.begin();
+    for (std::size_t at = 0; at < table_.rowCount(); ++at) {
+        const TableRow& row = table_.row(at);
+        if (row.isNew) {
+            ++changed;
+            continue;
+        }
+        ++still;
+        const bool isNext = next != records_.end() && next->first == row.part();
+        const auto record = isNext ? next : records_.find(row.part());
+        next = std::next(record);
+        TableRow before =
+            rowOfRecord(setup(), record->first, record->second, app_.libraries.datasheetLinks);
+        before.cells[fullColumn] = row.cells[fullColumn]; // follows from the others
+        changed += before.cells == row.cells ? 0 : 1;
+    }
+    return changed + records_.size() - still;
+}
+
+template <class Record>
 FamilyGroups ComponentTableSession<Record>::familyGroups() const {
-    return partwright::familyGroups<Record>(app_);
+    return partwright::familyGroups(app_.of<Record>());
 }
 
 template <class Record>
@@ -146,7 +171,7 @@ void ComponentTableSession<Record>::storeDeparted(const DepartedPart& part) {
         record.completedForAsr = record.completedForRapid = 0;
     record.group = part.group;
     record.family = part.family;
-    record.type = defaultTypeOf<Record>(app_, part.group);
+    record.type = defaultTypeOf(app_.of<Record>(), part.group);
     for (std::wstring& value : record.LPar)
         value.clear();
     if (setup().group == setup().kind->processGroup && part.wasHere)

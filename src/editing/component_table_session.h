@@ -5,7 +5,7 @@
 //
 //   ComponentTableSession<SdtaComponent> session(app, group, level, records, rules, place);
 //   ...verbs...
-//   TableOutcome outcome = session.ok(order, app.datasheetLinks);
+//   TableOutcome outcome = session.ok(order, app.libraries.datasheetLinks);
 //   if (outcome.accepted)
 //       page takes session.takeRecords(): what it handed over and is missing now was deleted
 //
@@ -40,6 +40,7 @@ public:
 
 protected:
     [[nodiscard]] bool isOpened(std::wstring_view part) const override;
+    [[nodiscard]] std::size_t changedComponents() const override;
 
 private:
     void StoreRowsToRecords();

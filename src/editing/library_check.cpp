@@ -13,6 +13,7 @@ namespace partwright {
 
 namespace {
 
+constexpr auto notFound = std::wstring_view::npos;
 constexpr std::wstring_view valueRule = L"single value";
 constexpr std::wstring_view completenessRule = L"completeness";
 
@@ -27,8 +28,8 @@ public:
     ComponentTable& table() { return table_; }
 
     void checkRow(std::size_t row) {
-        // Without a group in use there is no table to open, and no column to look at.
-        if (setup().groupName == notDefinedName || setup().groupName == notApplicableGroup) {
+        // Without a group there is no table to open, and no column to look at.
+        if (setup().groupName == notDefinedName) {
             report(row, completenessRule, refusal(message::groupNotChosen));
             return;
         }
@@ -108,7 +109,9 @@ std::vector<LibraryFinding> checkLibrary(const CPartwrightPlugInApp& app,
         groups[entry.second.group].push_back(&entry);
     std::vector<LibraryFinding> findings;
     for (const auto& [group, entries] : groups) {
-        if (group < 0) // the record was given up
+        // Below 0 a record was given up; codes that are not in use are shown nowhere.
+        if (group < 0 ||
+            app.of<Record>().GroupAndTypeNames(group, 0).first.find(notApplicableGroup) != notFound)
             continue;
         GroupCheck check(Kind<Record>::name, makeTableSetup<Record>(app, group, level), rules,
                          findings);

@@ -10,6 +10,7 @@
 // Cells are judged as when they become current, rows one by one by each step of OK; of each step
 // the first message counts. Findings come by group, part and column.
 
+#include "core/application.h"
 #include "core/library_kind.h"
 #include "editing/analysis_level.h"
 #include "validation/finding.h"

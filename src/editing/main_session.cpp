@@ -104,7 +104,7 @@ bool MainSession::closeWithOk() {
 }
 
 bool MainSession::saveLinks() {
-    const LinkSaveResult saved = SaveDatasheetLinks(app_);
+    const LinkSaveResult saved = SaveDatasheetLinks(app_.paths, app_.libraries);
     if (!saved.message.empty())
         prompt_.tell(saved.message, PromptIcon::Warning);
     switch (saved.status) {
@@ -116,7 +116,7 @@ bool MainSession::saveLinks() {
     case SaveStatus::Unencodable:
         break;
     }
-    return app_.datasheetLinks.empty();
+    return app_.libraries.datasheetLinks.empty();
 }
 
 } // namespace partwright

@@ -29,9 +29,9 @@ namespace partwright {
 
 /// Every family that has groups which a part can be put into.
 template <class Record>
-[[nodiscard]] FamilyGroups familyGroups(const CPartwrightPlugInApp& app);
-extern template FamilyGroups familyGroups<SdtaComponent>(const CPartwrightPlugInApp&);
-extern template FamilyGroups familyGroups<AsrComponent>(const CPartwrightPlugInApp&);
+[[nodiscard]] FamilyGroups familyGroups(const Definitions<Record>& definitions);
+extern template FamilyGroups familyGroups(const Definitions<SdtaComponent>&);
+extern template FamilyGroups familyGroups(const Definitions<AsrComponent>&);
 
 enum class GroupChoiceMode { ChangeGroup, Add, Copy };
 
@@ -49,6 +49,8 @@ public:
 
     [[nodiscard]] std::wstring_view title() const;
     [[nodiscard]] bool asksPartNumber() const { return mode_ != GroupChoiceMode::ChangeGroup; }
+    /// A copy goes where its original is; family and group are shown all the same.
+    [[nodiscard]] bool asksGroup() const { return mode_ != GroupChoiceMode::Copy; }
     [[nodiscard]] const std::vector<Family>& families() const { return families_; }
     [[nodiscard]] std::size_t family() const { return family_; }
     /// Of the chosen family.

@@ -64,6 +64,12 @@ struct TableColumn {
     ColumnChoices choices = ColumnChoices::None;
     /// LPar number; 0 when the column is no parameter.
     std::size_t parameter = 0;
+
+    /// Takes no text from the user.
+    [[nodiscard]] bool isReadOnly() const {
+        return kind == ColumnKind::RowNumber || kind == ColumnKind::PartNumber ||
+               kind == ColumnKind::Full || kind == ColumnKind::Used;
+    }
 };
 
 /// All that sets the table of one kind of library apart from the other's.
@@ -162,9 +168,9 @@ extern template TableSetup makeTableSetup<AsrComponent>(const CPartwrightPlugInA
 
 /// The number that a new record of a group gets: that of its default type, 0 without a type list.
 template <class Record>
-[[nodiscard]] std::int32_t defaultTypeOf(const CPartwrightPlugInApp& app, std::int32_t group);
-extern template std::int32_t defaultTypeOf<SdtaComponent>(const CPartwrightPlugInApp&,
-                                                          std::int32_t);
-extern template std::int32_t defaultTypeOf<AsrComponent>(const CPartwrightPlugInApp&, std::int32_t);
+[[nodiscard]] std::int32_t defaultTypeOf(const Definitions<Record>& definitions,
+                                         std::int32_t group);
+extern template std::int32_t defaultTypeOf(const Definitions<SdtaComponent>&, std::int32_t);
+extern template std::int32_t defaultTypeOf(const Definitions<AsrComponent>&, std::int32_t);
 
 } // namespace partwright

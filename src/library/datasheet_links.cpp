@@ -40,30 +40,30 @@ std::wstring formatLinks(const DatasheetLinks& links, std::wstring_view lineEnd)
 
 } // namespace
 
-std::wstring datasheetLinksPath(const CPartwrightPlugInApp& app) {
-    return withSeparator(app.libraryFolder) + std::wstring(tableName);
+std::wstring datasheetLinksPath(const ProjectPaths& paths) {
+    return withSeparator(paths.libraryFolder) + std::wstring(tableName);
 }
 
-LoadResult LoadDatasheetLinks(CPartwrightPlugInApp& app) {
-    const std::wstring path = datasheetLinksPath(app);
+LoadResult LoadDatasheetLinks(const ProjectPaths& paths, Libraries& libraries) {
+    const std::wstring path = datasheetLinksPath(paths);
     const RuleTable table = readRuleTable(path, {.columns = linkColumns});
-    app.libraryFaults.erase(path);
+    libraries.faults.erase(path);
     if (table.status == FileStatus::OpenFailed)
-        app.libraryFaults[path] = LibraryFault::Unreadable;
+        libraries.faults[path] = LibraryFault::Unreadable;
     if (table.status == FileStatus::Ok)
-        app.datasheetLinks.clear();
+        libraries.datasheetLinks.clear();
     for (const RuleRow& row : table.rows)
         if (!row.text(partColumn).empty())
-            app.datasheetLinks.insert_or_assign(row.text(partColumn), row.text(fileColumn));
+            libraries.datasheetLinks.insert_or_assign(row.text(partColumn), row.text(fileColumn));
     return resultOf(table, path);
 }
 
-LinkSaveResult SaveDatasheetLinks(const CPartwrightPlugInApp& app) {
-    const std::wstring path = datasheetLinksPath(app);
-    if (app.libraryFaults.contains(path))
+LinkSaveResult SaveDatasheetLinks(const ProjectPaths& paths, const Libraries& libraries) {
+    const std::wstring path = datasheetLinksPath(paths);
+    if (libraries.faults.contains(path))
         return {SaveStatus::Refused, message::saveWouldLose(path, message::fileUnreadable())};
     const TextForm form = formOnDisk(path);
-    const std::wstring text = formatLinks(app.datasheetLinks, form.crLf ? L"\r\n" : L"\n");
+    const std::wstring text = formatLinks(libraries.datasheetLinks, form.crLf ? L"\r\n" : L"\n");
     std::string bytes;
     if (!encodeInto(bytes, text, form.codePage))
         bytes = encodeUtf8(text);

@@ -5,7 +5,8 @@
 // data sheets. The table is written whole; one that is there and could not be read is marked, and
 // never written over.
 
-#include "core/application.h"
+#include "core/libraries.h"
+#include "core/project_paths.h"
 #include "library/library_writer.h"
 #include "library/load_result.h"
 
@@ -13,10 +14,10 @@
 
 namespace partwright {
 
-[[nodiscard]] std::wstring datasheetLinksPath(const CPartwrightPlugInApp& app);
+[[nodiscard]] std::wstring datasheetLinksPath(const ProjectPaths& paths);
 
-/// Fills app.datasheetLinks; an absent table leaves it as it is.
-LoadResult LoadDatasheetLinks(CPartwrightPlugInApp& app);
+/// Fills libraries.datasheetLinks; an absent table leaves it as it is.
+LoadResult LoadDatasheetLinks(const ProjectPaths& paths, Libraries& libraries);
 
 struct LinkSaveResult {
     SaveStatus status = SaveStatus::Saved;
@@ -26,6 +27,7 @@ struct LinkSaveResult {
 
 /// Writes the links that name a file. The table keeps the form it has on disk, unless that cannot
 /// hold a character: then it becomes UTF-8.
-[[nodiscard]] LinkSaveResult SaveDatasheetLinks(const CPartwrightPlugInApp& app);
+[[nodiscard]] LinkSaveResult SaveDatasheetLinks(const ProjectPaths& paths,
+                                                const Libraries& libraries);
 
 } // namespace partwright

@@ -65,9 +65,10 @@ struct GroupPlan {
 template <class Record>
 class LibraryParser {
 public:
-    LibraryParser(const CPartwrightPlugInApp& app, std::string bytes, CodePage codePage)
-        : app_(app), bytes_(std::move(bytes)), codePage_(codePage),
-          separator_(findSeparator(bytes_)), mark_(app.decimalMark()),
+    LibraryParser(const Definitions<Record>& definitions, wchar_t decimalMark, std::string bytes,
+                  CodePage codePage)
+        : definitions_(definitions), bytes_(std::move(bytes)), codePage_(codePage),
+          separator_(findSeparator(bytes_)), mark_(decimalMark),
           rowKind_(narrow(Dialect<Record>::rowKind, codePage)),
           droppedGroup_(narrow(Dialect<Record>::droppedGroup, codePage)) {
         std::replace(bytes_.begin(), bytes_.end(), '\\', '-');
@@ -97,7 +98,7 @@ private:
     void fill(std::wstring& target, std::string_view cell) const;
     [[nodiscard]] bool isTooLong(std::string_view cell) const;
 
-    const CPartwrightPlugInApp& app_;
+    const Definitions<Record>& definitions_;
     std::string bytes_;
     CodePage codePage_;
     char separator_;
@@ -122,8 +123,8 @@ private:
 
 template <class Record>
 void LibraryParser<Record>::prepare() {
-    rules_.emplace(app_);
-    const auto count = static_cast<std::int32_t>(Kind<Record>::groupNames(app_).size());
+    rules_.emplace(definitions_);
+    const auto count = static_cast<std::int32_t>(definitions_.groupNames.size());
     for (std::int32_t number = 0; number < std::max(count, 1); ++number)
         addPlan(number);
     groups_.seal();
@@ -138,11 +139,10 @@ void LibraryParser<Record>::addPlan(std::int32_t number) {
     plan.columns = columns.size();
     for (std::size_t i = 0; i < columns.size(); ++i)
         plan.pins[i] = Dialect<Record>::encodesValues && isPinColumn(columns[i]);
-    const std::wstring_view name = namesOf<Record>(app_, number, 0).first;
-    const auto types = Kind<Record>::groupTypes(app_).find(name);
-    if (types != Kind<Record>::groupTypes(app_).end())
-        for (std::size_t i = 0; i < types->second.size(); ++i)
-            plan.types.add(narrow(types->second[i].name, codePage_), static_cast<std::int32_t>(i));
+    const std::wstring_view name = definitions_.GroupAndTypeNames(number, 0).first;
+    const auto types = definitions_.typesOf(number);
+    for (std::size_t i = 0; i < types.size(); ++i)
+        plan.types.add(narrow(types[i].name, codePage_), static_cast<std::int32_t>(i));
     plan.types.seal();
     plans_.push_back(std::move(plan));
     if (number > 0 && name != L"0") // "0" is written for no group
@@ -287,12 +287,13 @@ void takeRecords(CPartwrightPlugInApp& app, typename Kind<Record>::Library& targ
         fault = LibraryFault::Unreadable;
         result.message = message::failedToOpen(result.path);
     } else if (file.status == FileStatus::Ok) {
-        auto parsed = parseLibrary<Record>(app, std::move(file.bytes), file.form.codePage);
+        auto parsed = parseLibrary(app.of<Record>(), app.decimalMark(), std::move(file.bytes),
+                                   file.form.codePage);
         target = std::move(parsed.records);
         if (parsed.groupsUnknown)
             fault = LibraryFault::NoGroupNames;
     }
-    app.libraryFaults.insert_or_assign(result.path, fault);
+    app.libraries.faults.insert_or_assign(result.path, fault);
 }
 
 template <class Record>
@@ -308,52 +309,59 @@ LoadResult loadLibrary(CPartwrightPlugInApp& app, typename Kind<Record>::Library
 } // namespace
 
 template <class Record>
-ParsedLibrary<Record> parseLibrary(const CPartwrightPlugInApp& app, std::string bytes,
-                                   CodePage codePage) {
+ParsedLibrary<Record> parseLibrary(const Definitions<Record>& definitions, wchar_t decimalMark,
+                                   std::string bytes, CodePage codePage) {
     ParsedLibrary<Record> result;
     NodeCollector<typename Kind<Record>::Library> records;
-    LibraryParser<Record> parser(app, std::move(bytes), codePage);
+    LibraryParser<Record> parser(definitions, decimalMark, std::move(bytes), codePage);
     parser.run(records);
     result.records = records.collect();
-    result.groupsUnknown = parser.metRows() && !Dialect<Record>::knowsGroups(app);
+    result.groupsUnknown = parser.metRows() && !Dialect<Record>::knowsGroups(definitions);
     return result;
 }
 
-template ParsedLibrary<SdtaComponent> parseLibrary<SdtaComponent>(const CPartwrightPlugInApp&,
-                                                                  std::string, CodePage);
-template ParsedLibrary<AsrComponent> parseLibrary<AsrComponent>(const CPartwrightPlugInApp&,
-                                                                std::string, CodePage);
+template ParsedLibrary<SdtaComponent> parseLibrary(const Definitions<SdtaComponent>&, wchar_t,
+                                                   std::string, CodePage);
+template ParsedLibrary<AsrComponent> parseLibrary(const Definitions<AsrComponent>&, wchar_t,
+                                                  std::string, CodePage);
 
 LoadResult LoadSdtaLibrary(CPartwrightPlugInApp& app, SdtaLibrary& target, std::wstring_view path) {
-    return loadLibrary<SdtaComponent>(app, target,
-                                      path.empty() ? app.sdtaLibraryPath : std::wstring(path));
+    return loadLibrary<SdtaComponent>(
+        app, target, path.empty() ? app.paths.sdtaLibraryPath : std::wstring(path));
 }
 
-LoadResult loadSdtaMaster(CPartwrightPlugInApp& app, SdtaLibrary& target,
-                          std::optional<SdtaReading>& reading, std::wstring_view wantedPath) {
-    const std::wstring path = wantedPath.empty() ? app.sdtaLibraryPath : std::wstring(wantedPath);
+LoadResult loadSdtaMaster(CPartwrightPlugInApp& app, MasterCopy<SdtaComponent>& master,
+                          std::wstring_view wantedPath) {
+    const std::wstring path =
+        wantedPath.empty() ? app.paths.sdtaLibraryPath : std::wstring(wantedPath);
     TextFile file = readTextFile(path);
     LoadResult result{file.status, path, {}};
-    const auto before = std::exchange(reading, std::nullopt);
+    std::optional<LibraryReading> reading;
     if (file.status == FileStatus::Ok) {
-        reading = {path, file.form.codePage, app.decimalMark(), app.sdtaGroupNames, file.bytes};
-        if (reading == before)
+        reading = {path,
+                   file.form.codePage,
+                   app.decimalMark(),
+                   app.sdta.propertiesRead,
+                   app.sdta.groupNames,
+                   file.bytes};
+        if (master.isFrom(*reading))
             return result;
     }
-    target.clear();
-    takeRecords<SdtaComponent>(app, target, file, result);
+    SdtaLibrary records;
+    takeRecords<SdtaComponent>(app, records, file, result);
+    master.replace(std::move(records), std::move(reading));
     return result;
 }
 
 LoadResult LoadAnalysesLibrary(CPartwrightPlugInApp& app, AsrLibrary& target,
                                std::wstring_view path) {
-    if (app.programFolder.empty()) {
+    if (app.paths.programFolder.empty()) {
         if (!path.empty() && fileExists(path)) // not read, so never to be written over
-            app.libraryFaults.insert_or_assign(std::wstring(path), LibraryFault::Unreadable);
+            app.libraries.faults.insert_or_assign(std::wstring(path), LibraryFault::Unreadable);
         return {};
     }
     LoadResult result = loadLibrary<AsrComponent>(
-        app, target, path.empty() ? app.programFolder + L"ASRLib.csv" : std::wstring(path));
+        app, target, path.empty() ? app.paths.programFolder + L"ASRLib.csv" : std::wstring(path));
     if (result.status == FileStatus::Absent)
         result.message = message::sourceFileNotFound(result.path);
     return result;

@@ -93,7 +93,7 @@ template <class Record>
 class LibraryFormatter {
 public:
     LibraryFormatter(const CPartwrightPlugInApp& app, TextForm form, std::size_t records = 0)
-        : app_(app), codePage_(form.codePage),
+        : definitions_(app.of<Record>()), codePage_(form.codePage),
           separator_(static_cast<char>(app.writtenSeparator())), mark_(app.decimalMark()),
           lineEnd_(form.crLf ? "\r\n" : "\n"), rowEnd_(separator_ + ("<" + lineEnd_)),
           out_(form.codePage, separator_, (records + 1) * expectedRow) {}
@@ -127,7 +127,7 @@ private:
         return done;
     }
 
-    const CPartwrightPlugInApp& app_;
+    const Definitions<Record>& definitions_;
     CodePage codePage_;
     char separator_;
     wchar_t mark_;
@@ -172,8 +172,8 @@ GroupText LibraryFormatter<Record>::prepare(std::int32_t number) const {
     for (std::size_t i = 0; i < text.columns.size(); ++i)
         text.pins[i] = isPinColumn(text.columns[i]);
 
-    const auto family = name(Rules::family(app_, number));
-    const auto group = name(namesOf<Record>(app_, number, 0).first);
+    const auto family = name(Rules::family(definitions_, number));
+    const auto group = name(definitions_.GroupAndTypeNames(number, 0).first);
     text.beforeFamily = joined({L">", Rules::rowKind, Rules::beforeFamily});
     if (group)
         text.behindFamily = separator_ + *group + separator_;
@@ -185,10 +185,10 @@ GroupText LibraryFormatter<Record>::prepare(std::int32_t number) const {
             *cell += separator_;
         return cell;
     };
-    const auto types = Kind<Record>::groupTypes(app_).find(namesOf<Record>(app_, number, 0).first);
-    const auto known = types == Kind<Record>::groupTypes(app_).end() ? 0 : types->second.size();
+    const std::size_t known = definitions_.typesOf(number).size();
     for (std::size_t type = 0; type <= known; ++type)
-        text.types.push_back(cellOf(Rules::type(app_, number, static_cast<std::int32_t>(type))));
+        text.types.push_back(
+            cellOf(Rules::type(definitions_, number, static_cast<std::int32_t>(type))));
     return text;
 }
 
@@ -346,13 +346,13 @@ SaveResult saveLibrary(const CPartwrightPlugInApp& app, std::span<const Record* 
                        const std::wstring& path, SaveForm wanted) {
     SaveResult result;
     result.path = path;
-    const auto fault = app.libraryFaults.find(path);
-    if (fault != app.libraryFaults.end() && fault->second != LibraryFault::None) {
+    const auto fault = app.libraries.faults.find(path);
+    if (fault != app.libraries.faults.end() && fault->second != LibraryFault::None) {
         result.status = SaveStatus::Refused;
         result.message = message::saveWouldLose(
             path, fault->second == LibraryFault::Unreadable
                       ? message::fileUnreadable()
-                      : message::groupTableMissing(Dialect<Record>::groupTable(app)));
+                      : message::groupTableMissing(Dialect<Record>::groupTable(app.paths)));
         return result;
     }
     TextForm form = formOnDisk(path);
@@ -455,14 +455,14 @@ SaveResult SaveSdtaLibrary(const CPartwrightPlugInApp& app,
                            std::span<const SdtaComponent* const> records, std::wstring_view path,
                            SaveForm form) {
     return saveLibrary<SdtaComponent>(
-        app, records, path.empty() ? app.sdtaLibraryPath : std::wstring(path), form);
+        app, records, path.empty() ? app.paths.sdtaLibraryPath : std::wstring(path), form);
 }
 
 SaveResult SaveAnalysesLibrary(const CPartwrightPlugInApp& app,
                                std::span<const AsrComponent* const> records, std::wstring_view path,
                                SaveForm form) {
-    return saveLibrary<AsrComponent>(app, records,
-                                     path.empty() ? app.asrLibraryPath : std::wstring(path), form);
+    return saveLibrary<AsrComponent>(
+        app, records, path.empty() ? app.paths.asrLibraryPath : std::wstring(path), form);
 }
 
 std::wstring GroupHeaderRow(const CPartwrightPlugInApp& app, std::int32_t group) {

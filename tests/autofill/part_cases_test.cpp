@@ -27,12 +27,12 @@ class PartCases : public testing::Test {
 protected:
     static void SetUpTestSuite() {
         app = std::make_unique<CPartwrightPlugInApp>();
-        app->programFolder = withSeparator(pathText(places::tables));
-        ResolveFilePaths(*app, L"/nowhere");
-        LoadSdtaProperties(*app);
-        LoadGroupNames(*app);
-        LoadAsrProperties(*app);
-        LoadConvBiCode(*app);
+        app->paths.programFolder = withSeparator(pathText(places::tables));
+        ResolveFilePaths(app->paths, L"/nowhere");
+        LoadSdtaProperties(app->paths, app->sdta);
+        LoadGroupNames(app->paths, app->classifier, app->sdta);
+        LoadAsrProperties(app->paths, app->asr);
+        LoadConvBiCode(app->paths, app->classifier);
         engine = std::make_unique<FillEngine>(*app);
         for (const LoadResult& result : engine->load())
             ASSERT_EQ(result.status, FileStatus::Ok) << encodeUtf8(result.path);
@@ -91,7 +91,8 @@ std::string difference(const CPartwrightPlugInApp& app, const FilledPart& part,
     std::string text;
     if (part.found.group != toInteger(group))
         text += " group " + std::to_string(part.found.group) + " for " + encodeUtf8(group);
-    const auto typeName = namesOf<Record>(app, part.found.group, part.found.type).second;
+    const auto typeName =
+        app.of<Record>().GroupAndTypeNames(part.found.group, part.found.type).second;
     if (type != L"*" && typeName != type)
         text += " type " + encodeUtf8(typeName) + " for " + encodeUtf8(type);
     for (const std::wstring_view value : split(values, L';')) {

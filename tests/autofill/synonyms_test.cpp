@@ -1,4 +1,5 @@
 #include "autofill/synonyms.h"
+#include "core/application.h"
 #include "core/encoding.h"
 #include "support/places.h"
 
@@ -87,9 +88,9 @@ TEST(Synonyms, FaultyEntriesAreNamedAndMatchNothing) {
 
 TEST(Synonyms, TheShippedTableHasNoFaultyEntry) {
     CPartwrightPlugInApp app;
-    app.programFolder = decodeLossy(std::string(places::tables) + "/");
+    app.paths.programFolder = decodeLossy(std::string(places::tables) + "/");
     SynonymTable table;
-    ASSERT_EQ(LoadSynonyms(app, table).status, FileStatus::Ok);
+    ASSERT_EQ(LoadSynonyms(app.paths, table).status, FileStatus::Ok);
     EXPECT_GT(table.size(), 0U);
     EXPECT_EQ(table.faultyLines(), std::vector<std::size_t>());
 }

@@ -46,7 +46,7 @@ class DialogCases final : public test::AnalysesCases {
         for (const std::size_t position : table.hidden)
             shown[position] = 0;
         d.app.decimalPoint = table.mark;
-        d.app.asrColumnsForAsr[table.group] = shown;
+        d.app.asr.columnsForAsr[table.group] = shown;
         std::vector<AsrDialog::Part> parts;
         for (const Row& row : rows) {
             AsrDialog::Part part;
@@ -71,7 +71,7 @@ class DialogCases final : public test::AnalysesCases {
         const CellAt at{0, L(commit.position)};
         const std::wstring before = d.session->table().text(0, at.column);
         d.session->modify(at, commit.text);
-        const TableOutcome outcome = d.session->commit(at, commit.text);
+        const TableOutcome outcome = d.session->commit(at, commit.text, 1);
         const std::wstring& after = d.session->table().text(0, at.column);
         const bool isOpen = commit.answer == L"open";
         if (outcome.accepted)
@@ -96,7 +96,8 @@ class DialogCases final : public test::AnalysesCases {
         AsrDialog d;
         open(d, table, rows);
         d.session->RefreshAllRowFlags();
-        const TableOutcome outcome = d.session->ok({}, d.app.datasheetLinks, Consent::Given);
+        const TableOutcome outcome =
+            d.session->ok({}, d.app.libraries.datasheetLinks, Consent::Given);
         std::wstring expected = answer;
         if (const auto at = expected.find(L"Method M\n"); at != std::wstring::npos)
             expected.replace(at, 8, L"Method Schematic Review (ASR)");
@@ -142,7 +143,7 @@ TEST(AnalysesDialog, AValueIsStoredInTheUnitOfItsColumn) {
     EXPECT_EQ(narrow(s.table().text(0, L(5))), "10");
     // What follows works on the new text, and the editor stays open with it.
     const std::wstring before = s.table().text(0, L(1));
-    const TableOutcome refused = s.commit({0, L(1)}, L"900G");
+    const TableOutcome refused = s.commit({0, L(1)}, L"900G", 1);
     EXPECT_FALSE(refused.accepted);
     EXPECT_EQ(refused.editorText, L"900000000000");
     EXPECT_EQ(textsOf(refused), std::vector<std::wstring>{L"Value Type or Range Error."});
@@ -151,8 +152,7 @@ TEST(AnalysesDialog, AValueIsStoredInTheUnitOfItsColumn) {
     EXPECT_TRUE(d.type({0, s.setup().manufacturerColumn}, L"3M"));
     EXPECT_EQ(narrow(s.table().text(0, s.setup().manufacturerColumn)), "3M");
     // A fill spreads the normalised text, and one step takes it back.
-    EXPECT_EQ(d.shown(s.fill({0, L(5)}, {1, 2}, L"22u")).changedRows,
-              (std::vector<std::size_t>{1, 2}));
+    EXPECT_EQ(d.fill({0, L(5)}, {1, 2}, L"22u").changedRows, (std::vector<std::size_t>{1, 2}));
     EXPECT_EQ(narrow(s.table().text(2, L(5))), "22");
     s.undo();
     EXPECT_EQ(narrow(s.table().text(2, L(5))), "");
@@ -199,14 +199,14 @@ TEST(AnalysesDialog, FillAndLookStandOnTheSameChecks) {
     s.selectCell({0, L(2)});
     EXPECT_EQ(d.line().find("out of range"), std::string::npos);
     d.prompt.expect(L"Wrong dash separators order!");
-    EXPECT_FALSE(d.shown(s.fill({0, L(2)}, {1}, L"1--2")).accepted);
+    EXPECT_FALSE(d.fill({0, L(2)}, {1}, L"1--2").accepted);
     d.prompt.expect(L"'N/A' is illegal in this cell.");
-    EXPECT_FALSE(d.shown(s.fill({0, L(2)}, {1}, L"N/A")).accepted);
+    EXPECT_FALSE(d.fill({0, L(2)}, {1}, L"N/A").accepted);
     EXPECT_FALSE(s.canUndo());
-    EXPECT_TRUE(d.shown(s.fill({0, L(2)}, {1}, L"A1-A2")).accepted);
+    EXPECT_TRUE(d.fill({0, L(2)}, {1}, L"A1-A2").accepted);
     EXPECT_EQ(narrow(s.table().text(1, L(2))), "A1-A2");
     // Pins of a group without lists have rules like any value.
-    EXPECT_TRUE(s.commit({0, L(1)}, L"4.7k").accepted);
+    EXPECT_TRUE(s.commit({0, L(1)}, L"4.7k", 1).accepted);
     EXPECT_EQ(narrow(s.table().text(0, L(1))), "4700");
 }
 
@@ -232,7 +232,7 @@ TEST(AnalysesDialog, ACopyAsksForMatchingListsAlone) {
     AsrDialog relay;
     auto& r = relay.open(32, {{1, {L"100", L"1", L"1", L"1", L"2", L"3"}}});
     EXPECT_TRUE(r.checkBeforeCopy({}).accepted);
-    EXPECT_FALSE(r.ok({}, relay.app.datasheetLinks).accepted);
+    EXPECT_FALSE(r.ok({}, relay.app.libraries.datasheetLinks).accepted);
 }
 
 TEST(AnalysesDialog, MessagesCountRowsAsTheScreenDoes) {
@@ -244,7 +244,7 @@ TEST(AnalysesDialog, MessagesCountRowsAsTheScreenDoes) {
     auto& s = d.open(26, {filter(L"5"), filter(L"5-9"), filter(L"5")});
     s.RefreshAllRowFlags();
     const std::size_t screen[] = {2, 0, 1};
-    const TableOutcome stop = s.ok(screen, d.app.datasheetLinks);
+    const TableOutcome stop = s.ok(screen, d.app.libraries.datasheetLinks);
     EXPECT_EQ(stop.selectedRows, std::vector<std::size_t>{1});
     EXPECT_EQ(textsOf(stop), std::vector<std::wstring>{L"Number of frequency values should be "
                                                        L"equals to 1.\n(Row = 3, Column = 14)"});
@@ -252,14 +252,14 @@ TEST(AnalysesDialog, MessagesCountRowsAsTheScreenDoes) {
               std::vector<std::wstring>{L"Number of frequency values should be equals to "
                                         L"1.\n(Row = 2, Column = 14)"});
     EXPECT_TRUE(d.type({1, L(8)}, L"9"));
-    EXPECT_TRUE(s.ok(screen, d.app.datasheetLinks).accepted);
+    EXPECT_TRUE(s.ok(screen, d.app.libraries.datasheetLinks).accepted);
 }
 
 TEST(AnalysesDialog, OkStoresWhatTheLevelShows) {
     AsrDialog d;
     LevelColumns shown{};
     shown[1] = shown[2] = shown[3] = 1;
-    d.app.asrColumnsForAsr[23] = d.app.asrColumnsForRapid[23] = shown;
+    d.app.asr.columnsForAsr[23] = d.app.asr.columnsForRapid[23] = shown;
     struct Case {
         AnalysisLevel level;
         std::wstring ground;
@@ -314,6 +314,7 @@ public:
 
 private:
     bool isOpened(std::wstring_view) const override { return false; }
+    std::size_t changedComponents() const override { return 0; }
 };
 
 TEST(AnalysesDialog, AStopAtACellGoesThere) {
@@ -346,13 +347,13 @@ TEST(AnalysesDialog, CheckBoxes) {
     HandMadeSession s(std::move(setup), d.rules);
     const auto typed = [&](std::wstring_view type) {
         s.modify({0, typeColumn}, type);
-        EXPECT_TRUE(s.commit({0, typeColumn}, type).accepted);
+        EXPECT_TRUE(s.commit({0, typeColumn}, type, 1).accepted);
         return narrow(s.table().text(0, calc));
     };
     EXPECT_EQ(typed(L"IC.General.OneSpl"), "");
     EXPECT_EQ(typed(L"IC.PinLibrary"), "1");
-    EXPECT_TRUE(s.commit({0, calc}, L"0").accepted);
-    EXPECT_TRUE(s.commit({0, calc - 1}, L"1").accepted);
+    EXPECT_TRUE(s.commit({0, calc}, L"0", 1).accepted);
+    EXPECT_TRUE(s.commit({0, calc - 1}, L"1", 1).accepted);
 
     auto& stored = d.open(9, {{1, {}}});
     EXPECT_TRUE(d.type({0, typeColumn}, L"IC.General.OneSpl"));

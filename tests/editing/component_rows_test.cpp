@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <numeric>
+
 namespace partwright {
 namespace {
 
@@ -62,7 +64,7 @@ TEST(ComponentRows, DeletionAsksAndSparesTheProject) {
 TEST(ComponentRows, AddCopyAndChangeGroup) {
     SdtaDialog d;
     d.elsewhere = {{L"TAKEN", L""}};
-    d.app.datasheetLinks = {{L"P1", L"one.pdf"}, {L"OTHER", L"other.pdf"}};
+    d.app.libraries.datasheetLinks = {{L"P1", L"one.pdf"}, {L"OTHER", L"other.pdf"}};
     auto& s = d.open(3, {goodThyristor(), goodThyristor()});
     EXPECT_TRUE(s.hasPart(L"P2"));
     EXPECT_TRUE(s.hasPart(L"TAKEN"));
@@ -107,7 +109,7 @@ TEST(ComponentRows, AddCopyAndChangeGroup) {
     EXPECT_EQ(narrow(moved.Description), "moved");
     EXPECT_EQ(moved.LPar, SdtaComponent().LPar);
     EXPECT_EQ(
-        d.app.datasheetLinks,
+        d.app.libraries.datasheetLinks,
         (DatasheetLinks{
             {L"P1", L""}, {L"NEW", L"new.pdf"}, {L"TWIN", L"one.pdf"}, {L"OTHER", L"other.pdf"}}));
 
@@ -122,6 +124,63 @@ TEST(ComponentRows, AddCopyAndChangeGroup) {
     EXPECT_EQ(narrow(moves.at(L"P1").LPar[0]), "-2");
     EXPECT_EQ(narrow(moves.at(L"TWIN").LPar[0]), "-2");
     EXPECT_EQ(narrow(moves.at(L"FAR").LPar[0]), ""); // it was never a capacitor
+}
+
+TEST(ComponentRows, AGroupWithoutTypesTakesANewPart) {
+    SdtaDialog d;
+    auto& s = d.open(25, {});
+    d.shown(s.add({L"NEW", 25, L"", 18}));
+    EXPECT_EQ(narrow(s.table().type(0)), "Default");
+    d.shown(s.selectCell({0, typeColumn}));
+    EXPECT_EQ(d.line().find("from list"), std::string::npos) << d.line();
+    EXPECT_FALSE(s.marks().isMarked({0, typeColumn}));
+    EXPECT_TRUE(d.type({0, s.setup().lastParameter}, L"-"));
+}
+
+TEST(ComponentRows, DroppingAsksWhenComponentsDiffer) {
+    SdtaDialog d;
+    d.projectParts.clear();
+    auto& s = d.open(3, std::vector<SdtaDialog::Part>(5, goodThyristor()));
+    d.shown(s.selectCell({0, typeColumn + 1})); // Full is worked out anew
+    EXPECT_TRUE(s.mayDrop());
+    EXPECT_TRUE(d.type({1, typeColumn + 1}, L"9"));
+    d.prompt.expectQuestion(L"Drop the changes to 1 component?", no);
+    EXPECT_FALSE(s.mayDrop());
+    EXPECT_TRUE(d.type({1, typeColumn + 1}, L"10")); // as it was
+    EXPECT_TRUE(s.mayDrop());
+    d.shown(s.add({L"NEW", 3, L"Diode SCR", 3}));
+    d.shown(s.changeGroup(2, {L"", 7, L"Transistor Bipolar", 4}));
+    d.prompt.expectQuestion(L"You have selected 1 row for deletion.\nChoose Yes to delete or No to "
+                            L"exit.",
+                            yes);
+    d.shown(s.deleteRows({0}));
+    EXPECT_TRUE(d.type({0, typeColumn + 1}, L"8"));
+    d.prompt.expectQuestion(L"Drop the changes to 4 components?", yes);
+    EXPECT_TRUE(s.mayDrop());
+    while (s.canUndo())
+        d.shown(s.undo());
+    EXPECT_TRUE(s.mayDrop());
+}
+
+TEST(ComponentRows, UndoKeepsCellsNotRows) {
+    constexpr std::size_t rows = 10'000;
+    SdtaDialog d;
+    auto& s = d.open(3, std::vector<SdtaDialog::Part>(rows, goodThyristor()));
+    std::vector<std::size_t> all(rows);
+    std::iota(all.begin(), all.end(), std::size_t{0});
+    for (int step = 0; step < 200; ++step)
+        d.fill({0, typeColumn + 1}, all, std::to_wstring(1001 + step));
+    EXPECT_LT(s.table().keptBytes(), std::size_t{200} << 20);
+    int steps = 0;
+    for (; s.canUndo(); ++steps)
+        d.shown(s.undo());
+    EXPECT_EQ(steps, 200);
+    EXPECT_EQ(narrow(s.table().text(rows - 1, typeColumn + 1)), "10");
+    // Texts as long as cells can be leave room for fewer steps, never for none.
+    for (int step = 0; step < 30; ++step)
+        d.fill({0, s.setup().notesColumn}, all, std::wstring(250, L'a' + (step & 1)));
+    EXPECT_LT(s.table().keptBytes(), std::size_t{200} << 20);
+    EXPECT_TRUE(s.canUndo());
 }
 
 TEST(ComponentRows, OkAsksOnceAndStopsAtTheFirstFault) {
@@ -223,10 +282,8 @@ void expectUnchangedByOk(AnalysisLevel level) {
     for (std::int32_t group = -1; group <= Kind<Record>::lastGroup + 1; ++group) {
         test::Dialog<Record> d;
         typename Kind<Record>::Library library;
-        const auto types =
-            Kind<Record>::groupTypes(d.app).find(namesOf<Record>(d.app, group, 0).first);
         const std::size_t known =
-            types == Kind<Record>::groupTypes(d.app).end() ? 1 : types->second.size();
+            std::max<std::size_t>(d.app.template of<Record>().typesOf(group).size(), 1);
         for (int i = 0; i < 300; ++i) {
             Record record;
             record.PartNum = L"P" + std::to_wstring(i);
@@ -297,7 +354,7 @@ TEST(ComponentRows, SpecialTextsOnTheWayInAndOut) {
 
 TEST(ComponentRows, TablesWithoutRowsAndWildRecordsLoseNothing) {
     SdtaDialog d;
-    d.app.sdtaProperties.clear();
+    d.app.sdta.properties.clear();
     d.rules = {};
     SdtaLibrary records = d.records(11, {{1, {L"50"}}, {-5, {}}, {2'000'000'000, {}}});
     records[L""] = records.at(L"P1"); // a key that is not the part number
@@ -348,12 +405,12 @@ TEST(ComponentRows, UndoAndRedoWalkBothWays) {
                          {{dice.roll(rows), typeColumn}, L"CE"}});
                 break;
             case 1:
-                s.fill({row, typeColumn}, {0, row}, L"Custom");
+                d.fill({row, typeColumn}, {0, row}, L"Custom");
                 break;
             case 2:
                 s.modify({row, typeColumn}, L"CA");
                 if (dice.roll(2) == 0)
-                    s.commit({row, typeColumn}, L"CA");
+                    s.commit({row, typeColumn}, L"CA", row + 1);
                 else
                     s.cancelEdit();
                 break;

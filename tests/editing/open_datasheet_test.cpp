@@ -1,3 +1,4 @@
+#include "core/application.h"
 #include "core/messages.h"
 #include "editing/open_datasheet.h"
 #include "support/recording_opener.h"
@@ -31,15 +32,19 @@ TEST(OpenDatasheet, OpensTheFileOrTellsWhatIsMissing) {
         {sheets, L"a.pdf", L"File \"" + sheets + L"/a.pdf\" does not exist.", false},
         {sheets, L"passive", L"File \"" + sheets + L"/passive\" does not exist.", false},
         {sheets, L"passive\\R 1.pdf", L"", true},
+        {sheets, L"passive/../../x.pdf",
+         L"The link \"passive/../../x.pdf\" leads out of the folder of data sheets.", false},
+        {sheets, L"..\\x.pdf", L"The link \"..\\x.pdf\" leads out of the folder of data sheets.",
+         false},
         {sheets + L"/", L"passive/R 1.pdf", L"", true},
     };
     for (const Case& one : cases) {
         ScriptedPrompt prompt;
         if (!one.box.empty())
             prompt.expect(one.box, PromptIcon::Warning);
-        app.datasheetFolder = one.folder;
+        app.paths.datasheetFolder = one.folder;
         opener.opened.clear();
-        OpenDatasheet(app, one.link, prompt, opener);
+        OpenDatasheet(app.paths, one.link, prompt, opener);
         EXPECT_EQ(opener.opened,
                   one.opens ? std::vector<std::wstring>{file} : std::vector<std::wstring>{});
     }
@@ -47,7 +52,7 @@ TEST(OpenDatasheet, OpensTheFileOrTellsWhatIsMissing) {
     opener.answer = false;
     ScriptedPrompt prompt;
     prompt.expect(message::noProgramToOpen(file), PromptIcon::Warning);
-    OpenDatasheet(app, L"passive/R 1.pdf", prompt, opener);
+    OpenDatasheet(app.paths, L"passive/R 1.pdf", prompt, opener);
 }
 
 } // namespace partwright::test

@@ -28,13 +28,13 @@ inline std::string narrow(std::wstring_view text) {
 inline const CPartwrightPlugInApp& shippedApp() {
     static const auto app = [] {
         auto made = std::make_unique<CPartwrightPlugInApp>();
-        made->hostTool = 1;
-        made->programFolder = withSeparator(pathText(places::tables));
-        ResolveFilePaths(*made, L"/nowhere/");
-        LoadGroupNames(*made);
-        LoadSdtaProperties(*made);
-        LoadAsrProperties(*made);
-        LoadColumnVisibility(*made);
+        made->paths.hostTool = 1;
+        made->paths.programFolder = withSeparator(pathText(places::tables));
+        ResolveFilePaths(made->paths, L"/nowhere/");
+        LoadGroupNames(made->paths, made->classifier, made->sdta);
+        LoadSdtaProperties(made->paths, made->sdta);
+        LoadAsrProperties(made->paths, made->asr);
+        LoadColumnVisibility(made->paths, made->asr);
         return made;
     }();
     return *app;
@@ -43,8 +43,8 @@ inline const CPartwrightPlugInApp& shippedApp() {
 inline const ValidationTables& shippedRules() {
     static const auto tables = [] {
         ValidationTables made;
-        LoadValidationRules(shippedApp().sdtaValidationRulesPath, made.rules);
-        LoadThermalValidationRules(shippedApp().sdtaThermalValidationPath, made.thermal);
+        LoadValidationRules(shippedApp().paths.sdtaValidationRulesPath, made.rules);
+        LoadThermalValidationRules(shippedApp().paths.sdtaThermalValidationPath, made.thermal);
         return made;
     }();
     return tables;
@@ -106,21 +106,14 @@ struct Dialog {
 
     /// Shows an outcome's boxes and hands it on.
     TableOutcome shown(TableOutcome outcome) {
-        boxes.show(outcome);
-        return outcome;
-    }
-    /// A verb that asks first: what comes of it after the answer.
-    template <class Verb>
-    TableOutcome asked(Verb verb) {
-        TableOutcome outcome = verb(Consent::NotAsked);
-        if (boxes.show(outcome))
-            boxes.show(outcome = verb(Consent::Given));
+        session->present(outcome);
+        line_ = outcome.line.value_or(line_);
         return outcome;
     }
     /// As a person types: every change of the text, then Enter.
     bool type(CellAt at, std::wstring_view text) {
         shown(session->modify(at, text));
-        return shown(session->commit(at, text)).accepted;
+        return shown(session->commit(at, text, at.row + 1)).accepted;
     }
     /// The parameters of a row, joined by blanks.
     std::string row(std::size_t row) const {
@@ -129,12 +122,22 @@ struct Dialog {
             text += L" " + session->table().text(row, c);
         return narrow(text);
     }
-    std::string line() const { return narrow(session->descriptionLine()); }
+    /// As the user drags one cell over rows.
+    TableOutcome fill(CellAt source, std::vector<std::size_t> rows, std::wstring_view text) {
+        return shown(
+            session->fill({{source, std::wstring(text)}}, std::move(rows), source.row + 1));
+    }
+    /// The line below the table.
+    std::string line() const { return narrow(line_); }
     TableOutcome closed(RowOrder order = {}) {
-        return asked(
-            [&](Consent consent) { return session->ok(order, app.datasheetLinks, consent); });
+        return asked([&](Consent consent) {
+            return session->ok(order, app.libraries.datasheetLinks, consent);
+        });
     }
     bool ok() { return closed().accepted; }
+
+private:
+    std::wstring line_;
 };
 
 using SdtaDialog = Dialog<SdtaComponent>;

@@ -33,9 +33,9 @@ public:
         std::filesystem::copy(places::samples, folder.path(),
                               std::filesystem::copy_options::recursive |
                                   std::filesystem::copy_options::overwrite_existing);
-        app.hostTool = 1;
-        app.libraryFolder = folder / L"library";
-        app.projectInputFolder = withSeparator(folder / L"input");
+        app.paths.hostTool = 1;
+        app.paths.libraryFolder = folder / L"library";
+        app.paths.projectInputFolder = withSeparator(folder / L"input");
     }
 
     CPartwrightPlugInDlg& open() {

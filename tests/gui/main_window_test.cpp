@@ -227,7 +227,7 @@ TEST_F(MainWindowCase, SaveWritesThePageShown) {
 TEST_F(MainWindowCase, OkSavesBothLibrariesAndTheLinks) {
     folder.put(linkFile, "PartNum,FileName,\nR-1,r.pdf,\n");
     open();
-    app.datasheetLinks[L"R-2"] = L"s.pdf";
+    app.libraries.datasheetLinks[L"R-2"] = L"s.pdf";
     const auto before = folder.files();
     QTest::keyClick(&find<QLineEdit>("sdtaPath"), Qt::Key_Return); // OK is the default button
     EXPECT_EQ(dialog->result(), QDialog::Accepted);
@@ -241,7 +241,7 @@ TEST_F(MainWindowCase, OkSavesBothLibrariesAndTheLinks) {
 TEST_F(MainWindowCase, AFullDiskKeepsTheWindowOpenAndTheFilesWhole) {
     open();
     const auto before = folder.files();
-    app.datasheetLinks[std::wstring(80, L'P')] = L"s.pdf";
+    app.libraries.datasheetLinks[std::wstring(80, L'P')] = L"s.pdf";
     const auto expectFailure = [this](std::wstring_view file) {
         prompt.expect(message::failedToWrite(folder / file, L"File too large"),
                       PromptIcon::Warning);
@@ -269,7 +269,7 @@ TEST_F(MainWindowCase, FilesThatVanishedAreWrittenAnew) {
     press("ok");
     EXPECT_FALSE(dialog->isVisible()) << "a file that cannot be opened does not keep it open";
     SdtaLibrary again;
-    static_cast<void>(LoadSdtaLibrary(app, again, app.sdtaLibraryPath));
+    static_cast<void>(LoadSdtaLibrary(app, again, app.paths.sdtaLibraryPath));
     EXPECT_EQ(again.size(), session->sdtaPage.designLibrary.size());
 }
 
@@ -286,7 +286,7 @@ TEST_F(MainWindowCase, ALibraryThatWasNotUnderstoodIsWithheld) {
     const auto expectRefusal = [this] {
         prompt.expect(
             message::saveWouldLose(folder / sampleAnalyses,
-                                   message::groupTableMissing(app.asrPropertyLibraryPath)),
+                                   message::groupTableMissing(app.paths.asrPropertyLibraryPath)),
             PromptIcon::Warning);
     };
     expectRefusal();

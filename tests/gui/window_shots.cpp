@@ -144,8 +144,8 @@ int main(int argc, char** argv) {
     if (parser.isSet(project)) {
         const std::filesystem::path folder = parser.value(project).toStdString();
         std::filesystem::copy(places::samples, folder, std::filesystem::copy_options::recursive);
-        window.app.libraryFolder = pathText(folder / "library");
-        window.app.projectInputFolder = withSeparator(pathText(folder / "input"));
+        window.app.paths.libraryFolder = pathText(folder / "library");
+        window.app.paths.projectInputFolder = withSeparator(pathText(folder / "input"));
     }
     window.open();
     shootMainWindow(window, album);
