@@ -1,11 +1,7 @@
 #include "cli/commands.h"
 #include "cli/project.h"
-#include "cli/record_changes.h"
 #include "core/encoding.h"
-#include "core/messages.h"
 #include "editing/library_check.h"
-#include "library/library_reader.h"
-#include "library/library_writer.h"
 
 #include <nlohmann/json.hpp>
 
@@ -45,42 +41,23 @@ nlohmann::ordered_json json(const LibraryFinding& finding) {
             {"text", encodeUtf8(finding.finding.summary())}};
 }
 
-/// What a save and the next reading would make of the library, where that is something else.
-template <class Record>
-void addSaveFindings(const CPartwrightPlugInApp& app, const typename Kind<Record>::Library& library,
-                     std::vector<LibraryFinding>& findings) {
-    const FormattedLibrary saved = formatLibrary<Record>(app, recordsByGroup(library), {}, {});
-    const auto read =
-        parseLibrary(app.of<Record>(), app.decimalMark(), saved.bytes, CodePage::Utf8);
-    for (const RecordChange& change : changesBetween(app, library, read.records))
-        for (const FieldChange& field : change.fields) {
-            if (field.before.empty()) // reading says of what does not apply that it is "N/A"
-                continue;
-            LibraryFinding& finding = findings.emplace_back();
-            finding.library = Kind<Record>::name;
-            finding.part = change.partNumber;
-            finding.group = change.group;
-            finding.type = change.type;
-            finding.parameter = field.name;
-            finding.value = field.before;
-            finding.finding = refusal(message::saveChanges(field.after));
-            finding.finding.rule = L"save";
-        }
-}
-
 template <class Record>
 void addFindings(Project& project, const LibraryPageSession<Record>& page, AnalysisLevel level,
                  std::vector<LibraryFinding>& findings) {
-    auto found =
-        checkLibrary<Record>(project.app, page.workingLibrary(), project.session.rules, level);
-    std::move(found.begin(), found.end(), std::back_inserter(findings));
-    addSaveFindings<Record>(project.app, page.workingLibrary(), findings);
+    const auto add = [&](std::vector<LibraryFinding> found) {
+        std::move(found.begin(), found.end(), std::back_inserter(findings));
+    };
+    const auto& library = page.workingLibrary();
+    add(checkLibrary<Record>(project.app, library, project.session.rules, level));
+    add(saveFindings<Record>(project.app, library));
 }
 
 } // namespace
 
 int runCheck(const PlaceOptions& place, const CheckOptions& options, Streams streams) {
     Project project(place, streams);
+    if (!project.isThere())
+        return Usage;
     MainSession& session = project.session;
     // Parts that the libraries lack are unfilled ones in the window, so they are here.
     for (int index = 0; index < MainSession::pageCount; ++index) {
@@ -97,6 +74,7 @@ int runCheck(const PlaceOptions& place, const CheckOptions& options, Streams str
             printText(streams.out, finding);
     if (!place.json)
         streams.out << findings.size() << (findings.size() == 1 ? " finding" : " findings") << '\n';
+    project.tellLookedAt();
     if (project.prompt.unreadable())
         return Usage;
     return findings.empty() ? Fine : Findings;

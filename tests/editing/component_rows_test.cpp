@@ -142,24 +142,19 @@ TEST(ComponentRows, DroppingAsksWhenComponentsDiffer) {
     d.projectParts.clear();
     auto& s = d.open(3, std::vector<SdtaDialog::Part>(5, goodThyristor()));
     d.shown(s.selectCell({0, typeColumn + 1})); // Full is worked out anew
-    EXPECT_TRUE(s.mayDrop());
+    EXPECT_TRUE(s.drop().accepted);
     EXPECT_TRUE(d.type({1, typeColumn + 1}, L"9"));
-    d.prompt.expectQuestion(L"Drop the changes to 1 component?", no);
-    EXPECT_FALSE(s.mayDrop());
+    EXPECT_EQ(s.drop().question, L"Drop the changes to 1 component?");
     EXPECT_TRUE(d.type({1, typeColumn + 1}, L"10")); // as it was
-    EXPECT_TRUE(s.mayDrop());
+    EXPECT_TRUE(s.drop().accepted);
     d.shown(s.add({L"NEW", 3, L"Diode SCR", 3}));
     d.shown(s.changeGroup(2, {L"", 7, L"Transistor Bipolar", 4}));
-    d.prompt.expectQuestion(L"You have selected 1 row for deletion.\nChoose Yes to delete or No to "
-                            L"exit.",
-                            yes);
-    d.shown(s.deleteRows({0}));
+    d.shown(s.deleteRows({0}, Consent::Given));
     EXPECT_TRUE(d.type({0, typeColumn + 1}, L"8"));
-    d.prompt.expectQuestion(L"Drop the changes to 4 components?", yes);
-    EXPECT_TRUE(s.mayDrop());
+    EXPECT_EQ(s.drop().question, L"Drop the changes to 4 components?");
     while (s.canUndo())
         d.shown(s.undo());
-    EXPECT_TRUE(s.mayDrop());
+    EXPECT_TRUE(s.drop().accepted);
 }
 
 TEST(ComponentRows, UndoKeepsCellsNotRows) {

@@ -106,9 +106,16 @@ struct Dialog {
 
     /// Shows an outcome's boxes and hands it on.
     TableOutcome shown(TableOutcome outcome) {
-        session->present(outcome);
+        boxes.show(outcome);
         line_ = outcome.line.value_or(line_);
         return outcome;
+    }
+    /// A verb that asks first: what comes of it after the answer.
+    template <class Verb>
+    TableOutcome asked(Verb verb) {
+        TableOutcome outcome = verb(Consent::NotAsked);
+        line_ = outcome.line.value_or(line_);
+        return boxes.show(outcome) ? shown(verb(Consent::Given)) : outcome;
     }
     /// As a person types: every change of the text, then Enter.
     bool type(CellAt at, std::wstring_view text) {
