@@ -45,6 +45,8 @@ nlohmann::ordered_json json(const LibraryFinding& finding) {
 
 int runCheck(const PlaceOptions& place, const CheckOptions& options, Streams streams) {
     Project project(place, streams);
+    if (!project.isOpen())
+        return Findings;
     MainSession& session = project.session;
     // Parts that the libraries lack are unfilled ones in the window, so they are here.
     for (int index = 0; index < MainSession::pageCount; ++index) {

@@ -52,13 +52,15 @@ bool fillPage(Project& project, LibraryPageSession<Record>& page, const FillOpti
         else
             printText<Record>(out, change);
     }
-    return options.dryRun || page.save(false) == SaveOutcome::Saved;
+    return options.dryRun || page.save(false);
 }
 
 } // namespace
 
 int runFill(const PlaceOptions& place, const FillOptions& options, Streams streams) {
     Project project(place, streams);
+    if (!project.isOpen())
+        return Findings;
     // With a table or the part list unread, values would be missing or come from the wrong rules.
     // A library that was not read is refused by its own save.
     if (project.prompt.unreadableTable(project.app.libraries))

@@ -17,7 +17,7 @@ std::wstring folder(const std::string& argument) {
 }
 
 StartOptions startOptions(const PlaceOptions& place) {
-    return {folder(place.program), folder(place.publicFolder)};
+    return {folder(place.program), folder(place.publicFolder), interruptedSaves(place)};
 }
 
 /// Without group names no command gives an answer worth having, so the place is told where they
@@ -42,9 +42,15 @@ Project::Project(const PlaceOptions& place, Streams streams)
     app.paths.hostTool = place.host;
     app.paths.libraryFolder = folder(place.library);
     app.paths.projectInputFolder = withSeparator(folder(place.input));
-    loadAtStart(app, clock_, prompt, startOptions(place));
+    isOpen_ = loadAtStart(app, clock_, prompt, startOptions(place));
+    if (!isOpen_)
+        return;
     session.start();
     tellMissingGroups(app, prompt);
+}
+
+InterruptedSaves interruptedSaves(const PlaceOptions& place) {
+    return place.recover ? InterruptedSaves::Complete : InterruptedSaves::Refuse;
 }
 
 PageFilter pageFilter(const PageSession& page, std::optional<FilterChoice> choice) {

@@ -8,6 +8,7 @@
 #include "cli/console.h"
 #include "core/application.h"
 #include "core/system_clock.h"
+#include "editing/interrupted_saves.h"
 #include "editing/main_session.h"
 
 namespace partwright::cli {
@@ -31,9 +32,15 @@ public:
     FillEngine engine;
     MainSession session;
 
+    /// False when an interrupted save stands against reading the libraries; told.
+    [[nodiscard]] bool isOpen() const { return isOpen_; }
+
 private:
     SystemClock clock_;
+    bool isOpen_ = false;
 };
+
+[[nodiscard]] InterruptedSaves interruptedSaves(const PlaceOptions& place);
 
 /// The filter of a page for a choice; without one, the filter that the page has.
 [[nodiscard]] PageFilter pageFilter(const PageSession& page, std::optional<FilterChoice> choice);

@@ -127,7 +127,8 @@ std::vector<std::wstring> LibraryPageSession<Record>::runGroupLibrary() {
     engine_.finishWork();
     for (const std::wstring& text : report.messages)
         prompt_.tell(text, PromptIcon::None);
-    modified_ = modified_ || !report.changed.empty();
+    if (!report.changed.empty())
+        markModified(isDesign_);
     refresh();
     return std::move(report.changed);
 }
@@ -136,7 +137,8 @@ template <class Record>
 std::vector<std::wstring> LibraryPageSession<Record>::parseDescriptions() {
     FillReport report = engine_.parseDescriptions(filterSet(), workingLibrary());
     engine_.finishWork();
-    modified_ = modified_ || !report.changed.empty();
+    if (!report.changed.empty())
+        markModified(isDesign_);
     refresh();
     return std::move(report.changed);
 }
@@ -177,7 +179,7 @@ void LibraryPageSession<Record>::storeGroup(TableSession& session) {
             library.insert_or_assign(key, std::move(record));
     }
     handedOut_.clear();
-    modified_ = true;
+    markModified(isDesign_);
     RebuildKeySets();
     refresh();
 }
@@ -199,18 +201,33 @@ void LibraryPageSession<Record>::storeNewComponents(NewComponentTable& table) {
         return;
     for (auto& [key, record] : records)
         workingLibrary().insert_or_assign(key, std::move(record));
-    modified_ = true;
+    markModified(isDesign_);
     RebuildKeySets();
     refresh();
 }
 
 template <class Record>
-SaveOutcome LibraryPageSession<Record>::save(bool announce) {
+bool LibraryPageSession<Record>::saveType(bool isDesign, bool announce) {
     MasterCopy<Record>& master =
-        isDesign_ ? app_.libraries.designLibrary<Record>() : app_.libraries.publicLibrary<Record>();
-    master.replace(workingLibrary());
+        isDesign ? app_.libraries.designLibrary<Record>() : app_.libraries.publicLibrary<Record>();
+    master.replace(isDesign ? designLibrary : publicLibrary);
     modified_ = true;
-    return saveLibraryFile<Record>(app_, master.records(), libraryPath(), announce, prompt_);
+    const std::wstring& path =
+        isDesign ? app_.paths.designPath<Record>() : app_.paths.publicPath<Record>();
+    const bool isSaved = saveLibraryFile<Record>(app_, master.records(), path, announce, prompt_);
+    saveFailed_[isDesign ? 1 : 0] = !isSaved;
+    return isSaved;
+}
+
+template <class Record>
+bool LibraryPageSession<Record>::hasUnsaved(bool isDesign) const {
+    const std::size_t type = isDesign ? 1 : 0;
+    if (!touched_[type])
+        return saveFailed_[type];
+    const Library& working = isDesign ? designLibrary : publicLibrary;
+    const MasterCopy<Record>& master =
+        isDesign ? app_.libraries.designLibrary<Record>() : app_.libraries.publicLibrary<Record>();
+    return saveFailed_[type] || working != inCapitals(master.records());
 }
 
 template <class Record>
