@@ -2,6 +2,7 @@
 
 #include "core/command_line.h"
 #include "core/messages.h"
+#include "core/paths.h"
 #include "core/signal_guard.h"
 #include "core/system_clock.h"
 #include "core/text_file.h"
@@ -48,7 +49,7 @@ void runWindow(const partwright::CommandLine& fields, partwright::Prompt& prompt
     CPartwrightPlugInApp app;
     app.paths.hostTool = fields.hostTool;
     app.paths.libraryFolder = fields.libraryFolder;
-    app.paths.projectInputFolder = fields.projectInputFolder;
+    app.paths.projectInputFolder = asFolder(fields.projectInputFolder);
     app.startPage = fields.startPage;
     app.analysisLevel = fields.analysisLevel;
     ProgressBox progress;

@@ -27,20 +27,28 @@ class Project {
 public:
     Project(const PlaceOptions& place, Streams streams);
 
+    /// Fine, or the exit code of what stands against working on the project, which was told: an
+    /// interrupted save; an input folder without a part list, or with one that has no header line,
+    /// so that what a command answers would be about nothing.
+    [[nodiscard]] ExitCode opened() const { return opened_; }
+    /// Says on the error stream how many records of which files the command looked at.
+    void tellLookedAt(bool sdta = true, bool analyses = true);
+
     CPartwrightPlugInApp app;
     ConsolePrompt prompt;
     FillEngine engine;
     MainSession session;
 
-    /// False when an interrupted save stands against reading the libraries; told.
-    [[nodiscard]] bool isOpen() const { return isOpen_; }
-
 private:
     SystemClock clock_;
-    bool isOpen_ = false;
+    ExitCode opened_ = Fine;
 };
 
 [[nodiscard]] InterruptedSaves interruptedSaves(const PlaceOptions& place);
+
+/// The folders that the options name are all there, those of a project only where a command opens
+/// one; what is not there is told.
+[[nodiscard]] bool foldersAreThere(const PlaceOptions& place, bool project, Prompt& prompt);
 
 /// The filter of a page for a choice; without one, the filter that the page has.
 [[nodiscard]] PageFilter pageFilter(const PageSession& page, std::optional<FilterChoice> choice);

@@ -269,7 +269,7 @@ NewComponentSession<Record>::NewComponentSession(const CPartwrightPlugInApp& app
         row.manufacturer = record.Manufacturer;
         row.notes = record.Notes;
         row.used = designatorsOf(key);
-        if (record.group > 0)
+        if (app_.of<Record>().isInUse(record.group))
             row.family = Kind<Record>::family(record.group);
         else if (record.family > 0 &&
                  static_cast<std::size_t>(record.family) < familyNames().size())

@@ -1,8 +1,8 @@
 #pragma once
 
 // A folder of its own for each test, gone when the test ends. It stands in memory where the system
-// has such a place, so that flushing to the device costs nothing. The program's own state goes there
-// as well.
+// has such a place, so that flushing to the device costs nothing. The program's own state goes
+// there as well.
 
 #include "core/text_file.h"
 
