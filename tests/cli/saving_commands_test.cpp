@@ -31,12 +31,13 @@ protected:
         return wanted;
     }
 
-    /// One line, about one file.
+    /// One line, about one file, before the one that tells what was looked at.
     static void expectLine(const Answer& answer, const std::string& words,
                            const std::string& path) {
-        EXPECT_EQ(std::count(answer.err.begin(), answer.err.end(), '\n'), 1) << answer.err;
-        EXPECT_NE(answer.err.find(words), std::string::npos) << answer.err;
-        EXPECT_NE(answer.err.find(path), std::string::npos) << answer.err;
+        const std::string told = answer.err.substr(0, answer.err.find("Looked at"));
+        EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1) << answer.err;
+        EXPECT_NE(told.find(words), std::string::npos) << answer.err;
+        EXPECT_NE(told.find(path), std::string::npos) << answer.err;
     }
 };
 
@@ -69,7 +70,7 @@ TEST_F(CliSaving, AnInterruptedSaveIsRefusedUntilItIsCompleted) {
         EXPECT_EQ(folder.bytesOf(file), torn);
         expectLine(inProject({"status", "--recover"}), "was completed", pathOf(file));
         EXPECT_EQ(folder.bytesOf(file), wanted);
-        EXPECT_EQ(inProject({"status"}).err, "");
+        EXPECT_TRUE(inProject({"status"}).err.starts_with("Looked at"));
     }
 }
 
@@ -93,7 +94,7 @@ TEST_F(CliSaving, WhatSomebodyElseWritesIsNotWrittenOver) {
         const InPlaceFile holder(folder / sdtaFile);
         const Answer answer = inProject({"fill", "--sdta"});
         EXPECT_EQ(answer.code, 1);
-        EXPECT_EQ(answer.err, encodeUtf8(message::fileInUse(folder / sdtaFile)) + '\n');
+        EXPECT_TRUE(answer.err.starts_with(encodeUtf8(message::fileInUse(folder / sdtaFile))));
     }
     EXPECT_EQ(folder.files(), before);
 
