@@ -151,6 +151,10 @@ std::wstring saveWouldLose(std::wstring_view path, std::wstring_view cause) {
                  path, L"\n", cause});
 }
 
+std::wstring saveChanges(std::wstring_view after) {
+    return join({L"A save changes it to \"", after, L"\"."});
+}
+
 std::wstring rowsLeftOut(std::wstring_view path, std::size_t leftOut, std::size_t rows) {
     return join({std::to_wstring(leftOut), L" of ", std::to_wstring(rows),
                  L" rows were left out, being of the other kind of library, too long, or followed "

@@ -141,6 +141,8 @@ inline constexpr std::wstring_view longDescription = L"Description can't exceed 
 
 inline constexpr std::wstring_view columnsNotFilledIn = L"Not all columns are filled in.";
 inline constexpr std::wstring_view groupNotChosen = L"The component has no group.";
+/// The library file has rules for pins and "%" that do not give every text back.
+[[nodiscard]] std::wstring saveChanges(std::wstring_view after);
 
 // --- Change Component dialogs: the "Parameter Description" line ----------------------------------
 

@@ -200,7 +200,7 @@ std::unique_ptr<TableSession> LibraryPageSession<Record>::openGroup(std::int32_t
     TablePlace place{&projectRows_, &shownParts(), isDesign_ ? &designParts : &publicParts,
                      [this](std::wstring_view part) { return workingLibrary().contains(part); }};
     return std::make_unique<ComponentTableSession<Record>>(app_, group, level(), std::move(records),
-                                                           rules(), std::move(place), prompt_);
+                                                           rules(), std::move(place));
 }
 
 template <class Record>

@@ -122,10 +122,7 @@ TEST_F(MainSessionTest, HandsOutAGroupAndTakesItBack) {
         // Dropping the dialog undoes all but the numbers it announced.
         const auto dropped = page.openGroup(capacitors);
         EXPECT_EQ(dropped->table().rowCount(), 3u);
-        prompt.expectQuestion(message::selectedForDeletion(1) +
-                                  std::wstring(message::deleteQuestion),
-                              PromptAnswer::Yes);
-        dropped->deleteRows({1});
+        dropped->deleteRows({1}, Consent::Given);
         dropped->add(added);
     }
     page.setFilter(PageFilter::AllProject);
@@ -135,14 +132,11 @@ TEST_F(MainSessionTest, HandsOutAGroupAndTakesItBack) {
 
     page.setFilter(PageFilter::FullLibrary);
     const auto opened = page.openGroup(capacitors);
-    prompt.expectQuestion(message::selectedForDeletion(1) + std::wstring(message::deleteQuestion),
-                          PromptAnswer::Yes);
-    opened->deleteRows({1});
+    opened->deleteRows({1}, Consent::Given);
     opened->add(added);
     opened->changeGroup(1, {{}, 10, L"Resistor Chip", 6});
     DatasheetLinks links;
-    prompt.expectQuestion(message::notAllFilledIn, PromptAnswer::Yes);
-    ASSERT_TRUE(opened->ok({}, links).accepted);
+    ASSERT_TRUE(opened->ok({}, links, Consent::Given).accepted);
     page.storeGroup(*opened);
     EXPECT_FALSE(page.designLibrary.contains(L"CAP-8"));
     EXPECT_FALSE(page.designParts.contains(L"CAP-8"));
@@ -154,12 +148,8 @@ TEST_F(MainSessionTest, HandsOutAGroupAndTakesItBack) {
 
     // A part added by hand can be deleted again, one of the project cannot.
     const auto last = page.openGroup(capacitors);
-    prompt.expectQuestion(message::selectedForDeletion(2) + message::partlyDeletable(1, 1) +
-                              std::wstring(message::deleteQuestion),
-                          PromptAnswer::Yes);
-    EXPECT_EQ(last->deleteRows({0, 1}).removedRows, std::vector<std::size_t>{1});
-    prompt.expectQuestion(message::notAllFilledIn, PromptAnswer::Yes);
-    ASSERT_TRUE(last->ok({}, links).accepted);
+    EXPECT_EQ(last->deleteRows({0, 1}, Consent::Given).removedRows, std::vector<std::size_t>{1});
+    ASSERT_TRUE(last->ok({}, links, Consent::Given).accepted);
     page.storeGroup(*last);
     EXPECT_FALSE(page.designLibrary.contains(L"NEW-1"));
 }
