@@ -194,7 +194,8 @@ FilledPart FillEngine::fillByWords(std::wstring_view designators,
 }
 
 void FillEngine::applyDefaults(AsrComponent& record) const {
-    ApplyAsrDefaults(app_.asr, record, rewritten(record.Description));
+    if (app_.asr.defaultLPar.contains({record.group, record.type}))
+        ApplyAsrDefaults(app_.asr, record, synonyms().rewrite(record.Description));
 }
 
 std::vector<std::wstring> FillEngine::needGroupLibrary() {

@@ -54,7 +54,7 @@ TEST_F(CliTest, ClassifyAnswersInBothForms) {
         withTables({"classify", "--analyses", "--json", "--library", "x", "--input", "y"}, line)
             .out,
         R"({"refdes":"R1,R2","description":"RES 4K7 1% 0.1W 0603","group":21,)"
-        R"("groupName":"Resistor","type":0,"typeName":"Default",)"
+        R"("groupName":"Resistor","type":1,"typeName":"Resistor.Fix",)"
         R"("LPar":{"Res":"4700"},"notes":""})"
         "\n");
 }

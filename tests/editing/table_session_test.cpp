@@ -321,7 +321,7 @@ TEST(TableSession, ProcessFollowsTheTypeOfACapacitor) {
     EXPECT_TRUE(d.type({0, L(1)}, L"50"));
     // Another process clears the row as a type would; what it lacks is its own.
     EXPECT_TRUE(d.type({0, L(5)}, L"CE"));
-    EXPECT_EQ(d.row(0), "- Custom     CE");
+    EXPECT_EQ(d.row(0), "- Custom    N/A CE");
     EXPECT_TRUE(d.type({0, typeColumn}, L"CA"));
     EXPECT_EQ(d.row(0), "- CA   N/A N/A N/A");
     EXPECT_EQ(narrow(s.choices({0, L(5)})->text()), "N/A\tNot Applicable\n");
