@@ -37,6 +37,16 @@ nlohmann::ordered_json json(const LibraryFinding& finding) {
             {"rule", encodeUtf8(finding.rule)},           {"text", encodeUtf8(finding.text)}};
 }
 
+/// What was not taken of the two files of a kind, told as findings.
+template <class Record>
+void addLoadFindings(const CPartwrightPlugInApp& app, std::vector<LibraryFinding>& findings) {
+    for (const auto* path : {&Kind<Record>::designPath(app), &Kind<Record>::publicPath(app)})
+        if (const auto report = app.loadReports.find(*path); report != app.loadReports.end()) {
+            auto found = loadFindings(Kind<Record>::name, report->first, report->second);
+            std::move(found.begin(), found.end(), std::back_inserter(findings));
+        }
+}
+
 } // namespace
 
 int runCheck(const PlaceOptions& place, const CheckOptions& options, Streams streams) {
@@ -47,11 +57,16 @@ int runCheck(const PlaceOptions& place, const CheckOptions& options, Streams str
         session.page(index).setFilter(PageFilter::AllProject);
         session.page(index).refresh();
     }
-    std::vector<LibraryFinding> findings = checkLibrary<SdtaComponent>(
-        project.app, session.sdtaPage.workingLibrary(), session.rules, options.level);
-    std::vector<LibraryFinding> analyses = checkLibrary<AsrComponent>(
-        project.app, session.asrPage.workingLibrary(), session.rules, options.level);
-    std::move(analyses.begin(), analyses.end(), std::back_inserter(findings));
+    std::vector<LibraryFinding> findings;
+    addLoadFindings<SdtaComponent>(project.app, findings);
+    addLoadFindings<AsrComponent>(project.app, findings);
+    const auto add = [&](std::vector<LibraryFinding> found) {
+        std::move(found.begin(), found.end(), std::back_inserter(findings));
+    };
+    add(checkLibrary<SdtaComponent>(project.app, session.sdtaPage.workingLibrary(), session.rules,
+                                    options.level));
+    add(checkLibrary<AsrComponent>(project.app, session.asrPage.workingLibrary(), session.rules,
+                                   options.level));
     for (const LibraryFinding& finding : findings)
         if (place.json)
             streams.out << json(finding).dump() << '\n';

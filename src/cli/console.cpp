@@ -19,8 +19,8 @@ PromptAnswer ConsolePrompt::show(std::wstring_view /*title*/, std::wstring_view 
 bool ConsolePrompt::unreadableTable(const CPartwrightPlugInApp& app) const {
     const auto isLibrary = [&app](const std::wstring& text) {
         return std::any_of(
-            app.libraryFaults.begin(), app.libraryFaults.end(),
-            [&text](const auto& fault) { return text == message::failedToOpen(fault.first); });
+            app.loadReports.begin(), app.loadReports.end(),
+            [&text](const auto& report) { return text == message::failedToOpen(report.first); });
     };
     return !std::all_of(unreadable_.begin(), unreadable_.end(), isLibrary);
 }

@@ -2,6 +2,8 @@
 #include "cli/project.h"
 #include "cli/record_changes.h"
 #include "core/encoding.h"
+#include "core/messages.h"
+#include "library/library_writer.h"
 
 #include <nlohmann/json.hpp>
 
@@ -54,6 +56,21 @@ bool fillPage(Project& project, LibraryPageSession<Record>& page, const FillOpti
     return options.dryRun || page.save(false) == SaveOutcome::Saved;
 }
 
+/// Tells what saving this page's library would drop of the file; false when that is nothing, or
+/// agreed to.
+template <class Record>
+bool refuses(Project& project, const LibraryPageSession<Record>& page, bool dropUnread) {
+    LoadReport& report = project.app.loadReports[page.libraryPath()];
+    report.dropsAllowed = dropUnread;
+    const std::size_t lines =
+        droppedLines<Record>(report, recordsByGroup<Record>(page.workingLibrary()));
+    if (lines == 0 || dropUnread || report.fault != LibraryFault::None)
+        return false;
+    project.prompt.tell(message::savingNeedsLeave(page.libraryPath(), lines), PromptIcon::None);
+    tellEntries(project.prompt, report);
+    return true;
+}
+
 } // namespace
 
 int runFill(const PlaceOptions& place, const FillOptions& options, Streams streams) {
@@ -63,6 +80,12 @@ int runFill(const PlaceOptions& place, const FillOptions& options, Streams strea
     if (project.prompt.unreadableTable(project.app))
         return Usage;
     const bool both = !options.sdta && !options.analyses;
+    const bool sdtaRefuses = (options.sdta || both) &&
+                             refuses(project, project.session.sdtaPage, options.dropUnread);
+    const bool asrRefuses = (options.analyses || both) &&
+                            refuses(project, project.session.asrPage, options.dropUnread);
+    if ((sdtaRefuses || asrRefuses) && !options.dryRun)
+        return Findings;
     bool written = true;
     if (options.sdta || both)
         written = fillPage(project, project.session.sdtaPage, options, place.json, streams.out);

@@ -42,6 +42,8 @@ struct FillOptions {
     bool sdta = false;
     bool analyses = false;
     bool dryRun = false;
+    /// Write although lines of the files are lost by it.
+    bool dropUnread = false;
     std::optional<FilterChoice> filter;
 };
 
@@ -56,6 +58,7 @@ struct ConvertOptions {
     std::string in;
     std::string out;
     bool analyses = false;
+    bool dropUnread = false;
 };
 
 } // namespace partwright::cli

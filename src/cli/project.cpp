@@ -45,6 +45,21 @@ Project::Project(const PlaceOptions& place, Streams streams)
     loadAtStart(app, clock_, prompt, startOptions(place));
     session.start();
     tellMissingGroups(app, prompt);
+    for (const auto& [path, report] : app.loadReports)
+        tellReport(prompt, path, report);
+}
+
+void tellReport(Prompt& prompt, std::wstring_view path, const LoadReport& report) {
+    // A file that cannot be opened, and group names that nobody knows, were told of before.
+    const bool isTold = report.fault == LibraryFault::Unreadable ||
+                        report.fault == LibraryFault::NoGroupNames;
+    if (!isTold && (report.fault != LibraryFault::None || report.count() > 0))
+        prompt.tell(message::loadSummary(path, report), PromptIcon::None);
+}
+
+void tellEntries(Prompt& prompt, const LoadReport& report) {
+    for (const LoadEntry& entry : report.entries())
+        prompt.tell(message::entryText(entry), PromptIcon::None);
 }
 
 PageFilter pageFilter(const PageSession& page, std::optional<FilterChoice> choice) {

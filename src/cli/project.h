@@ -35,6 +35,11 @@ private:
     SystemClock clock_;
 };
 
+/// One line about what was not taken of a file, if anything was not.
+void tellReport(Prompt& prompt, std::wstring_view path, const LoadReport& report);
+/// All of it, a line each.
+void tellEntries(Prompt& prompt, const LoadReport& report);
+
 /// The filter of a page for a choice; without one, the filter that the page has.
 [[nodiscard]] PageFilter pageFilter(const PageSession& page, std::optional<FilterChoice> choice);
 

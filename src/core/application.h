@@ -8,6 +8,7 @@
 // A pair of group and type is named by GroupAndTypeNames and described by a property row. Numbers
 // out of range never fail: they are named "Not defined" and "Default".
 
+#include "core/load_report.h"
 #include "core/records.h"
 #include "core/text_file.h"
 
@@ -21,15 +22,6 @@
 #include <vector>
 
 namespace partwright {
-
-/// Why a library that was read must not be written back.
-enum class LibraryFault {
-    None,
-    /// Data rows were met while no group name was known.
-    NoGroupNames,
-    /// The file is there and could not be read.
-    Unreadable,
-};
 
 /// What the records read from an SDTA library file depend on, beside the property rows.
 struct SdtaReading {
@@ -119,8 +111,8 @@ public:
     std::optional<SdtaReading> sdtaPublicReading;
     void forgetReadings() { sdtaDesignReading = sdtaPublicReading = std::nullopt; }
 
-    /// Faults of the four library files and of the link table, by path.
-    std::map<std::wstring, LibraryFault, std::less<>> libraryFaults;
+    /// What was not taken of the four library files and of the link table, by path.
+    std::map<std::wstring, LoadReport, std::less<>> loadReports;
 
     [[nodiscard]] wchar_t decimalMark() const;
     /// "," when the decimal mark is ".", otherwise ";".

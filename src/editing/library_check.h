@@ -9,6 +9,8 @@
 //
 // Cells are judged as when they become current, rows one by one by each step of OK; of each step
 // the first message counts. Findings come by group, part and column.
+//
+// What the file had and the library has not is a finding as well (loadFindings).
 
 #include "core/library_kind.h"
 #include "editing/analysis_level.h"
@@ -48,5 +50,10 @@ extern template std::vector<LibraryFinding> checkLibrary<AsrComponent>(const CPa
                                                                        const AsrLibrary&,
                                                                        const ValidationTables&,
                                                                        AnalysisLevel);
+
+/// What was not taken of a library's file, under the rule "load".
+[[nodiscard]] std::vector<LibraryFinding> loadFindings(std::wstring_view library,
+                                                       std::wstring_view path,
+                                                       const LoadReport& report);
 
 } // namespace partwright

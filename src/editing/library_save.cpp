@@ -23,22 +23,30 @@ SaveOutcome saveLibraryFile(CPartwrightPlugInApp& app,
                             const typename Kind<Record>::Library& library, std::wstring_view path,
                             bool announce, Prompt& prompt) {
     const RecordList<Record> records = recordsByGroup<Record>(library);
-    SaveResult result = write(app, records, path, SaveForm::Kept);
-    if (result.status == SaveStatus::Unencodable) {
+    LoadReport& report = app.loadReports[std::wstring(path)];
+    SaveForm form = SaveForm::Kept;
+    SaveResult result = write(app, records, path, form);
+    while (result.status == SaveStatus::WouldDrop || result.status == SaveStatus::Unencodable) {
         if (!prompt.ask(message::caption, result.message))
             return SaveOutcome::Failed;
-        result = write(app, records, path, SaveForm::Utf8);
+        if (result.status == SaveStatus::WouldDrop)
+            report.dropsAllowed = true;
+        else
+            form = SaveForm::Utf8;
+        result = write(app, records, path, form);
     }
     if (!result.message.empty())
         prompt.tell(result.message, PromptIcon::Warning);
     switch (result.status) {
     case SaveStatus::Saved:
+        report.fileWritten(supersededParts<Record>(report, records));
         break;
     case SaveStatus::OpenFailed:
         return SaveOutcome::CannotOpen;
     case SaveStatus::Refused:
         return SaveOutcome::Withheld;
     case SaveStatus::WriteFailed:
+    case SaveStatus::WouldDrop:
     case SaveStatus::Unencodable:
         return SaveOutcome::Failed;
     }

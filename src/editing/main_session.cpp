@@ -104,7 +104,13 @@ bool MainSession::closeWithOk() {
 }
 
 bool MainSession::saveLinks() {
-    const LinkSaveResult saved = SaveDatasheetLinks(app_);
+    LinkSaveResult saved = SaveDatasheetLinks(app_);
+    if (saved.status == SaveStatus::WouldDrop) {
+        if (!prompt_.ask(message::caption, saved.message))
+            return false;
+        app_.loadReports[datasheetLinksPath(app_)].dropsAllowed = true;
+        saved = SaveDatasheetLinks(app_);
+    }
     if (!saved.message.empty())
         prompt_.tell(saved.message, PromptIcon::Warning);
     switch (saved.status) {
@@ -112,6 +118,7 @@ bool MainSession::saveLinks() {
     case SaveStatus::OpenFailed:
         return true;
     case SaveStatus::Refused:
+    case SaveStatus::WouldDrop:
     case SaveStatus::WriteFailed:
     case SaveStatus::Unencodable:
         break;

@@ -223,10 +223,24 @@ template <class Record>
 Record LibraryPageSession<Record>::newRecord(std::wstring_view partNumber,
                                              std::wstring_view designators) const {
     Record record;
-    record.PartNum = cut(upperCase(partNumber));
+    record.PartNum = partNumber;
     record.CatNum = projectText(app_, designators, app_.columnCatalogNumber);
     record.Description = projectText(app_, designators, app_.columnDescription);
     return record;
+}
+
+/// What the project has no word for comes from the record that stood there without a group.
+template <class Record>
+void LibraryPageSession<Record>::keepTexts(Record& record) const {
+    const auto before = designLibrary.find(record.PartNum);
+    if (before == designLibrary.end())
+        return;
+    record.Manufacturer = before->second.Manufacturer;
+    record.Notes = before->second.Notes;
+    if (record.CatNum.empty())
+        record.CatNum = before->second.CatNum;
+    if (record.Description.empty())
+        record.Description = before->second.Description;
 }
 
 template <class Record>
@@ -294,6 +308,7 @@ bool SdtaPageSession::addMissingParts() {
         if (isUsable(designLibrary, partNumber) || !projectRows_.contains(partNumber))
             continue;
         SdtaComponent record = newRecord(partNumber, designators);
+        keepTexts(record);
         const Classification found = engine_.classify(designators, record.Description);
         record.group = found.group;
         record.type = found.type;
@@ -367,7 +382,9 @@ bool AsrPageSession::addMissingParts() {
             record.CatNum = master->second.CatNum;
             record.Description = master->second.Description;
             sdtaGroup = master->second.group;
+            keepTexts(record);
         } else {
+            keepTexts(record);
             sdtaGroup = engine_.classify(designators, record.Description).group;
         }
         const Classification found = engine_.classifyForAnalyses(sdtaGroup, record.Description);

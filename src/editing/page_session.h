@@ -172,6 +172,7 @@ protected:
     /// Record with the texts that the project's rows give for a part.
     [[nodiscard]] Record newRecord(std::wstring_view partNumber,
                                    std::wstring_view designators) const;
+    void keepTexts(Record& record) const;
     /// True when the library has the part with a group and a type.
     [[nodiscard]] static bool isUsable(const Library& library, std::wstring_view partNumber);
     /// One count a group name, by group number; "Public" counts the whole public map.

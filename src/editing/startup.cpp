@@ -1,11 +1,11 @@
 #include "editing/startup.h"
 
-#include "core/cell_text.h"
 #include "core/paths.h"
 #include "core/settings.h"
 #include "core/text.h"
 #include "library/datasheet_links.h"
 #include "library/library_reader.h"
+#include "library/part_key.h"
 #include "library/project_input.h"
 #include "library/property_tables.h"
 #include "library/small_tables.h"
@@ -88,23 +88,21 @@ void loadAnalysesLibraries(CPartwrightPlugInApp& app, Prompt& prompt) {
 }
 
 void reloadSdtaLibraries(CPartwrightPlugInApp& app, Prompt& prompt) {
-    const auto earlier = app.libraryFaults;
+    const auto earlier = app.loadReports;
     loadSdtaLibraries(app, prompt);
-    for (const auto& [path, fault] : earlier)
-        if (fault != LibraryFault::None)
-            app.libraryFaults[path] = fault;
+    for (const auto& [path, report] : earlier)
+        if (report.fault != LibraryFault::None)
+            app.loadReports[path] = report;
     app.forgetReadings(); // each library is read twice in a run, not more often
 }
 
 PartSelection partsOfProject(const CPartwrightPlugInApp& app, bool onlySelected) {
     PartSelection parts;
     for (const auto& [designator, entry] : app.projectEntries) {
-        std::wstring value = app.ProjectValue(designator, app.columnPartNumber);
-        if (value.empty() || (onlySelected && entry.selected == 0))
+        const std::wstring part = asReadBack(app.ProjectValue(designator, app.columnPartNumber));
+        if (part.empty() || (onlySelected && entry.selected == 0))
             continue;
-        if (value.size() > cell::maximumLength) // as the record's own key will be
-            value.resize(cell::maximumLength);
-        std::wstring& designators = parts[upperCase(value)];
+        std::wstring& designators = parts[part];
         if (!designators.empty())
             designators += L',';
         designators += designator;

@@ -15,6 +15,7 @@
 #include "core/text_file.h"
 
 #include <cstdint>
+#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -24,8 +25,10 @@ namespace partwright {
 
 enum class SaveStatus {
     Saved,
-    /// The library was not understood when it was read (libraryFaults).
+    /// The file was not understood when it was read (loadReports).
     Refused,
+    /// Lines of the file would be lost, and nobody agreed to that (LoadReport::dropsAllowed).
+    WouldDrop,
     OpenFailed,
     WriteFailed,
     /// A character of a part does not exist in the file's code page.
@@ -69,17 +72,37 @@ struct FormattedLibrary {
     std::wstring column;
 };
 
-/// The content of a library file at `path`; the path stands in its banner.
+/// The content of a library file at `path`; the path stands in its banner. Lines that were kept
+/// when the file was read stand behind the last group, but for rows of parts that have a record now.
 template <class Record>
 [[nodiscard]] FormattedLibrary formatLibrary(const CPartwrightPlugInApp& app,
                                              std::span<const Record* const> records,
-                                             std::wstring_view path, TextForm form);
-extern template FormattedLibrary formatLibrary<SdtaComponent>(const CPartwrightPlugInApp&,
-                                                              std::span<const SdtaComponent* const>,
-                                                              std::wstring_view, TextForm);
-extern template FormattedLibrary formatLibrary<AsrComponent>(const CPartwrightPlugInApp&,
-                                                             std::span<const AsrComponent* const>,
-                                                             std::wstring_view, TextForm);
+                                             std::wstring_view path, TextForm form,
+                                             const LoadReport& report = {});
+extern template FormattedLibrary
+formatLibrary<SdtaComponent>(const CPartwrightPlugInApp&, std::span<const SdtaComponent* const>,
+                             std::wstring_view, TextForm, const LoadReport&);
+extern template FormattedLibrary
+formatLibrary<AsrComponent>(const CPartwrightPlugInApp&, std::span<const AsrComponent* const>,
+                            std::wstring_view, TextForm, const LoadReport&);
+
+/// Parts of kept rows that have a record now, so that the row leaves the file.
+template <class Record>
+[[nodiscard]] std::set<std::wstring> supersededParts(const LoadReport& report,
+                                                     std::span<const Record* const> records);
+extern template std::set<std::wstring>
+supersededParts<SdtaComponent>(const LoadReport&, std::span<const SdtaComponent* const>);
+extern template std::set<std::wstring>
+supersededParts<AsrComponent>(const LoadReport&, std::span<const AsrComponent* const>);
+
+/// How many lines of the file with that report a save of these records would drop.
+template <class Record>
+[[nodiscard]] std::size_t droppedLines(const LoadReport& report,
+                                       std::span<const Record* const> records);
+extern template std::size_t droppedLines<SdtaComponent>(const LoadReport&,
+                                                        std::span<const SdtaComponent* const>);
+extern template std::size_t droppedLines<AsrComponent>(const LoadReport&,
+                                                       std::span<const AsrComponent* const>);
 
 /// An empty path stands for the design library. `records` in the order of the file.
 [[nodiscard]] SaveResult SaveSdtaLibrary(const CPartwrightPlugInApp& app,
@@ -89,7 +112,7 @@ extern template FormattedLibrary formatLibrary<AsrComponent>(const CPartwrightPl
 [[nodiscard]] SaveResult SaveAnalysesLibrary(const CPartwrightPlugInApp& app,
                                              std::span<const AsrComponent* const> records,
                                              std::wstring_view path = {},
-                                             SaveForm form = SaveForm::Kept);
+                                         SaveForm form = SaveForm::Kept);
 
 /// Single rows as they stand in a file, without a line end.
 [[nodiscard]] std::wstring GroupHeaderRow(const CPartwrightPlugInApp& app, std::int32_t group);

@@ -39,7 +39,7 @@ std::string written(const CPartwrightPlugInApp& app,
                     const std::map<std::wstring, Record, std::less<>>& library,
                     std::wstring_view path = L"/projects/board/lib.csv") {
     const auto records = recordsByGroup(library);
-    return formatLibrary<Record>(app, records, path, {CodePage::Utf8, false}).bytes;
+    return formatLibrary<Record>(app, records, path, {}).bytes;
 }
 
 SdtaLibrary goldenSdta(wchar_t mark) {
@@ -147,7 +147,8 @@ TYPED_TEST(LibraryFile, ComesBackUnchanged) {
             const std::string bytes = written(app, library);
             const auto back = parseLibrary<TypeParam>(app, bytes, CodePage::Utf8);
             expectSame<TypeParam>(back.records, library);
-            EXPECT_FALSE(back.groupsUnknown);
+            EXPECT_EQ(back.report.fault, LibraryFault::None);
+            EXPECT_EQ(back.report.count(), 0U);
             EXPECT_EQ(written(app, back.records), bytes);
         }
     }
@@ -279,7 +280,7 @@ TEST(LibraryReader, FilesThatAreNotThere) {
     EXPECT_EQ(result.message, message::sourceFileNotFound(folder / L"none.csv"));
     result = LoadSdtaLibrary(app, sdta, pathText(folder.path()));
     EXPECT_EQ(result.message, message::failedToOpen(pathText(folder.path())));
-    EXPECT_EQ(app.libraryFaults.at(result.path), LibraryFault::Unreadable);
+    EXPECT_EQ(app.loadReports.at(result.path).fault, LibraryFault::Unreadable);
     EXPECT_EQ(SaveSdtaLibrary(app, {}, result.path).status, SaveStatus::Refused);
     analyses[L"kept"];
     app.programFolder.clear();
@@ -357,7 +358,7 @@ TYPED_TEST(LibraryFile, IsNotSavedWhenNoGroupWasKnown) {
     EXPECT_FALSE(refused.message.empty());
     EXPECT_EQ(folder.bytesOf(L"lib.csv"), before);
     auto healthy = sampleApp();
-    healthy.libraryFaults = app.libraryFaults;
+    healthy.loadReports = app.loadReports;
     EXPECT_EQ(load(healthy).status, FileStatus::Ok);
     EXPECT_EQ(save(healthy).status, SaveStatus::Saved) << "a good read lifts the fault";
 }
@@ -382,7 +383,7 @@ TEST(LibraryWriter, KeepsTheFormOfTheFile) {
     EXPECT_EQ(refused.part, L"P\u00C9");
     EXPECT_EQ(refused.column, L"Ts");
     EXPECT_EQ(folder.bytesOf(L"old.csv"), saved);
-    EXPECT_EQ(SaveSdtaLibrary(app, recordsByGroup(library), path, SaveForm::Utf8).status,
+    EXPECT_EQ(SaveSdtaLibrary(app, recordsByGroup(library), path, {SaveForm::Utf8}).status,
               SaveStatus::Saved);
     EXPECT_TRUE(isValidUtf8(folder.bytesOf(L"old.csv")));
 }
