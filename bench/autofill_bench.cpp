@@ -36,11 +36,14 @@ namespace {
 const CPartwrightPlugInApp& app() {
     static const CPartwrightPlugInApp loaded = [] {
         CPartwrightPlugInApp result;
-        result.programFolder = withSeparator(pathText(PARTWRIGHT_TABLES));
-        ResolveFilePaths(result, L"unused");
-        for (const auto load : {LoadSdtaProperties, LoadGroupNames, LoadManagementTable})
-            if (load(result).status != FileStatus::Ok)
-                differs("A table", result.programFolder);
+        result.paths.programFolder = withSeparator(pathText(PARTWRIGHT_TABLES));
+        ResolveFilePaths(result.paths, L"unused");
+        for (const LoadResult& table :
+             {LoadSdtaProperties(result.paths, result.sdta),
+              LoadGroupNames(result.paths, result.classifier, result.sdta),
+              LoadManagementTable(result.paths, result.classifier)})
+            if (table.status != FileStatus::Ok)
+                differs("A table", result.paths.programFolder);
         return result;
     }();
     return loaded;
@@ -54,8 +57,8 @@ const FillTables& tables() {
 const TypeKeywords& keywords() {
     static const TypeKeywords loaded = [] {
         TypeKeywords result;
-        if (LoadTypeKeywords(app(), result).status != FileStatus::Ok)
-            differs("A table", app().descrRulesSdtaTypesPath);
+        if (LoadTypeKeywords(app().paths, result).status != FileStatus::Ok)
+            differs("A table", app().paths.descrRulesSdtaTypesPath);
         return result;
     }();
     return loaded;
@@ -175,21 +178,17 @@ void ruleOfPartNumber(benchmark::State& state) {
     for (const GroupLibraryRule& rule : table)
         expressions.push_back(rule.regExp);
     const RegularExpressionSet set(expressions);
-    std::vector<std::size_t> matches;
     for (std::size_t i = 0; i < numbers.size(); i += 97) {
         std::vector<std::size_t> expected;
         for (std::size_t k = 0; k < plain.size(); ++k)
             if (std::regex_match(numbers[i], plain[k]))
                 expected.push_back(k);
-        set.matches(numbers[i], matches);
-        if (matches != expected)
+        if (set.matches(numbers[i]) != expected)
             differs("The rule", numbers[i]);
     }
     for (auto _ : state)
-        for (const std::wstring& number : numbers) {
-            set.matches(number, matches);
-            benchmark::DoNotOptimize(matches.data());
-        }
+        for (const std::wstring& number : numbers)
+            benchmark::DoNotOptimize(set.matches(number).data());
     state.counters["per part"] = benchmark::Counter(static_cast<double>(numbers.size()),
                                                     benchmark::Counter::kIsIterationInvariantRate |
                                                         benchmark::Counter::kInvert);
@@ -215,7 +214,7 @@ BENCHMARK(literalFlow)->Arg(500)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 void preparedFlow(benchmark::State& state) {
     const std::vector<Part> list = parts(static_cast<std::size_t>(state.range(0)));
-    const Classifier classifier(app(), keywords(), tables().units);
+    const Classifier classifier(app().classifier, keywords(), tables().units);
     const ParamFiller filler(tables(), app());
     Cells cells(24);
     std::wstring note;

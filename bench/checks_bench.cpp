@@ -74,12 +74,12 @@ struct Bench {
     SilentPrompt prompt;
 
     Bench() {
-        app.hostTool = 1;
-        app.programFolder = withSeparator(pathText(PARTWRIGHT_TABLES));
-        ResolveFilePaths(app, L"/nowhere/");
-        LoadGroupNames(app);
-        LoadAsrProperties(app);
-        LoadValidationRules(app.sdtaValidationRulesPath, rules.rules);
+        app.paths.hostTool = 1;
+        app.paths.programFolder = withSeparator(pathText(PARTWRIGHT_TABLES));
+        ResolveFilePaths(app.paths, L"/nowhere/");
+        LoadGroupNames(app.paths, app.classifier, app.sdta);
+        LoadAsrProperties(app.paths, app.asr);
+        LoadValidationRules(app.paths.sdtaValidationRulesPath, rules.rules);
     }
 
     double okSeconds(std::int64_t count) {
@@ -87,7 +87,7 @@ struct Bench {
             app, group, AnalysisLevel::Full, circuits(count), rules,
             {&parts, &parts, &parts, [](std::wstring_view) { return false; }}, prompt);
         return seconds([&] {
-            if (!session.ok({}, app.datasheetLinks).accepted)
+            if (!session.ok({}, app.libraries.datasheetLinks).accepted)
                 std::abort();
         });
     }

@@ -31,15 +31,15 @@ struct Tables {
     std::vector<std::int32_t> groups;
 
     Tables() {
-        app.programFolder = decodeLossy(PARTWRIGHT_TABLES "/");
-        app.descrRulesPath = app.programFolder + L"DescrRules.csv";
-        app.descrRulesSdtaTypesPath = app.programFolder + L"DescrRules_SDTATypes.csv";
-        app.managementTablePath = app.programFolder + L"SDTA_ASR_MGT.csv";
-        LoadGroupNames(app);
-        LoadManagementTable(app);
-        LoadTypeKeywords(app, keywords);
-        LoadSynonyms(app, synonyms);
-        const GroupDetector detector(app);
+        app.paths.programFolder = decodeLossy(PARTWRIGHT_TABLES "/");
+        app.paths.descrRulesPath = app.paths.programFolder + L"DescrRules.csv";
+        app.paths.descrRulesSdtaTypesPath = app.paths.programFolder + L"DescrRules_SDTATypes.csv";
+        app.paths.managementTablePath = app.paths.programFolder + L"SDTA_ASR_MGT.csv";
+        LoadGroupNames(app.paths, app.classifier, app.sdta);
+        LoadManagementTable(app.paths, app.classifier);
+        LoadTypeKeywords(app.paths, keywords);
+        LoadSynonyms(app.paths, synonyms);
+        const GroupDetector detector(app.classifier);
         for (bench::Part& part : parts) {
             part.description = synonyms.rewrite(part.description);
             groups.push_back(detector.DetectGroup(part.designators, part.description, false));
@@ -66,7 +66,7 @@ void detectTypes(benchmark::State& state, Classifier& classifier) {
 }
 
 void typeDetection(benchmark::State& state) {
-    const Classifier classifier(tables().app, tables().keywords, tables().fill.units);
+    const Classifier classifier(tables().app.classifier, tables().keywords, tables().fill.units);
     detectTypes(state, classifier);
 }
 BENCHMARK(typeDetection)->MinTime(1);
@@ -87,7 +87,7 @@ void rewriting(benchmark::State& state) {
 BENCHMARK(rewriting)->MinTime(1);
 
 void compareAnswers() {
-    const Classifier classifier(tables().app, tables().keywords, tables().fill.units);
+    const Classifier classifier(tables().app.classifier, tables().keywords, tables().fill.units);
     test::LiteralClassifier literal(tables().app, tables().keywords, tables().fill.units);
     for (std::size_t i = 0; i < tables().parts.size(); ++i) {
         std::int32_t fastGroup = tables().groups[i];

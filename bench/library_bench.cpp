@@ -57,7 +57,7 @@ typename Kind<Record>::Library partsLibrary(std::size_t count) {
             record.LPar[i] = columns[i].find(L"Pin") == std::wstring_view::npos
                                  ? std::wstring(dice.pick(values))
                                  : std::to_wstring(1 + dice.roll(9));
-        app().UpdateCompletion(record);
+        UpdateCompletion(app().of<Record>(), record);
         library.emplace(record.PartNum, record);
     }
     return library;
@@ -74,7 +74,7 @@ const std::string& libraryBytes(std::size_t count) {
             std::fputs("the writers differ\n", stderr);
             std::abort();
         }
-        if (parseLibrary<Record>(app(), bytes, CodePage::Utf8).records !=
+        if (parseLibrary(app().of<Record>(), app().decimalMark(), bytes, CodePage::Utf8).records !=
             test::literalRead<Record>(app(), bytes, CodePage::Utf8)) {
             std::fputs("the readers differ\n", stderr);
             std::abort();
@@ -97,7 +97,8 @@ void load(benchmark::State& state) {
         std::string copy = bytes;
         const std::size_t before = liveBytes();
         state.ResumeTiming();
-        auto parsed = parseLibrary<Record>(app(), std::move(copy), CodePage::Utf8);
+        auto parsed =
+            parseLibrary(app().of<Record>(), app().decimalMark(), std::move(copy), CodePage::Utf8);
         state.PauseTiming();
         memory = liveBytes() + bytes.size() - before;
         { const auto dropped = std::move(parsed.records); }
@@ -164,7 +165,8 @@ void save(benchmark::State& state) {
     // As a session has it: read from a file, into memory that nothing else has broken up.
     const auto& bytes = libraryBytes<Record>(static_cast<std::size_t>(state.range(0)));
     malloc_trim(0);
-    const auto library = parseLibrary<Record>(app(), bytes, CodePage::Utf8).records;
+    const auto library =
+        parseLibrary(app().of<Record>(), app().decimalMark(), bytes, CodePage::Utf8).records;
     for (auto _ : state)
         writePlain(formatLibrary<Record>(app(), recordsByGroup(library), L"/lib.csv", {}).bytes);
     state.SetItemsProcessed(state.iterations() * state.range(0));
@@ -175,7 +177,8 @@ template <class Record>
 void writeSorted(benchmark::State& state) {
     const auto& bytes = libraryBytes<Record>(static_cast<std::size_t>(state.range(0)));
     malloc_trim(0);
-    const auto library = parseLibrary<Record>(app(), bytes, CodePage::Utf8).records;
+    const auto library =
+        parseLibrary(app().of<Record>(), app().decimalMark(), bytes, CodePage::Utf8).records;
     const auto records = recordsByGroup(library);
     for (auto _ : state)
         writePlain(formatLibrary<Record>(app(), records, L"/lib.csv", {}).bytes);
@@ -187,7 +190,8 @@ void saveLiteral(benchmark::State& state) {
     // As a session has it: read from a file, into memory that nothing else has broken up.
     const auto& bytes = libraryBytes<Record>(static_cast<std::size_t>(state.range(0)));
     malloc_trim(0);
-    const auto library = parseLibrary<Record>(app(), bytes, CodePage::Utf8).records;
+    const auto library =
+        parseLibrary(app().of<Record>(), app().decimalMark(), bytes, CodePage::Utf8).records;
     for (auto _ : state)
         writePlain(test::literalWrite<Record>(app(), library, L"/lib.csv"));
     state.SetItemsProcessed(state.iterations() * state.range(0));

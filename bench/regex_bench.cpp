@@ -51,9 +51,10 @@ void compareRandomPairs() {
 const CPartwrightPlugInApp& app() {
     static const CPartwrightPlugInApp loaded = [] {
         CPartwrightPlugInApp made;
-        made.programFolder = decodeLossy(PARTWRIGHT_TABLES "/");
-        made.descrRulesPath = made.programFolder + L"DescrRules.csv";
-        demand(LoadGroupNames(made).status == FileStatus::Ok, "DescrRules.csv was not read");
+        made.paths.programFolder = decodeLossy(PARTWRIGHT_TABLES "/");
+        made.paths.descrRulesPath = made.paths.programFolder + L"DescrRules.csv";
+        demand(LoadGroupNames(made.paths, made.classifier, made.sdta).status == FileStatus::Ok,
+               "DescrRules.csv was not read");
         return made;
     }();
     return loaded;
@@ -66,7 +67,7 @@ const UnitTable noUnits;
 const std::vector<bench::Part>& parts() {
     static const std::vector<bench::Part> made = [] {
         SynonymTable synonyms;
-        LoadSynonyms(app(), synonyms);
+        LoadSynonyms(app().paths, synonyms);
         std::vector<bench::Part> result = bench::sampleParts(20'000);
         for (bench::Part& part : result)
             part.description = synonyms.rewrite(part.description);
@@ -77,7 +78,7 @@ const std::vector<bench::Part>& parts() {
 
 // Distinct descriptions all the way, as a first reading of a large library meets them.
 void groupDetection(benchmark::State& state) {
-    const GroupDetector detector(app());
+    const GroupDetector detector(app().classifier);
     const auto& all = parts();
     std::size_t at = 0;
     for ([[maybe_unused]] const auto once : state) {
@@ -132,18 +133,15 @@ void ruleOfPartNumber(benchmark::State& state) {
     const auto series = seriesExpressions();
     const auto numbers = partNumbers(series);
     const RegularExpressionSet set(series);
-    std::vector<std::size_t> found;
     std::size_t at = 0;
-    for ([[maybe_unused]] const auto once : state) {
-        set.matches(numbers[at++ % numbers.size()], found);
-        benchmark::DoNotOptimize(found.data());
-    }
+    for ([[maybe_unused]] const auto once : state)
+        benchmark::DoNotOptimize(set.matches(numbers[at++ % numbers.size()]).data());
     state.SetItemsProcessed(state.iterations());
 }
 BENCHMARK(ruleOfPartNumber)->MinTime(1);
 
 void compareAnswers() {
-    const GroupDetector detector(app());
+    const GroupDetector detector(app().classifier);
     test::LiteralClassifier literal(app(), noKeywords, noUnits);
     for (std::size_t i = 0; i < parts().size(); i += 10)
         demand(detector.DetectGroup(parts()[i].designators, parts()[i].description, false) ==

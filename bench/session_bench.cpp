@@ -61,7 +61,7 @@ void okPass(benchmark::State& state) {
         state.PauseTiming();
         auto session = bench.open(bench.records);
         state.ResumeTiming();
-        const bool accepted = session->ok({}, bench.app.datasheetLinks).accepted;
+        const bool accepted = session->ok({}, bench.app.libraries.datasheetLinks).accepted;
         state.PauseTiming();
         if (!accepted || session->takeRecords() != bench.records)
             std::abort();

@@ -32,13 +32,13 @@ struct Bench {
     SilentPrompt prompt;
 
     explicit Bench(std::int64_t count) {
-        app.hostTool = 1;
-        app.programFolder = withSeparator(pathText(PARTWRIGHT_TABLES));
-        ResolveFilePaths(app, L"/nowhere/");
-        LoadGroupNames(app);
-        LoadSdtaProperties(app);
-        LoadValidationRules(app.sdtaValidationRulesPath, rules.rules);
-        LoadThermalValidationRules(app.sdtaThermalValidationPath, rules.thermal);
+        app.paths.hostTool = 1;
+        app.paths.programFolder = withSeparator(pathText(PARTWRIGHT_TABLES));
+        ResolveFilePaths(app.paths, L"/nowhere/");
+        LoadGroupNames(app.paths, app.classifier, app.sdta);
+        LoadSdtaProperties(app.paths, app.sdta);
+        LoadValidationRules(app.paths.sdtaValidationRulesPath, rules.rules);
+        LoadThermalValidationRules(app.paths.sdtaThermalValidationPath, rules.thermal);
         for (std::int64_t i = 0; i < count; ++i) {
             SdtaComponent record;
             record.PartNum = L"2N" + std::to_wstring(10'000'000 + i) + L"-TR";

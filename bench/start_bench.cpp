@@ -147,9 +147,9 @@ int showBareForm(const QSize& size) {
 }
 
 void useProject(CPartwrightPlugInApp& app, const std::wstring& folder) {
-    app.hostTool = 1;
-    app.libraryFolder = folder;
-    app.projectInputFolder = withSeparator(folder);
+    app.paths.hostTool = 1;
+    app.paths.libraryFolder = folder;
+    app.paths.projectInputFolder = withSeparator(folder);
 }
 
 int showWindow(const std::wstring& folder) {
@@ -188,13 +188,14 @@ void writeLibraries(const test::TempFolder& folder, int rows) {
     };
     fill(sdta, 20);
     fill(analyses, 20);
-    static_cast<void>(SaveSdtaLibrary(app, recordsByGroup(sdta), app.sdtaLibraryPath));
-    static_cast<void>(SaveAnalysesLibrary(app, recordsByGroup(analyses), app.asrLibraryPath));
+    static_cast<void>(SaveSdtaLibrary(app, recordsByGroup(sdta), app.paths.sdtaLibraryPath));
+    static_cast<void>(SaveAnalysesLibrary(app, recordsByGroup(analyses), app.paths.asrLibraryPath));
     const SdtaLibrary noSdta;
     const AsrLibrary noAnalyses;
-    static_cast<void>(SaveSdtaLibrary(app, recordsByGroup(noSdta), app.publicSdtaLibraryPath));
     static_cast<void>(
-        SaveAnalysesLibrary(app, recordsByGroup(noAnalyses), app.publicAsrLibraryPath));
+        SaveSdtaLibrary(app, recordsByGroup(noSdta), app.paths.publicSdtaLibraryPath));
+    static_cast<void>(
+        SaveAnalysesLibrary(app, recordsByGroup(noAnalyses), app.paths.publicAsrLibraryPath));
 }
 
 /// One start of a process: what it took, and what it showed.

@@ -17,10 +17,7 @@ function(partwright_test target)
   cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
   add_executable(${target}_test ${ARG_SOURCES})
   target_include_directories(${target}_test PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-  target_compile_definitions(${target}_test PRIVATE
-    PARTWRIGHT_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data"
-    PARTWRIGHT_TABLES="${PROJECT_SOURCE_DIR}/data")
   target_link_libraries(${target}_test PRIVATE
-    ${ARG_DEPENDS} GTest::gmock GTest::gtest_main partwright_warnings)
+    ${ARG_DEPENDS} partwright_places GTest::gmock GTest::gtest_main partwright_warnings)
   gtest_discover_tests(${target}_test TEST_PREFIX "${target}." DISCOVERY_TIMEOUT 60)
 endfunction()

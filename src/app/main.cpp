@@ -45,9 +45,9 @@ int runWindow(const partwright::CommandLine& fields) {
     DesktopOpener opener;
     SystemClock clock;
     CPartwrightPlugInApp app;
-    app.hostTool = fields.hostTool;
-    app.libraryFolder = fields.libraryFolder;
-    app.projectInputFolder = fields.projectInputFolder;
+    app.paths.hostTool = fields.hostTool;
+    app.paths.libraryFolder = fields.libraryFolder;
+    app.paths.projectInputFolder = fields.projectInputFolder;
     app.startPage = fields.startPage;
     app.analysisLevel = fields.analysisLevel;
     ProgressBox progress;

@@ -3,7 +3,7 @@
 // Classification of parts: group and type from designators and description. One prepared object a
 // load of the tables; see group_detector.h and type_detector.h for the rules.
 //
-//   const Classifier classifier(app, keywords, units);
+//   const Classifier classifier(app.classifier, keywords, units);
 //   std::int32_t group = classifier.DetectGroup(L"R1", description, false);
 //   std::int32_t type = 0;
 //   classifier.DetectType(14, group, description, type);
@@ -15,9 +15,8 @@ namespace partwright {
 
 class Classifier {
 public:
-    Classifier(const CPartwrightPlugInApp& app, const TypeKeywords& keywords,
-               const UnitTable& units)
-        : groups_(app), types_(app, keywords, units) {}
+    Classifier(const ClassifierTables& tables, const TypeKeywords& keywords, const UnitTable& units)
+        : groups_(tables), types_(tables, keywords, units) {}
 
     [[nodiscard]] std::int32_t DetectGroup(std::wstring_view refDesList,
                                            std::wstring_view description, bool byName) const {

@@ -8,8 +8,8 @@ namespace partwright {
 namespace {
 
 template <class Record>
-bool fillEmpty(const CPartwrightPlugInApp& app, Record& record) {
-    const auto& table = Kind<Record>::defaultLPar(app);
+bool fillEmpty(const Definitions<Record>& definitions, Record& record) {
+    const auto& table = definitions.defaultLPar;
     const auto row = table.find(GroupAndType(record.group, record.type));
     if (row == table.end())
         return false;
@@ -26,14 +26,14 @@ bool fillEmpty(const CPartwrightPlugInApp& app, Record& record) {
 
 } // namespace
 
-bool ApplySdtaDefaults(const CPartwrightPlugInApp& app, SdtaComponent& record) {
-    const bool changed = fillEmpty(app, record);
+bool ApplySdtaDefaults(const Definitions<SdtaComponent>& definitions, SdtaComponent& record) {
+    const bool changed = fillEmpty(definitions, record);
     applyCodeNames(ColumnsOfSdtaGroup(record.group), record.group, record.LPar);
     return changed;
 }
 
-bool ApplyAsrDefaults(const CPartwrightPlugInApp& app, AsrComponent& record) {
-    return fillEmpty(app, record);
+bool ApplyAsrDefaults(const Definitions<AsrComponent>& definitions, AsrComponent& record) {
+    return fillEmpty(definitions, record);
 }
 
 } // namespace partwright

@@ -22,10 +22,10 @@ const std::wstring* designatorsOf(const PartSelection& selection, std::wstring_v
 }
 
 template <class Record>
-void complete(const CPartwrightPlugInApp& app, const CompletionRules<Record>& rules,
+void complete(const Definitions<Record>& definitions, const CompletionRules<Record>& rules,
               Record& record) {
     rules.update(record);
-    if (record.completed == 0 && applyDefaults(app, record))
+    if (record.completed == 0 && applyDefaults(definitions, record))
         rules.update(record);
 }
 
@@ -36,7 +36,7 @@ public:
     GroupLibraryWalk(const FillTools& tools, const Classifier& classifier,
                      GroupLibrary& groupLibrary, const PartSelection& selection)
         : tools_(tools), classifier_(classifier), groupLibrary_(groupLibrary),
-          selection_(selection), completion_(tools.app) {}
+          selection_(selection), completion_(tools.app.of<Record>()) {}
 
     FillReport run(typename Kind<Record>::Library& library) {
         for (auto& [key, record] : library)
@@ -77,12 +77,12 @@ private:
             return false;
         const std::wstring text = tools_.rewrite(part.description);
         std::int32_t group = classifier_.DetectGroup(*designators, text, true);
-        if (!tools_.app.groupNamesByCode.contains(group))
+        if (!tools_.app.classifier.groupNamesByCode.contains(group))
             return false;
         std::int32_t type = 0;
         classifier_.DetectType(Kind<SdtaComponent>::method, group, text, type);
         if (isAnalyses) {
-            group = analysesGroupOf(tools_.app, group);
+            group = analysesGroupOf(tools_.app.classifier, group);
             classifier_.DetectType(Kind<AsrComponent>::method, group, text, type);
         }
         if (group == 0)
@@ -102,7 +102,7 @@ private:
         std::copy_n(cells_.begin(), Kind<Record>::takenCells, record.LPar.begin());
         record.Manufacturer = part.manufacturer;
         record.Notes += L"GLib";
-        complete(tools_.app, completion_, record);
+        complete(tools_.app.of<Record>(), completion_, record);
     }
 
     const FillTools& tools_;
@@ -131,7 +131,7 @@ void takeEmpty(const typename Kind<Record>::Row& row,
 template <class Record>
 FillReport parseDescriptions(const FillTools& tools, const PartSelection& selection,
                              typename Kind<Record>::Library& library) {
-    const CompletionRules<Record> completion(tools.app);
+    const CompletionRules<Record> completion(tools.app.of<Record>());
     std::array<std::wstring, Kind<Record>::fillCells> cells;
     ScannedText scanned;
     FillReport report;
@@ -146,7 +146,7 @@ FillReport parseDescriptions(const FillTools& tools, const PartSelection& select
                                                Kind<Record>::method, record.Notes);
         takeEmpty(*row, cells, record);
         record.Notes += L"Descr";
-        complete(tools.app, completion, record);
+        complete(tools.app.of<Record>(), completion, record);
         report.changed.push_back(key);
     }
     return report;
@@ -154,12 +154,12 @@ FillReport parseDescriptions(const FillTools& tools, const PartSelection& select
 
 } // namespace
 
-std::int32_t analysesGroupOf(const CPartwrightPlugInApp& app, std::int32_t sdtaGroup) {
+std::int32_t analysesGroupOf(const ClassifierTables& tables, std::int32_t sdtaGroup) {
     constexpr std::int32_t unknownGroup = 1;
     constexpr std::int32_t movedGroup = 4;
     constexpr std::int32_t movedTo = 9;
     std::int32_t ignored = 0;
-    const std::int32_t code = ConvertBiCode(app, sdtaGroup, ignored);
+    const std::int32_t code = ConvertBiCode(tables, sdtaGroup, ignored);
     if (code == noBiCode)
         return unknownGroup;
     if (code == movedGroup)

@@ -42,7 +42,7 @@ struct FillReport {
 };
 
 /// The Analyses group of a part whose SDTA group is known; 0 when it has none.
-[[nodiscard]] std::int32_t analysesGroupOf(const CPartwrightPlugInApp& app, std::int32_t sdtaGroup);
+[[nodiscard]] std::int32_t analysesGroupOf(const ClassifierTables& tables, std::int32_t sdtaGroup);
 
 FillReport RunGroupLibrary(const FillTools& tools, const Classifier& classifier,
                            GroupLibrary& groupLibrary, const PartSelection& selection,

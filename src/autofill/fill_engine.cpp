@@ -32,23 +32,23 @@ const FillEngine::Work& FillEngine::work() const {
 std::vector<LoadResult> FillEngine::load() {
     std::vector<LoadResult> results;
     if (keywordFile_.bytes.empty()) {
-        keywordFile_ = readTextFile(app_.descrRulesSdtaTypesPath);
-        results.push_back(resultOf(keywordFile_.status, app_.descrRulesSdtaTypesPath));
+        keywordFile_ = readTextFile(app_.paths.descrRulesSdtaTypesPath);
+        results.push_back(resultOf(keywordFile_.status, app_.paths.descrRulesSdtaTypesPath));
         keywords_.reset();
         classifier_.reset();
     }
     if (synonymFile_.bytes.empty()) {
-        synonymFile_ = readTextFile(synonymPath(app_));
-        results.push_back(resultOf(synonymFile_.status, synonymPath(app_)));
+        synonymFile_ = readTextFile(synonymPath(app_.paths));
+        results.push_back(resultOf(synonymFile_.status, synonymPath(app_.paths)));
         synonyms_.reset();
     }
-    if (app_.DirectKeyTable.empty())
-        results.push_back(LoadManagementTable(app_));
-    if (app_.sdtaDefaultLPar.empty())
-        results.push_back(LoadSdtaDefaultLPar(app_));
-    if (app_.GroupRuleTable != preparedRules_) {
+    if (app_.classifier.DirectKeyTable.empty())
+        results.push_back(LoadManagementTable(app_.paths, app_.classifier));
+    if (app_.sdta.defaultLPar.empty())
+        results.push_back(LoadSdtaDefaultLPar(app_.paths, app_.sdta));
+    if (app_.classifier.GroupRuleTable != preparedRules_) {
         classifier_.reset();
-        preparedRules_ = app_.GroupRuleTable;
+        preparedRules_ = app_.classifier.GroupRuleTable;
         known_.clear();
         knownForAnalyses_.clear();
     }
@@ -76,7 +76,7 @@ const Classifier& FillEngine::classifier() const {
     if (!keywords_)
         keywords_ = typeKeywordsOf(ruleTableOf(keywordFile_, typeKeywordForm()));
     if (!classifier_)
-        classifier_.emplace(app_, *keywords_, tables().units);
+        classifier_.emplace(app_.classifier, *keywords_, tables().units);
     return *classifier_;
 }
 
@@ -114,7 +114,7 @@ Classification FillEngine::classified(std::int32_t group, std::wstring_view text
 
 Classification FillEngine::convertedToAnalyses(std::int32_t sdtaGroup,
                                                std::wstring_view text) const {
-    Classification found{analysesGroupOf(app_, sdtaGroup), 0};
+    Classification found{analysesGroupOf(app_.classifier, sdtaGroup), 0};
     classifier().DetectType(Kind<AsrComponent>::method, found.group, text, found.type);
     return found;
 }
@@ -155,7 +155,8 @@ FilledPart FillEngine::fillByWords(std::wstring_view designators,
 std::vector<std::wstring> FillEngine::needGroupLibrary() {
     if (std::exchange(groupLibraryLoaded_, true))
         return {};
-    LoadResult result = LoadGroupLibrary(app_.groupLibraryPath, app_.decimalMark(), groupLibrary_);
+    LoadResult result =
+        LoadGroupLibrary(app_.paths.groupLibraryPath, app_.decimalMark(), groupLibrary_);
     if (result.message.empty())
         return {};
     return {std::move(result.message)};

@@ -31,13 +31,10 @@ std::wstring designatorPrefix(std::wstring_view designator) {
     if (digit == designator.end())
         return {};
     const auto length = static_cast<std::size_t>(digit - designator.begin());
-    std::wstring prefix(trim(designator.substr(0, length)));
-    for (wchar_t& c : prefix)
-        c = upperCase(c);
-    return prefix;
+    return upperCase(trim(designator.substr(0, length)));
 }
 
-GroupDetector::GroupDetector(const CPartwrightPlugInApp& app) {
+GroupDetector::GroupDetector(const ClassifierTables& tables) {
     std::vector<std::wstring> expressions;
     std::map<std::wstring, std::size_t> known;
     // Valid as written is what counts; the text that runs is in capitals like the description.
@@ -50,21 +47,22 @@ GroupDetector::GroupDetector(const CPartwrightPlugInApp& app) {
         return place->second;
     };
     std::map<std::int32_t, Group> byCode;
-    for (const auto& [code, rule] : app.GroupRuleTable) {
+    for (const auto& [code, rule] : tables.GroupRuleTable) {
         Group& group = byCode[code];
         group.rules = prepare(rule.rules);
         group.excluding = prepare(rule.excluding);
         group.words = prepare(withoutCatchAll(rule.rules));
-        if (const auto name = app.groupNamesByCode.find(code); name != app.groupNamesByCode.end())
+        if (const auto name = tables.groupNamesByCode.find(code);
+            name != tables.groupNamesByCode.end())
             group.name = name->second;
     }
-    for (const auto& [code, prefixes] : app.GroupRefDesTable)
+    for (const auto& [code, prefixes] : tables.GroupRefDesTable)
         byCode.try_emplace(code);
     for (auto& [code, group] : byCode) {
         group.code = code;
         groups_.push_back(std::move(group));
-        const auto typical = app.GroupRefDesTable.find(code);
-        if (typical == app.GroupRefDesTable.end())
+        const auto typical = tables.GroupRefDesTable.find(code);
+        if (typical == tables.GroupRefDesTable.end())
             continue;
         for (const auto piece : split(typical->second, L',')) {
             const std::wstring prefix = upperCase(trim(piece));
@@ -108,7 +106,10 @@ GroupDetector::Indices GroupDetector::spokenForByAll(std::wstring_view refDesLis
 
 std::int32_t GroupDetector::firstDescribed(const Indices& candidates, std::wstring_view description,
                                            bool byName) const {
-    const Indices matching = expressions_.matches(description);
+    // What the description says cannot change the answer.
+    if (!byName && candidates.size() == 1)
+        return groups_[candidates.front()].code;
+    const Indices& matching = expressions_.matches(description);
     for (const std::size_t index : candidates)
         if (describes(groups_[index].rules, groups_[index].excluding, matching))
             return groups_[index].code;
@@ -126,7 +127,7 @@ std::int32_t GroupDetector::DetectGroup(std::wstring_view refDesList, std::wstri
 }
 
 std::int32_t GroupDetector::DetectGroupByWords(std::wstring_view description) const {
-    const auto matching = expressions_.matches(description);
+    const Indices& matching = expressions_.matches(description);
     for (const Group& group : groups_)
         if (describes(group.words, group.excluding, matching))
             return group.code;

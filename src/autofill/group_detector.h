@@ -4,12 +4,12 @@
 // expression to match the whole description, its excluding expression not to match, and one of its
 // typical designators to stand among the part's. The lowest group number that has all of this wins.
 //
-//   GroupDetector detector(app);
+//   GroupDetector detector(app.classifier);
 //   detector.DetectGroup(L"R1,R2", L"RES SMD 4.7K OHM 1% 0603", false)  ->  10
 //
 // The rules of the application are prepared when the detector is made; it holds no reference.
 
-#include "core/application.h"
+#include "core/classifier_tables.h"
 #include "core/regular_expression_set.h"
 
 #include <cstdint>
@@ -26,7 +26,7 @@ namespace partwright {
 
 class GroupDetector {
 public:
-    explicit GroupDetector(const CPartwrightPlugInApp& app);
+    explicit GroupDetector(const ClassifierTables& tables);
 
     /// 0 when there is none. With `byName` a group also wins when the first designator is its name;
     /// without it, a second search falls back on the designators alone.

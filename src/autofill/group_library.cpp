@@ -274,8 +274,7 @@ GroupLibrary::GroupLibrary(GroupLibraryTable table, wchar_t mark)
 
 PartDescription GroupLibrary::DescribePartNumber(std::wstring_view partNumber) {
     PartDescription result;
-    expressions_.matches(partNumber, matches_);
-    for (const std::size_t index : matches_) {
+    for (const std::size_t index : expressions_.matches(partNumber)) {
         const GroupLibraryRule& rule = table_[index];
         if (!rule.indexFault.empty()) {
             if (reported_.insert(rule.id).second)

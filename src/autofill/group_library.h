@@ -81,7 +81,6 @@ private:
     GroupLibraryTable table_;
     RegularExpressionSet expressions_;
     wchar_t mark_ = L'.';
-    std::vector<std::size_t> matches_;
     std::set<std::int32_t> reported_;
 };
 

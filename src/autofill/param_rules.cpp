@@ -135,7 +135,7 @@ void ParamFiller::RefineTypeByRule(std::int32_t family, std::int32_t group, std:
 
 std::int32_t ParamFiller::defaultType(std::int32_t family, std::int32_t group) const {
     const std::vector<std::int16_t>& types =
-        family == ruleFamily::sdta ? app_.sdtaDefaultTypes : app_.asrDefaultTypes;
+        family == ruleFamily::sdta ? app_.sdta.defaultTypes : app_.asr.defaultTypes;
     if (group < 0 || static_cast<std::size_t>(group) >= types.size())
         return 0;
     return types[static_cast<std::size_t>(group)];

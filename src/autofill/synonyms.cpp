@@ -249,14 +249,14 @@ RuleTableForm synonymForm() {
     return {.columns = columns, .comments = true};
 }
 
-std::wstring synonymPath(const CPartwrightPlugInApp& app) {
-    return app.programFolder + std::wstring(fileName);
+std::wstring synonymPath(const ProjectPaths& paths) {
+    return paths.programFolder + std::wstring(fileName);
 }
 
-LoadResult LoadSynonyms(const CPartwrightPlugInApp& app, SynonymTable& synonyms) {
-    const RuleTable table = readRuleTable(synonymPath(app), synonymForm());
+LoadResult LoadSynonyms(const ProjectPaths& paths, SynonymTable& synonyms) {
+    const RuleTable table = readRuleTable(synonymPath(paths), synonymForm());
     synonyms = SynonymTable(table);
-    return resultOf(table, synonymPath(app));
+    return resultOf(table, synonymPath(paths));
 }
 
 } // namespace partwright

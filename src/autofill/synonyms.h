@@ -28,7 +28,7 @@
 // and <u> the same as it was compared. The rewritten text begins with a blank, so that its first
 // word stands between separators like all others; an empty text and "-" stay as they are.
 
-#include "core/application.h"
+#include "core/project_paths.h"
 #include "library/load_result.h"
 #include "library/rule_table.h"
 
@@ -70,9 +70,9 @@ private:
 /// The columns that are read.
 [[nodiscard]] RuleTableForm synonymForm();
 
-[[nodiscard]] std::wstring synonymPath(const CPartwrightPlugInApp& app);
+[[nodiscard]] std::wstring synonymPath(const ProjectPaths& paths);
 
 /// From "DescrSynonyms.csv" beside the program; without the file the table is empty.
-LoadResult LoadSynonyms(const CPartwrightPlugInApp& app, SynonymTable& synonyms);
+LoadResult LoadSynonyms(const ProjectPaths& paths, SynonymTable& synonyms);
 
 } // namespace partwright

@@ -16,9 +16,9 @@ bool isSeparator(wchar_t c) {
 
 } // namespace
 
-TypeDetector::TypeDetector(const CPartwrightPlugInApp& app, const TypeKeywords& keywords,
+TypeDetector::TypeDetector(const ClassifierTables& tables, const TypeKeywords& keywords,
                            const UnitTable& units) {
-    for (const auto& [family, rows] : app.DirectKeyTable) {
+    for (const auto& [family, rows] : tables.DirectKeyTable) {
         DirectKeys& keys = directKeys_[family];
         keys.rows = rows;
         for (std::size_t i = 0; i < rows.size(); ++i)

@@ -15,7 +15,7 @@
 #include "autofill/rule_language.h"
 #include "autofill/type_keywords.h"
 #include "autofill/value_normaliser.h"
-#include "core/application.h"
+#include "core/classifier_tables.h"
 
 #include <cstdint>
 #include <map>
@@ -28,7 +28,7 @@ namespace partwright {
 
 class TypeDetector {
 public:
-    TypeDetector(const CPartwrightPlugInApp& app, const TypeKeywords& keywords,
+    TypeDetector(const ClassifierTables& tables, const TypeKeywords& keywords,
                  const UnitTable& units);
 
     /// `type` is set, to 0 when nothing speaks for one; a direct key sets `group` as well.

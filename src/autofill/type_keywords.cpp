@@ -59,10 +59,10 @@ TypeKeywords typeKeywordsOf(const RuleTable& table) {
     return result;
 }
 
-LoadResult LoadTypeKeywords(const CPartwrightPlugInApp& app, TypeKeywords& keywords) {
-    const RuleTable table = readRuleTable(app.descrRulesSdtaTypesPath, typeKeywordForm());
+LoadResult LoadTypeKeywords(const ProjectPaths& paths, TypeKeywords& keywords) {
+    const RuleTable table = readRuleTable(paths.descrRulesSdtaTypesPath, typeKeywordForm());
     keywords = typeKeywordsOf(table);
-    return resultOf(table, app.descrRulesSdtaTypesPath);
+    return resultOf(table, paths.descrRulesSdtaTypesPath);
 }
 
 } // namespace partwright

@@ -10,7 +10,7 @@
 //
 // A row counts when its keyword list compiles as a regular expression.
 
-#include "core/application.h"
+#include "core/project_paths.h"
 #include "library/load_result.h"
 #include "library/rule_table.h"
 
@@ -45,7 +45,7 @@ struct TypeKeywords {
 [[nodiscard]] TypeKeywords typeKeywordsOf(const RuleTable& table);
 
 /// From descrRulesSdtaTypesPath; `keywords` is emptied first.
-LoadResult LoadTypeKeywords(const CPartwrightPlugInApp& app, TypeKeywords& keywords);
+LoadResult LoadTypeKeywords(const ProjectPaths& paths, TypeKeywords& keywords);
 
 /// The keywords of a list in capitals, each trimmed and cut at 255 characters, none of them empty:
 /// a piece that begins with a quote runs to the next quote, any other to the next ",".

@@ -22,19 +22,23 @@ std::string field(std::wstring_view text) {
 }
 
 void printText(std::ostream& out, const LibraryFinding& finding) {
-    const std::wstring_view fields[] = {finding.library, finding.part,      finding.group,
-                                        finding.type,    finding.parameter, finding.value,
-                                        finding.rule,    finding.text};
+    const std::wstring_view fields[] = {
+        finding.library,   finding.part,  finding.group,        finding.type,
+        finding.parameter, finding.value, finding.finding.rule, finding.finding.summary()};
     for (std::size_t i = 0; i < std::size(fields); ++i)
         out << (i == 0 ? "" : "\t") << field(fields[i]);
     out << '\n';
 }
 
 nlohmann::ordered_json json(const LibraryFinding& finding) {
-    return {{"library", encodeUtf8(finding.library)},     {"partNumber", encodeUtf8(finding.part)},
-            {"group", encodeUtf8(finding.group)},         {"type", encodeUtf8(finding.type)},
-            {"parameter", encodeUtf8(finding.parameter)}, {"value", encodeUtf8(finding.value)},
-            {"rule", encodeUtf8(finding.rule)},           {"text", encodeUtf8(finding.text)}};
+    return {{"library", encodeUtf8(finding.library)},
+            {"partNumber", encodeUtf8(finding.part)},
+            {"group", encodeUtf8(finding.group)},
+            {"type", encodeUtf8(finding.type)},
+            {"parameter", encodeUtf8(finding.parameter)},
+            {"value", encodeUtf8(finding.value)},
+            {"rule", encodeUtf8(finding.finding.rule)},
+            {"text", encodeUtf8(finding.finding.summary())}};
 }
 
 /// What was not taken of the two files of a kind, told as findings.

@@ -16,8 +16,8 @@ PromptAnswer ConsolePrompt::show(std::wstring_view /*title*/, std::wstring_view 
     return buttons == PromptButtons::YesNo ? PromptAnswer::No : PromptAnswer::Ok;
 }
 
-bool ConsolePrompt::unreadableTable(const CPartwrightPlugInApp& app) const {
-    const auto isLibrary = [&app](const std::wstring& text) {
+bool ConsolePrompt::unreadableTable(const Libraries& libraries) const {
+    const auto isLibrary = [&libraries](const std::wstring& text) {
         return std::any_of(
             app.loadReports.begin(), app.loadReports.end(),
             [&text](const auto& report) { return text == message::failedToOpen(report.first); });

@@ -3,7 +3,7 @@
 // The command line's way of speaking: boxes become lines on the error stream, a question is
 // answered with what the command was told to do.
 
-#include "core/application.h"
+#include "core/libraries.h"
 #include "core/ports/prompt.h"
 
 #include <iosfwd>
@@ -22,7 +22,7 @@ public:
     /// A file that is there could not be opened for reading.
     [[nodiscard]] bool unreadable() const { return !unreadable_.empty(); }
     /// The same for a file that is no library: a rule table, the project input.
-    [[nodiscard]] bool unreadableTable(const CPartwrightPlugInApp& app) const;
+    [[nodiscard]] bool unreadableTable(const Libraries& libraries) const;
 
 private:
     std::ostream& err_;

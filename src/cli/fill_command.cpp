@@ -39,7 +39,7 @@ void printJson(std::ostream& out, const RecordChange& change) {
 template <class Record>
 bool fillPage(Project& project, LibraryPageSession<Record>& page, const FillOptions& options,
               bool json, std::ostream& out) {
-    const auto before = Kind<Record>::designLibrary(project.app);
+    const auto before = project.app.libraries.designLibrary<Record>().records();
     page.setFilter(pageFilter(page, options.filter));
     page.refresh();
     const bool all = !options.groupLibrary && !options.descriptions;
@@ -47,7 +47,8 @@ bool fillPage(Project& project, LibraryPageSession<Record>& page, const FillOpti
         page.runGroupLibrary();
     if (options.descriptions || all)
         page.parseDescriptions();
-    for (const RecordChange& change : changesBetween(project.app, before, page.designLibrary)) {
+    for (const RecordChange& change :
+         changesBetween(project.app.of<Record>(), before, page.designLibrary)) {
         if (json)
             printJson<Record>(out, change);
         else
@@ -77,7 +78,7 @@ int runFill(const PlaceOptions& place, const FillOptions& options, Streams strea
     Project project(place, streams);
     // With a table or the part list unread, values would be missing or come from the wrong rules.
     // A library that was not read is refused by its own save.
-    if (project.prompt.unreadableTable(project.app))
+    if (project.prompt.unreadableTable(project.app.libraries))
         return Usage;
     const bool both = !options.sdta && !options.analyses;
     const bool sdtaRefuses = (options.sdta || both) &&

@@ -32,7 +32,8 @@ Fields fieldsOf(std::string_view line) {
 
 template <class Record>
 void addPart(Json& answer, const CPartwrightPlugInApp& app, const FilledPart& part) {
-    const auto [groupName, typeName] = namesOf<Record>(app, part.found.group, part.found.type);
+    const auto [groupName, typeName] =
+        app.of<Record>().GroupAndTypeNames(part.found.group, part.found.type);
     answer["group"] = part.found.group;
     answer["groupName"] = encodeUtf8(groupName);
     answer["type"] = part.found.type;

@@ -23,14 +23,14 @@ StartOptions startOptions(const PlaceOptions& place) {
 /// Without group names no command gives an answer worth having, so the place is told where they
 /// were looked for.
 void tellMissingGroups(const CPartwrightPlugInApp& app, Prompt& prompt) {
-    if (app.groupNamesByCode.empty())
-        prompt.tell(message::groupTableMissing(app.descrRulesPath), PromptIcon::None);
+    if (app.classifier.groupNamesByCode.empty())
+        prompt.tell(message::groupTableMissing(app.paths.descrRulesPath), PromptIcon::None);
 }
 
 } // namespace
 
 Tables::Tables(const PlaceOptions& place, Streams streams) : prompt(streams.err), engine(app) {
-    app.hostTool = place.host;
+    app.paths.hostTool = place.host;
     loadTables(app, prompt, startOptions(place));
     for (const LoadResult& result : engine.load())
         tell(prompt, result);
@@ -39,9 +39,9 @@ Tables::Tables(const PlaceOptions& place, Streams streams) : prompt(streams.err)
 
 Project::Project(const PlaceOptions& place, Streams streams)
     : prompt(streams.err), engine(app), session(app, engine, prompt) {
-    app.hostTool = place.host;
-    app.libraryFolder = folder(place.library);
-    app.projectInputFolder = withSeparator(folder(place.input));
+    app.paths.hostTool = place.host;
+    app.paths.libraryFolder = folder(place.library);
+    app.paths.projectInputFolder = withSeparator(folder(place.input));
     loadAtStart(app, clock_, prompt, startOptions(place));
     session.start();
     tellMissingGroups(app, prompt);

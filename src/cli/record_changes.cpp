@@ -9,8 +9,8 @@ namespace {
 
 /// The type as the file names it: the default type by its own name.
 template <class Record>
-std::int32_t typeInFile(const CPartwrightPlugInApp& app, const Record& record) {
-    const auto& defaults = Kind<Record>::defaultTypes(app);
+std::int32_t typeInFile(const Definitions<Record>& definitions, const Record& record) {
+    const auto& defaults = definitions.defaultTypes;
     if (record.type != 0 || record.group <= 0 ||
         static_cast<std::size_t>(record.group) >= defaults.size())
         return record.type;
@@ -19,9 +19,10 @@ std::int32_t typeInFile(const CPartwrightPlugInApp& app, const Record& record) {
 
 /// Every text of a record by name, in the order of the file.
 template <class Record>
-std::vector<std::pair<std::wstring, std::wstring>> fieldsOf(const CPartwrightPlugInApp& app,
+std::vector<std::pair<std::wstring, std::wstring>> fieldsOf(const Definitions<Record>& definitions,
                                                             const Record& record) {
-    const auto [group, type] = namesOf<Record>(app, record.group, typeInFile(app, record));
+    const auto [group, type] =
+        definitions.GroupAndTypeNames(record.group, typeInFile(definitions, record));
     std::vector<std::pair<std::wstring, std::wstring>> fields = {
         {L"Group", std::wstring(group)},
         {L"Type", std::wstring(type)},
@@ -36,17 +37,18 @@ std::vector<std::pair<std::wstring, std::wstring>> fieldsOf(const CPartwrightPlu
 }
 
 template <class Record>
-RecordChange compare(const CPartwrightPlugInApp& app, const Record& before, const Record& after) {
+RecordChange compare(const Definitions<Record>& definitions, const Record& before,
+                     const Record& after) {
     RecordChange change;
     change.partNumber = after.PartNum;
-    auto old = fieldsOf(app, before);
+    auto old = fieldsOf(definitions, before);
     const auto takeOld = [&old](const std::wstring& name) {
         for (auto& [oldName, text] : old)
             if (oldName == name)
                 return std::exchange(text, {});
         return std::wstring();
     };
-    for (auto& [name, text] : fieldsOf(app, after))
+    for (auto& [name, text] : fieldsOf(definitions, after))
         if (std::wstring was = takeOld(name); was != text)
             change.fields.push_back({name, std::move(was), text});
     for (const auto& [name, text] : old) // columns that the new group does not have
@@ -58,8 +60,9 @@ RecordChange compare(const CPartwrightPlugInApp& app, const Record& before, cons
 } // namespace
 
 template <class Library>
-std::vector<RecordChange> changesBetween(const CPartwrightPlugInApp& app, const Library& before,
-                                         const Library& after) {
+std::vector<RecordChange>
+changesBetween(const Definitions<typename Library::mapped_type>& definitions, const Library& before,
+               const Library& after) {
     std::map<std::wstring, const typename Library::mapped_type*, std::less<>> old;
     for (const auto& [key, record] : before)
         old[upperCase(key)] = &record;
@@ -69,8 +72,8 @@ std::vector<RecordChange> changesBetween(const CPartwrightPlugInApp& app, const 
         if (found != old.end() && *found->second == record)
             continue;
         RecordChange change = found == old.end()
-                                  ? compare(app, typename Library::mapped_type{}, record)
-                                  : compare(app, *found->second, record);
+                                  ? compare(definitions, typename Library::mapped_type{}, record)
+                                  : compare(definitions, *found->second, record);
         change.added = found == old.end();
         if (change.added || !change.fields.empty())
             changes.push_back(std::move(change));
@@ -78,9 +81,9 @@ std::vector<RecordChange> changesBetween(const CPartwrightPlugInApp& app, const 
     return changes;
 }
 
-template std::vector<RecordChange> changesBetween(const CPartwrightPlugInApp&, const SdtaLibrary&,
-                                                  const SdtaLibrary&);
-template std::vector<RecordChange> changesBetween(const CPartwrightPlugInApp&, const AsrLibrary&,
-                                                  const AsrLibrary&);
+template std::vector<RecordChange> changesBetween(const Definitions<SdtaComponent>&,
+                                                  const SdtaLibrary&, const SdtaLibrary&);
+template std::vector<RecordChange> changesBetween(const Definitions<AsrComponent>&,
+                                                  const AsrLibrary&, const AsrLibrary&);
 
 } // namespace partwright::cli

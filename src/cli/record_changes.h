@@ -2,7 +2,7 @@
 
 // What differs between two states of a library, record by record, in words.
 
-#include "core/application.h"
+#include "core/definitions.h"
 #include "core/library_kind.h"
 
 #include <string>
@@ -25,12 +25,13 @@ struct RecordChange {
 
 /// In key order of `after`; keys are compared in capitals. A record that is new lists all it has.
 template <class Library>
-[[nodiscard]] std::vector<RecordChange> changesBetween(const CPartwrightPlugInApp& app,
-                                                       const Library& before, const Library& after);
+[[nodiscard]] std::vector<RecordChange>
+changesBetween(const Definitions<typename Library::mapped_type>& definitions, const Library& before,
+               const Library& after);
 
-extern template std::vector<RecordChange> changesBetween(const CPartwrightPlugInApp&,
+extern template std::vector<RecordChange> changesBetween(const Definitions<SdtaComponent>&,
                                                          const SdtaLibrary&, const SdtaLibrary&);
-extern template std::vector<RecordChange> changesBetween(const CPartwrightPlugInApp&,
+extern template std::vector<RecordChange> changesBetween(const Definitions<AsrComponent>&,
                                                          const AsrLibrary&, const AsrLibrary&);
 
 } // namespace partwright::cli

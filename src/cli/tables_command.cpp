@@ -14,19 +14,19 @@ namespace {
 
 void printText(std::ostream& out, const TableFinding& finding) {
     out << encodeUtf8(finding.file);
-    if (finding.line != 0)
-        out << ':' << finding.line;
+    if (finding.line() != 0)
+        out << ':' << finding.line();
     out << ": ";
     if (!finding.column.empty())
         out << encodeUtf8(finding.column) << ": ";
-    out << encodeUtf8(finding.text) << '\n';
+    out << encodeUtf8(finding.finding.summary()) << '\n';
 }
 
 nlohmann::ordered_json json(const TableFinding& finding) {
     return {{"file", encodeUtf8(finding.file)},
-            {"line", finding.line},
+            {"line", finding.line()},
             {"column", encodeUtf8(finding.column)},
-            {"text", encodeUtf8(finding.text)}};
+            {"text", encodeUtf8(finding.finding.summary())}};
 }
 
 } // namespace

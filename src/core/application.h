@@ -1,25 +1,27 @@
 #pragma once
 
 // The application object: the one owner of all tables and all libraries of a run, made before
-// start-up and passed to whoever needs it. It offers the lookups over its tables; the loaders that
-// fill them are in library/, the compiled and prepared tables of the auto-fill engine belong to
-// the engine itself (autofill/).
+// start-up and passed to whoever needs it. It is a handful of values, and who needs one of them
+// only is handed that one, so that a signature tells what may be touched:
 //
-// A pair of group and type is named by GroupAndTypeNames and described by a property row. Numbers
-// out of range never fail: they are named "Not defined" and "Default".
+//   paths        where files stand, and the project's name        ProjectPaths
+//   partList     the project's parts                              PartList
+//   sdta, asr    groups, types and parameters of either kind      Definitions<Record>
+//   classifier   how a part finds its group and type              ClassifierTables
+//   libraries    the records, the links to data sheets, faults    Libraries
+//
+// The definitions of a kind have one set of names: what the tables call sdtaGroupNames and
+// asrGroupNames is sdta.groupNames and asr.groupNames, FindSdtaPropertyRow is sdta.FindPropertyRow.
+// Code that serves both kinds asks of<Record>(). The compiled and prepared tables of the auto-fill
+// engine belong to the engine itself (autofill/).
 
 #include "core/load_report.h"
 #include "core/records.h"
 #include "core/text_file.h"
 
-#include <array>
 #include <cstdint>
-#include <map>
-#include <optional>
 #include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
+#include <type_traits>
 
 namespace partwright {
 
@@ -35,43 +37,18 @@ struct SdtaReading {
 
 class CPartwrightPlugInApp {
 public:
-    CPartwrightPlugInApp();
-
     /// Decimal mark of the user's locale; it also picks the separator of written libraries.
     std::wstring decimalPoint = L".";
-    std::int32_t hostTool = 0;
+    /// What the command line says of the window.
     std::int32_t startPage = 0;
     std::int32_t analysisLevel = 0;
-    std::int32_t selectedCount = 0;
-    std::wstring libraryFolder;
-    std::wstring projectInputFolder;
-    std::int32_t projectInputPresent = 0;
-    std::wstring projectInputPath;
-    std::wstring projectName;
-    std::wstring columnPartNumber;
-    std::wstring columnDescription;
-    std::wstring columnCatalogNumber;
-    std::wstring columnManufacturer;
-    std::wstring programFolder;
 
-    std::wstring sdtaPropertyPath;
-    std::wstring sdtaPropertyLibraryPath;
-    std::wstring sdtaValidationRulesPath;
-    std::wstring sdtaThermalValidationPath;
-    std::wstring descrRulesPath;
-    std::wstring descrRulesSdtaTypesPath;
-    std::wstring groupLibraryPath;
-    std::wstring managementTablePath;
-    std::wstring sdtaDefaultLParPath;
-    std::wstring asrPropertyLibraryPath;
-    std::wstring asrDefaultLParPath;
-    std::wstring publicSdtaLibraryPath;
-    std::wstring publicAsrLibraryPath;
-    std::wstring sdtaLibraryPath;
-    std::wstring asrLibraryPath;
-    std::wstring hostLibFolder;
-    std::wstring publicLibraryFolder;
-    std::wstring datasheetFolder;
+    ProjectPaths paths;
+    PartList partList;
+    Definitions<SdtaComponent> sdta;
+    Definitions<AsrComponent> asr;
+    ClassifierTables classifier;
+    Libraries libraries;
 
     SdtaProperties sdtaProperties;
     AsrProperties asrProperties;
@@ -117,38 +94,6 @@ public:
     [[nodiscard]] wchar_t decimalMark() const;
     /// "," when the decimal mark is ".", otherwise ";".
     [[nodiscard]] wchar_t writtenSeparator() const;
-
-    /// (group name, type name) of an SDTA pair.
-    [[nodiscard]] std::pair<std::wstring_view, std::wstring_view>
-    GroupAndTypeNames(std::int32_t group, std::int32_t type) const;
-    /// The same for an Analyses pair.
-    [[nodiscard]] std::pair<std::wstring_view, std::wstring_view>
-    AsrGroupAndTypeNames(std::int32_t group, std::int32_t type) const;
-
-    /// Null when no row serves the pair.
-    [[nodiscard]] const SdtaPropertyRow* FindSdtaPropertyRow(std::wstring_view groupName,
-                                                             std::wstring_view typeName) const;
-    [[nodiscard]] const AsrPropertyRow* FindAsrPropertyRow(std::wstring_view groupName,
-                                                           std::wstring_view typeName) const;
-
-    /// Position in the SDTA group list; 0 when absent.
-    [[nodiscard]] std::int32_t GroupNumber(std::wstring_view groupName) const;
-    [[nodiscard]] std::int32_t AsrGroupNumber(std::wstring_view groupName) const;
-
-    /// Rebuilds sdtaGroupNames from groupNamesByCode and then sdtaGroupTypes.
-    void rebuildSdtaGroups();
-    /// Rebuilds asrGroupTypes for the names in asrGroupNames.
-    void rebuildAsrTypes();
-
-    /// Value of a placement's column without control and soft characters; empty for "-" and
-    /// "Empty".
-    [[nodiscard]] std::wstring ProjectValue(std::wstring_view referenceDesignator,
-                                            std::wstring_view columnName) const;
-
-    /// Recomputes the completion flag(s), and sets "N/A" where an empty value does not apply. Run
-    /// it after every change of a record; use CompletionRules (completion.h) for many records.
-    void UpdateCompletion(SdtaComponent& record) const;
-    void UpdateCompletion(AsrComponent& record) const;
 };
 
 } // namespace partwright

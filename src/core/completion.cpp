@@ -3,6 +3,7 @@
 #include "core/cell_text.h"
 
 #include <algorithm>
+#include <type_traits>
 
 namespace partwright {
 
@@ -28,36 +29,38 @@ void settleProcess(std::wstring& value, const SdtaPropertyRow* row) {
 } // namespace
 
 template <class Record>
-CompletionRules<Record>::CompletionRules(const CPartwrightPlugInApp& app) {
+CompletionRules<Record>::CompletionRules(const Definitions<Record>& definitions) {
     // Groups that have columns but no name are judged by their own columns, too.
-    const auto count = std::max(static_cast<std::int32_t>(Kind<Record>::groupNames(app).size()),
+    const auto count = std::max(static_cast<std::int32_t>(definitions.groupNames.size()),
                                 Kind<Record>::lastGroup + 1);
     for (std::int32_t number = 0; number <= count; ++number)
-        groups_.push_back(prepare(app, number));
+        groups_.push_back(prepare(definitions, number));
 }
 
 template <class Record>
-CompletionRules<Record>::CompletionRules(const CPartwrightPlugInApp& app, std::int32_t onlyGroup)
-    : groups_{prepare(app, onlyGroup)}, first_(onlyGroup) {}
+CompletionRules<Record>::CompletionRules(const Definitions<Record>& definitions,
+                                         std::int32_t onlyGroup)
+    : groups_{prepare(definitions, onlyGroup)}, first_(onlyGroup) {}
 
 template <class Record>
 typename CompletionRules<Record>::Group
-CompletionRules<Record>::prepare(const CPartwrightPlugInApp& app, std::int32_t number) {
+CompletionRules<Record>::prepare(const Definitions<Record>& definitions, std::int32_t number) {
     Group group;
     group.columns = Kind<Record>::columns(number);
-    const std::wstring_view name = namesOf<Record>(app, number, 0).first;
+    const std::wstring_view name = definitions.GroupAndTypeNames(number, 0).first;
     group.unused = name == notApplicableGroup;
-    const auto types = Kind<Record>::groupTypes(app).find(name);
-    const auto known = types == Kind<Record>::groupTypes(app).end() ? 0 : types->second.size();
+    const std::size_t known = definitions.typesOf(number).size();
     for (std::size_t type = 0; type <= known; ++type)
-        group.rows.push_back(findRow<Record>(
-            app, name, namesOf<Record>(app, number, static_cast<std::int32_t>(type)).second));
-    const auto levelOf = [number](const auto& levels) {
-        const auto found = levels.find(number);
-        return found == levels.end() ? nullptr : &found->second;
-    };
-    group.rapid = levelOf(app.asrColumnsForRapid);
-    group.asr = levelOf(app.asrColumnsForAsr);
+        group.rows.push_back(definitions.FindPropertyRow(
+            name, definitions.GroupAndTypeNames(number, static_cast<std::int32_t>(type)).second));
+    if constexpr (std::is_same_v<Record, AsrComponent>) {
+        const auto levelOf = [number](const auto& levels) {
+            const auto found = levels.find(number);
+            return found == levels.end() ? nullptr : &found->second;
+        };
+        group.rapid = levelOf(definitions.columnsForRapid);
+        group.asr = levelOf(definitions.columnsForAsr);
+    }
     return group;
 }
 

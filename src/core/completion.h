@@ -5,14 +5,13 @@
 // parameter that does not apply to the type becomes "N/A".
 //
 // CompletionRules prepares the property rows of every pair of group and type once; it borrows the
-// application's tables and is valid until they are loaded again.
+// definitions and is valid until they are loaded again.
 //
-//   const CompletionRules<SdtaComponent> rules(app);
+//   const CompletionRules<SdtaComponent> rules(app.sdta);
 //   for (auto& [key, record] : library)
 //       rules.update(record);
 
-#include "core/application.h"
-#include "core/library_kind.h"
+#include "core/definitions.h"
 #include "core/vocabulary.h"
 
 #include <cstdint>
@@ -25,9 +24,9 @@ class CompletionRules {
 public:
     using Row = typename Kind<Record>::Row;
 
-    explicit CompletionRules(const CPartwrightPlugInApp& app);
+    explicit CompletionRules(const Definitions<Record>& definitions);
     /// For records of one group only.
-    CompletionRules(const CPartwrightPlugInApp& app, std::int32_t onlyGroup);
+    CompletionRules(const Definitions<Record>& definitions, std::int32_t onlyGroup);
 
     void update(Record& record) const;
 
@@ -43,7 +42,7 @@ private:
         /// By type position; the last entry serves every position out of range.
         std::vector<const Row*> rows;
     };
-    [[nodiscard]] static Group prepare(const CPartwrightPlugInApp& app, std::int32_t number);
+    [[nodiscard]] static Group prepare(const Definitions<Record>& definitions, std::int32_t number);
     [[nodiscard]] const Group& group(std::int32_t number) const;
 
     /// The groups from number `first_` on; the last entry serves every number out of range.
@@ -57,5 +56,11 @@ template <>
 void CompletionRules<AsrComponent>::update(AsrComponent& record) const;
 extern template class CompletionRules<SdtaComponent>;
 extern template class CompletionRules<AsrComponent>;
+
+/// For one record alone; run it after every change of a record.
+template <class Record>
+void UpdateCompletion(const Definitions<Record>& definitions, Record& record) {
+    CompletionRules<Record>(definitions, record.group).update(record);
+}
 
 } // namespace partwright

@@ -75,34 +75,34 @@ std::wstring programFolderFor(std::wstring_view program, std::int32_t hostTool) 
     return folder;
 }
 
-void ResolveFilePaths(CPartwrightPlugInApp& app, std::wstring_view publicFolder) {
-    const std::wstring& tables = app.programFolder;
-    app.sdtaPropertyPath = tables + L"Property_SDTA.csv";
-    app.sdtaPropertyLibraryPath = tables + L"Property_SDTA_Library.csv";
-    app.sdtaValidationRulesPath = tables + L"SDTALibraryValidationRules.csv";
-    app.sdtaThermalValidationPath = tables + L"SDTALibThermalParamValidation.csv";
-    app.descrRulesPath = tables + L"DescrRules.csv";
-    app.descrRulesSdtaTypesPath = tables + L"DescrRules_SDTATypes.csv";
-    app.groupLibraryPath = tables + L"GLibData.glb";
-    app.managementTablePath = tables + L"SDTA_ASR_MGT.csv";
-    app.sdtaDefaultLParPath = tables + L"SDTA_Default_LPar.csv";
+void ResolveFilePaths(ProjectPaths& paths, std::wstring_view publicFolder) {
+    const std::wstring& tables = paths.programFolder;
+    paths.sdtaPropertyPath = tables + L"Property_SDTA.csv";
+    paths.sdtaPropertyLibraryPath = tables + L"Property_SDTA_Library.csv";
+    paths.sdtaValidationRulesPath = tables + L"SDTALibraryValidationRules.csv";
+    paths.sdtaThermalValidationPath = tables + L"SDTALibThermalParamValidation.csv";
+    paths.descrRulesPath = tables + L"DescrRules.csv";
+    paths.descrRulesSdtaTypesPath = tables + L"DescrRules_SDTATypes.csv";
+    paths.groupLibraryPath = tables + L"GLibData.glb";
+    paths.managementTablePath = tables + L"SDTA_ASR_MGT.csv";
+    paths.sdtaDefaultLParPath = tables + L"SDTA_Default_LPar.csv";
 
-    app.publicLibraryFolder = publicFolder;
-    if (app.publicLibraryFolder.empty())
-        static_cast<void>(ReadRegistryValue(app.hostTool, RegistryOperation::Read,
-                                            app.publicLibraryFolder, L"Settings", L"PLibPath"));
-    if (app.publicLibraryFolder.empty())
-        app.publicLibraryFolder = tables + L"Morlith_PLib";
-    app.publicSdtaLibraryPath = join(app.publicLibraryFolder, L"SDTALib_Public.csv");
-    app.publicAsrLibraryPath = join(app.publicLibraryFolder, L"AnalysesLib_Public.csv");
-    app.sdtaLibraryPath = join(app.libraryFolder, L"SDTALib_" + app.projectName + L".csv");
-    ResolveAnalysesFilePaths(app);
+    paths.publicLibraryFolder = publicFolder;
+    if (paths.publicLibraryFolder.empty())
+        static_cast<void>(ReadRegistryValue(paths.hostTool, RegistryOperation::Read,
+                                            paths.publicLibraryFolder, L"Settings", L"PLibPath"));
+    if (paths.publicLibraryFolder.empty())
+        paths.publicLibraryFolder = tables + L"Morlith_PLib";
+    paths.publicSdtaLibraryPath = join(paths.publicLibraryFolder, L"SDTALib_Public.csv");
+    paths.publicAsrLibraryPath = join(paths.publicLibraryFolder, L"AnalysesLib_Public.csv");
+    paths.sdtaLibraryPath = join(paths.libraryFolder, L"SDTALib_" + paths.projectName + L".csv");
+    ResolveAnalysesFilePaths(paths);
 }
 
-void ResolveAnalysesFilePaths(CPartwrightPlugInApp& app) {
-    app.asrLibraryPath = join(app.libraryFolder, L"AnalysesLib_" + app.projectName + L".csv");
-    app.asrPropertyLibraryPath = app.programFolder + L"Property_ASR_Library.csv";
-    app.asrDefaultLParPath = app.programFolder + L"ASR_Default_LPar.csv";
+void ResolveAnalysesFilePaths(ProjectPaths& paths) {
+    paths.asrLibraryPath = join(paths.libraryFolder, L"AnalysesLib_" + paths.projectName + L".csv");
+    paths.asrPropertyLibraryPath = paths.programFolder + L"Property_ASR_Library.csv";
+    paths.asrDefaultLParPath = paths.programFolder + L"ASR_Default_LPar.csv";
 }
 
 std::wstring localeDecimalPoint() {

@@ -4,7 +4,7 @@
 // tool; the design libraries stand in the project's library folder under the project's name; the
 // public libraries in a shared folder that a setting names.
 
-#include "core/application.h"
+#include "core/project_paths.h"
 
 #include <cstdint>
 #include <string>
@@ -31,12 +31,12 @@ inline constexpr wchar_t pathSeparator = L'/';
 /// keeps them together.
 [[nodiscard]] std::wstring programFolderFor(std::wstring_view program, std::int32_t hostTool);
 
-/// Fills every path of the application from its programFolder, libraryFolder and projectName, and
+/// Fills every path from programFolder, libraryFolder and projectName, and
 /// publicLibraryFolder from the settings. With `publicFolder` the setting is not asked.
-void ResolveFilePaths(CPartwrightPlugInApp& app, std::wstring_view publicFolder = {});
+void ResolveFilePaths(ProjectPaths& paths, std::wstring_view publicFolder = {});
 
 /// The part of that work for the Analyses library.
-void ResolveAnalysesFilePaths(CPartwrightPlugInApp& app);
+void ResolveAnalysesFilePaths(ProjectPaths& paths);
 
 /// Decimal mark of the user's locale.
 [[nodiscard]] std::wstring localeDecimalPoint();

@@ -1,7 +1,7 @@
 #pragma once
 
 // The plain data of the program: component records, property rows, project entries and the rows of
-// the small tables. They own their texts by value and have no behaviour; application.h looks things
+// the small tables. They own their texts by value and have no behaviour; definitions.h looks things
 // up in them.
 //
 // A record holds parameter values as text in LPar slots. LPar n is slot n - 1, and what it means is

@@ -1,9 +1,15 @@
 #pragma once
 
 // Regular expressions of the rule tables: meaning and validity are those of std::wregex in its
-// default syntax and the classic locale, full match. The matching is our own, since the standard
-// library's recurses once per character and can take exponential time: here no text overflows the
-// stack, and one that would need too much work does not match.
+// default syntax and the classic locale, full match. The standard library is asked for the validity
+// alone: its matching recurses once per character and can take exponential time. RE2 matches; for
+// what it has no words for (look-ahead, back-references, large counts) there is a matcher of our
+// own.
+//
+// No text overflows the stack, and none takes for ever. What RE2 does costs time in proportion to
+// the text. The other matcher has a number of steps for each text, and each expression has further
+// ones for its whole life, which the texts that need more use up; a text that would need still more
+// does not match.
 //
 // An expression of more than 4,096 characters or 200 nested groups is invalid, since compiling one
 // recurses; so is one with a count of more than 18 digits.
@@ -15,24 +21,22 @@
 
 namespace partwright {
 
-namespace regex {
-struct Program;
-}
-
 /// True when the text compiles.
 [[nodiscard]] bool ValidateRegularExpression(std::wstring_view text);
 
-/// One prepared expression, cheap to copy. For many of them see RegularExpressionSet.
+/// One prepared expression, cheap to copy; copies share what they used up. For many of them see
+/// RegularExpressionSet.
 class RegularExpression {
 public:
     explicit RegularExpression(std::wstring_view text);
 
-    [[nodiscard]] bool valid() const { return program_ != nullptr; }
+    [[nodiscard]] bool valid() const { return prepared_ != nullptr; }
     /// An invalid expression matches nothing.
     [[nodiscard]] bool fullMatch(std::wstring_view text) const;
 
 private:
-    std::shared_ptr<const regex::Program> program_;
+    struct Prepared;
+    std::shared_ptr<const Prepared> prepared_;
 };
 
 } // namespace partwright

@@ -94,15 +94,28 @@ private:
     const regex::Program& program_;
 };
 
-/// Is there an endless repeat at or below `at`, inside of one already when `inside` is set?
-bool nestsEndless(const regex::Tree& tree, std::int32_t at, bool inside) {
-    const regex::Node& node = tree.nodes[static_cast<std::size_t>(at)];
-    const bool endless = node.kind == regex::NodeKind::Repeat && node.optional < 0;
-    if (endless && inside)
+/// Does something of this sort stand inside of another one, at or below `at`?
+template <class Predicate>
+bool nests(const regex::Tree& tree, Predicate countOf, std::int32_t at, int outside = 0) {
+    const regex::Node& node = tree.at(at);
+    const int inside = outside + countOf(node);
+    if (inside > 1)
         return true;
-    return std::any_of(node.children.begin(), node.children.end(), [&](std::int32_t child) {
-        return nestsEndless(tree, child, inside || endless);
-    });
+    return std::any_of(node.children.begin(), node.children.end(),
+                       [&](std::int32_t child) { return nests(tree, countOf, child, inside); });
+}
+
+int endlessRepeats(const regex::Node& node) {
+    return static_cast<int>(
+        std::count_if(node.quantifiers.begin(), node.quantifiers.end(),
+                      [](const regex::Quantifier& it) { return it.optional < 0; }));
+}
+
+int lookAheads(const regex::Node& node) {
+    return node.kind == regex::NodeKind::LookAhead ||
+                   node.kind == regex::NodeKind::NegativeLookAhead
+               ? 1
+               : 0;
 }
 
 bool letterEscape(std::wstring_view text) {
@@ -122,7 +135,8 @@ ExpressionTraits traitsOf(std::wstring_view expression) {
         return traits;
     const regex::Tree tree = regex::readTree(std::wstring(expression));
     traits.hasBackReference = tree.hasBackReference;
-    traits.nestsEndlessRepeats = nestsEndless(tree, tree.root, false);
+    traits.nestsEndlessRepeats = nests(tree, endlessRepeats, tree.root);
+    traits.nestsLookAheads = nests(tree, lookAheads, tree.root);
     traits.hasLetterEscape = letterEscape(expression);
     return traits;
 }

@@ -22,6 +22,8 @@ struct ExpressionTraits {
     bool hasBackReference = false;
     /// A repeat without end inside another one, which makes matching slow for most engines.
     bool nestsEndlessRepeats = false;
+    /// A look-ahead inside another one, which takes many times the work.
+    bool nestsLookAheads = false;
     /// A class or boundary by letter, such as \d, which changes its meaning in capitals.
     bool hasLetterEscape = false;
 };

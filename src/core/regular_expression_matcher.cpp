@@ -1,123 +1,19 @@
-// The two ways to run a program over a text. Without back-references all threads advance together,
-// one character at a time (no recursion but into a look-ahead, no exponential time). With them the
-// program is tried path by path in the order of the standard library, whose treatment of groups is
-// followed closely: they keep their text when a loop enters them again, a group without a text
-// fails, and a loop may pass twice without moving on.
+#include "core/regular_expression_matcher.h"
 
-#include "core/regular_expression_program.h"
-
-#include <algorithm>
+#include <vector>
 
 namespace partwright::regex {
 
 namespace {
 
-/// Enough for a text of a million characters under an ordinary expression: about half a second.
-constexpr std::int64_t simulationLimit = 100'000'000;
-constexpr std::int64_t backtrackingLimit = 5'000'000;
+/// What the notes about one run may take: 100 MB for the way back, 8 MB for choices and answers.
+constexpr std::size_t maximumTrail = 4'000'000;
+constexpr std::size_t maximumNotes = std::size_t{1} << 26;
 
-/// Conditions at a place between two characters. What a look-ahead looks at begins where it stands,
-/// so `begin` differs from the text's begin there.
-bool holds(Operation operation, std::wstring_view text, std::size_t begin, std::size_t at) {
-    if (operation == Operation::LineBegin)
-        return at == begin;
-    if (operation == Operation::LineEnd)
-        return at == text.size();
-    const bool left = at > begin && isWordCharacter(text[at - 1]);
-    const bool right = at < text.size() && isWordCharacter(text[at]);
-    return (left != right) == (operation == Operation::WordBoundary);
+bool isWordCharacter(wchar_t c) {
+    return (c >= L'0' && c <= L'9') || (c >= L'A' && c <= L'Z') || (c >= L'a' && c <= L'z') ||
+           c == L'_';
 }
-
-class Simulation {
-public:
-    Simulation(const Program& program, std::wstring_view text, std::int64_t& budget)
-        : program_(program), text_(text), budget_(budget), seen_(program.code.size(), 0) {}
-
-    /// `whole`: up to the end of the text, otherwise any length will do.
-    bool run(std::uint32_t start, std::size_t begin, bool whole) {
-        // Clearing the table of this run is work as well.
-        budget_ -= static_cast<std::int64_t>(seen_.size());
-        begin_ = begin;
-        std::vector<std::uint32_t> now;
-        std::vector<std::uint32_t> next;
-        bool accepted = false;
-        follow(start, begin, now, accepted);
-        for (std::size_t at = begin;; ++at) {
-            if (accepted && (!whole || at == text_.size()))
-                return true;
-            if (now.empty() || at == text_.size() || budget_ < 0)
-                return false;
-            accepted = false;
-            ++generation_;
-            next.clear();
-            for (const std::uint32_t place : now) {
-                --budget_;
-                if (program_.sets[program_.code[place].index].contains(text_[at]))
-                    follow(place + 1, at + 1, next, accepted);
-            }
-            now.swap(next);
-        }
-    }
-
-private:
-    void enter(std::uint32_t place) {
-        if (seen_[place] != generation_) {
-            seen_[place] = generation_;
-            open_.push_back(place);
-        }
-    }
-
-    /// Puts all places that wait for a character and can be reached from `place` into `waiting`.
-    void follow(std::uint32_t place, std::size_t at, std::vector<std::uint32_t>& waiting,
-                bool& accepted) {
-        enter(place);
-        while (!open_.empty()) {
-            --budget_;
-            const std::uint32_t here = open_.back();
-            open_.pop_back();
-            const Instruction& it = program_.code[here];
-            switch (it.operation) {
-            case Operation::Set:
-                waiting.push_back(here);
-                break;
-            case Operation::Accept:
-                accepted = true;
-                break;
-            case Operation::Jump:
-                enter(it.x);
-                break;
-            case Operation::Split:
-            case Operation::Repeat:
-                enter(it.x);
-                enter(it.y);
-                break;
-            case Operation::LookAhead:
-            case Operation::NegativeLookAhead: {
-                Simulation inner(program_, text_, budget_);
-                if (inner.run(here + 1, at, false) == (it.operation == Operation::LookAhead))
-                    enter(it.y);
-                break;
-            }
-            case Operation::GroupBegin:
-            case Operation::GroupEnd:
-            case Operation::BackReference:
-                enter(here + 1);
-                break;
-            default:
-                if (holds(it.operation, text_, begin_, at))
-                    enter(here + 1);
-            }
-        }
-    }
-
-    const Program& program_;
-    std::wstring_view text_;
-    std::int64_t& budget_;
-    std::size_t begin_ = 0;
-    std::vector<std::size_t> seen_;
-    std::size_t generation_ = 1;
-    std::vector<std::uint32_t> open_;
-};
 
 struct Capture {
     std::size_t first = 0;
@@ -125,137 +21,192 @@ struct Capture {
     bool matched = false;
 };
 
-class Backtracking {
-public:
-    Backtracking(const Program& program, std::wstring_view text, std::int64_t& budget,
-                 std::vector<Capture>& captures)
-        : program_(program), text_(text), budget_(budget), captures_(captures),
-          passes_(program.code.size()) {}
+/// What all runs over one text share.
+struct Search {
+    const Program& program;
+    std::wstring_view text;
+    std::int64_t& budget;
 
-    /// On success the captures are those of the path found; otherwise they are as before, but for
-    /// what look-aheads found on the way.
-    bool run(std::uint32_t start, std::size_t begin, bool whole) {
-        begin_ = begin;
-        place_ = start;
-        at_ = begin;
+    enum class Answer : std::uint8_t { Unknown, No, Yes };
+    /// By look-ahead and character, when there are no captures that an answer could depend on.
+    std::vector<Answer> answers;
+
+    Answer* answer(std::uint32_t lookAhead, std::size_t at) {
+        const std::size_t columns = text.size() + 1;
+        const std::size_t size = program.lookAheads * columns;
+        if (program.hasBackReference || size > maximumNotes / 8)
+            return nullptr;
+        if (answers.empty()) {
+            budget -= static_cast<std::int64_t>(size / 64);
+            answers.resize(size, Answer::Unknown);
+        }
+        return &answers[lookAhead * columns + at];
+    }
+};
+
+/// From one instruction and one character on: the whole expression, or the inside of a look-ahead,
+/// for which the text begins where it looks.
+class Run {
+public:
+    Run(Search& search, std::size_t begin, std::vector<Capture>& captures)
+        : search_(search), program_(search.program), text_(search.text), captures_(captures),
+          begin_(begin), at_(begin) {
+        const std::size_t notes = program_.choices * (text_.size() - begin + 1);
+        if (program_.hasBackReference) {
+            passes_.resize(program_.choices);
+        } else if (notes <= maximumNotes) {
+            search_.budget -= static_cast<std::int64_t>(notes / 64);
+            tried_.resize(notes);
+        }
+    }
+
+    /// `whole`: up to the end of the text, otherwise any length will do. On success the captures
+    /// are those of the path found; otherwise they are as before, but for what look-aheads found on
+    /// the way.
+    bool from(std::uint32_t start, bool whole) {
+        here_ = start;
         for (;;) {
-            if (--budget_ < 0)
+            if (--search_.budget < 0)
                 return false;
-            const Operation operation = program_.code[place_].operation;
-            if (operation == Operation::Accept && (!whole || at_ == text_.size()))
+            const Instruction& it = program_.code[here_];
+            if (it.operation == Operation::Accept && (!whole || at_ == text_.size()))
                 return true;
-            if (!step(program_.code[place_]) && !goBack())
+            if (trail_.size() > maximumTrail)
+                search_.budget = -1;
+            else if (!step(it) && !goBack())
                 return false;
         }
     }
 
 private:
-    enum class Undo { Choice, OnceMore, Capture, Passes };
+    enum class Undo : std::uint8_t { Choice, OnceMore, Matched, Unmatched, Passes };
+    /// The two numbers are those of what is restored.
     struct Entry {
         Undo undo = Undo::Choice;
         std::uint32_t index = 0;
-        std::size_t at = 0;
-        Capture capture;
-        /// How often a loop was entered at one place of the text.
-        int count = 0;
+        std::size_t first = 0;
+        std::size_t second = 0;
     };
+    /// How often a loop was entered at one character.
     struct Passes {
         std::size_t at = 0;
-        int count = 0;
+        std::size_t count = 0;
     };
 
-    void remember(Undo undo, std::uint32_t index, std::size_t at) {
-        Entry entry;
-        entry.undo = undo;
-        entry.index = index;
-        entry.at = at;
-        trail_.push_back(entry);
+    void remember(Undo undo, std::uint32_t index, std::size_t first, std::size_t second = 0) {
+        trail_.push_back({undo, index, first, second});
     }
-    void rememberCapture(std::uint32_t group) {
-        remember(Undo::Capture, group, 0);
-        trail_.back().capture = captures_[group];
+    Capture& rememberCapture(std::uint32_t group) {
+        Capture& it = captures_[group];
+        remember(it.matched ? Undo::Matched : Undo::Unmatched, group, it.first, it.last);
+        return it;
     }
 
     /// False when this path ends here.
     bool step(const Instruction& it) {
         switch (it.operation) {
         case Operation::Set:
-            if (at_ == text_.size() || !program_.sets[it.index].contains(text_[at_]))
-                return false;
-            ++at_;
-            ++place_;
-            return true;
+            return at_ < text_.size() && program_.sets[it.index].contains(text_[at_++]) && next();
         case Operation::Accept:
             return false;
         case Operation::Jump:
-            place_ = it.x;
+            here_ = it.x;
             return true;
         case Operation::Split:
-            remember(Undo::Choice, it.y, at_);
-            place_ = it.x;
-            return true;
+            return choose(it, it.x, it.y);
         case Operation::Repeat:
-            return repeat(it);
+            return program_.hasBackReference ? repeat(it)
+                   : it.lazy                 ? choose(it, it.y, it.x)
+                                             : choose(it, it.x, it.y);
         case Operation::GroupBegin:
-            rememberCapture(it.index);
-            captures_[it.index].first = at_;
-            ++place_;
-            return true;
-        case Operation::GroupEnd:
-            rememberCapture(it.index);
-            captures_[it.index].last = at_;
-            captures_[it.index].matched = true;
-            ++place_;
-            return true;
+            rememberCapture(it.index).first = at_;
+            return next();
+        case Operation::GroupEnd: {
+            Capture& capture = rememberCapture(it.index);
+            capture.last = at_;
+            capture.matched = true;
+            return next();
+        }
         case Operation::LookAhead:
         case Operation::NegativeLookAhead:
-            if (lookAhead() != (it.operation == Operation::LookAhead))
+            if (lookAhead(it) != (it.operation == Operation::LookAhead))
                 return false;
-            place_ = it.y;
+            here_ = it.y;
             return true;
         case Operation::BackReference:
-            return backReference(captures_[it.index]);
-        default:
-            if (!holds(it.operation, text_, begin_, at_))
-                return false;
-            ++place_;
-            return true;
+            return backReference(captures_[it.index]) && next();
+        case Operation::LineBegin:
+            return at_ == begin_ && next();
+        case Operation::LineEnd:
+            return at_ == text_.size() && next();
+        case Operation::WordBoundary:
+            return atWordBoundary() && next();
+        case Operation::NoWordBoundary:
+            return !atWordBoundary() && next();
         }
+        return false;
+    }
+
+    bool next() {
+        ++here_;
+        return true;
+    }
+
+    bool choose(const Instruction& it, std::uint32_t first, std::uint32_t second) {
+        if (!tried_.empty()) {
+            const std::size_t note = (at_ - begin_) * program_.choices + it.index;
+            if (tried_[note])
+                return false;
+            tried_[note] = true;
+        }
+        remember(Undo::Choice, second, at_);
+        here_ = first;
+        return true;
     }
 
     bool repeat(const Instruction& it) {
-        const std::uint32_t loop = place_;
+        const std::uint32_t loop = here_;
         if (it.lazy) {
             remember(Undo::OnceMore, loop, at_);
-            place_ = it.y;
+            here_ = it.y;
             return true;
         }
         remember(Undo::Choice, it.y, at_);
         return onceMore(loop);
     }
 
-    /// A loop that was entered twice at this place of the text is not entered again.
+    /// A loop that was entered twice at this character is not entered again.
     bool onceMore(std::uint32_t loop) {
-        Passes& passes = passes_[loop];
+        const Instruction& it = program_.code[loop];
+        Passes& passes = passes_[it.index];
         const bool fresh = passes.count == 0 || passes.at != at_;
         if (!fresh && passes.count >= 2)
             return false;
-        remember(Undo::Passes, loop, passes.at);
-        trail_.back().count = passes.count;
+        remember(Undo::Passes, it.index, passes.at, passes.count);
         passes = {at_, fresh ? 1 : passes.count + 1};
-        place_ = program_.code[loop].x;
+        here_ = it.x;
         return true;
     }
 
-    bool lookAhead() {
+    [[nodiscard]] bool atWordBoundary() const {
+        const bool left = at_ > begin_ && isWordCharacter(text_[at_ - 1]);
+        const bool right = at_ < text_.size() && isWordCharacter(text_[at_]);
+        return left != right;
+    }
+
+    bool lookAhead(const Instruction& it) {
+        Search::Answer* known = search_.answer(it.index, at_);
+        if (known != nullptr && *known != Search::Answer::Unknown)
+            return *known == Search::Answer::Yes;
         std::vector<Capture> found = captures_;
-        Backtracking inner(program_, text_, budget_, found);
-        if (!inner.run(place_ + 1, at_, false))
-            return false;
-        for (std::size_t i = 0; i < found.size(); ++i)
-            if (found[i].matched)
-                captures_[i] = found[i];
-        return true;
+        const bool success = Run(search_, at_, found).from(here_ + 1, false);
+        if (known != nullptr)
+            *known = success ? Search::Answer::Yes : Search::Answer::No;
+        if (success)
+            for (std::size_t i = 0; i < found.size(); ++i)
+                if (found[i].matched)
+                    captures_[i] = found[i];
+        return success;
     }
 
     bool backReference(const Capture& group) {
@@ -265,9 +216,8 @@ private:
         if (length > text_.size() - at_ ||
             text_.substr(group.first, length) != text_.substr(at_, length))
             return false;
-        budget_ -= static_cast<std::int64_t>(length);
+        search_.budget -= static_cast<std::int64_t>(length);
         at_ += length;
-        ++place_;
         return true;
     }
 
@@ -277,18 +227,19 @@ private:
             const Entry entry = trail_.back();
             trail_.pop_back();
             switch (entry.undo) {
-            case Undo::Capture:
-                captures_[entry.index] = entry.capture;
+            case Undo::Matched:
+            case Undo::Unmatched:
+                captures_[entry.index] = {entry.first, entry.second, entry.undo == Undo::Matched};
                 break;
             case Undo::Passes:
-                passes_[entry.index] = {entry.at, entry.count};
+                passes_[entry.index] = {entry.first, entry.second};
                 break;
             case Undo::Choice:
-                place_ = entry.index;
-                at_ = entry.at;
+                here_ = entry.index;
+                at_ = entry.first;
                 return true;
             case Undo::OnceMore:
-                at_ = entry.at;
+                at_ = entry.first;
                 if (onceMore(entry.index))
                     return true;
                 break;
@@ -297,29 +248,26 @@ private:
         return false;
     }
 
+    Search& search_;
     const Program& program_;
     std::wstring_view text_;
-    std::int64_t& budget_;
     std::vector<Capture>& captures_;
-    std::vector<Passes> passes_;
+    std::size_t begin_;
+    std::size_t at_;
+    std::uint32_t here_ = 0;
     std::vector<Entry> trail_;
-    std::uint32_t place_ = 0;
-    std::size_t at_ = 0;
-    std::size_t begin_ = 0;
+    /// With back-references: by loop.
+    std::vector<Passes> passes_;
+    /// Without: choices that were met, by character.
+    std::vector<bool> tried_;
 };
 
 } // namespace
 
-bool fullMatch(const Program& program, std::wstring_view text) {
-    if (program.code.empty())
-        return false;
-    if (!program.hasBackReference) {
-        std::int64_t budget = simulationLimit;
-        return Simulation(program, text, budget).run(0, 0, true) && budget >= 0;
-    }
-    std::int64_t budget = backtrackingLimit;
+bool fullMatch(const Program& program, std::wstring_view text, std::int64_t& budget) {
+    Search search{program, text, budget, {}};
     std::vector<Capture> captures(program.groups + 1);
-    return Backtracking(program, text, budget, captures).run(0, 0, true) && budget >= 0;
+    return Run(search, 0, captures).from(0, true) && budget >= 0;
 }
 
 } // namespace partwright::regex

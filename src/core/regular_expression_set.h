@@ -1,9 +1,8 @@
 #pragma once
 
 // Many regular expressions, prepared together and asked together: which of them match the whole of
-// a text? One pass over the text answers for all that are plain regular (an automaton over all of
-// them, built as texts need it); those with look-ahead, back-references or word boundaries go
-// through the matcher of regular_expression.h one by one.
+// a text? RE2 answers for all that it has words for in one pass over the text; the others, and very
+// large ones, are asked one by one as in regular_expression.h.
 //
 //   const RegularExpressionSet set({L".*RES.*", L"(", L".*CHIP.*"});
 //   set.matches(L"CHIP RES 4K7")  ->  {0, 2};   set.valid(1)  ->  false
@@ -12,7 +11,6 @@
 
 #include <cstddef>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,14 +29,12 @@ public:
     /// An invalid expression keeps its index and matches nothing.
     [[nodiscard]] bool valid(std::size_t index) const;
 
-    /// Ascending indices of all that match.
-    [[nodiscard]] std::vector<std::size_t> matches(std::wstring_view text) const;
-    /// The same into a vector that keeps its memory from text to text.
-    void matches(std::wstring_view text, std::vector<std::size_t>& indices) const;
+    /// Ascending indices of all that match; they stand there until the next text is asked about.
+    [[nodiscard]] const std::vector<std::size_t>& matches(std::wstring_view text) const;
 
 private:
     struct Prepared;
-    std::shared_ptr<const Prepared> prepared_;
+    std::shared_ptr<Prepared> prepared_;
 };
 
 } // namespace partwright

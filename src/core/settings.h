@@ -12,8 +12,6 @@
 // included. The machine's file serves when the user has none with that section. A read creates
 // nothing.
 
-#include "core/application.h"
-
 #include <cstdint>
 #include <string>
 #include <string_view>

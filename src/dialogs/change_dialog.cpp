@@ -68,7 +68,7 @@ CComChange1::CComChange1(TableSession& session, const DialogServices& services,
         line_->setToolTip(line);
     });
     connect(grid_, &CComponentGrid::datasheetOpened, this, [this](const QString& file) {
-        OpenDatasheet(services_.app, engineText(file), services_.prompt, services_.opener);
+        OpenDatasheet(services_.app.paths, engineText(file), services_.prompt, services_.opener);
     });
     const auto& columns = session_.setup().columns;
     for (std::size_t at = 1; at < columns.size(); ++at)
@@ -189,7 +189,8 @@ void CComChange1::fitToScreen() {
 void CComChange1::accept() {
     if (!grid_->commitEdit())
         return;
-    const TableOutcome outcome = session_.ok(grid_->rowOrder(), services_.app.datasheetLinks);
+    const TableOutcome outcome =
+        session_.ok(grid_->rowOrder(), services_.app.libraries.datasheetLinks);
     grid_->show(outcome);
     if (outcome.accepted)
         QDialog::accept();

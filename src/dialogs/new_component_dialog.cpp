@@ -34,7 +34,7 @@ CNewComp1::CNewComp1(NewComponentTable& table, const DialogServices& services,
     grid_->setAccessibleName(tr("Components without a group"));
     grid_->setPrintTitle(windowTitle());
     connect(grid_, &CNewComponentGrid::datasheetOpened, this, [this](const QString& file) {
-        OpenDatasheet(services_.app, engineText(file), services_.prompt, services_.opener);
+        OpenDatasheet(services_.app.paths, engineText(file), services_.prompt, services_.opener);
     });
     column->addWidget(grid_, 1);
     column->addLayout(makeButtons());

@@ -36,7 +36,7 @@ ComponentTableSession<Record>::ComponentTableSession(const CPartwrightPlugInApp&
     openedParts_ = records_.size();
     table_.reserve(records_.size());
     for (const auto& [key, record] : records_)
-        table_.load(rowOfRecord(setup(), key, record, app.datasheetLinks));
+        table_.load(rowOfRecord(setup(), key, record, app.libraries.datasheetLinks));
 }
 
 template <class Record>
@@ -46,7 +46,7 @@ bool ComponentTableSession<Record>::isOpened(std::wstring_view part) const {
 
 template <class Record>
 FamilyGroups ComponentTableSession<Record>::familyGroups() const {
-    return partwright::familyGroups<Record>(app_);
+    return partwright::familyGroups(app_.of<Record>());
 }
 
 template <class Record>
@@ -145,7 +145,7 @@ void ComponentTableSession<Record>::storeDeparted(const DepartedPart& part) {
         record.completedForAsr = record.completedForRapid = 0;
     record.group = part.group;
     record.family = part.family;
-    record.type = defaultTypeOf<Record>(app_, part.group);
+    record.type = defaultTypeOf(app_.of<Record>(), part.group);
     for (std::wstring& value : record.LPar)
         value.clear();
     if (setup().group == setup().kind->processGroup && part.wasHere)

@@ -5,7 +5,7 @@
 //
 //   ComponentTableSession<SdtaComponent> session(app, group, level, records, rules, place, prompt);
 //   ...verbs...
-//   TableOutcome outcome = session.ok(order, app.datasheetLinks);
+//   TableOutcome outcome = session.ok(order, app.libraries.datasheetLinks);
 //   if (outcome.accepted)
 //       page takes session.takeRecords(): what it handed over and is missing now was deleted
 //

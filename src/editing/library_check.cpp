@@ -31,63 +31,57 @@ public:
     void checkRow(std::size_t row) {
         // Without a group there is no table to open, and no column to look at.
         if (setup().groupName == notDefinedName) {
-            add(row, 0, completenessRule, message::groupNotChosen);
+            report(row, completenessRule, refusal(message::groupNotChosen));
             return;
         }
         for (std::size_t column = typeColumn; column <= setup().lastParameter; ++column)
             if (!setup().columns[column].hidden)
                 checkValue({row, column});
-        for (const StepStop& found : checks_->everyStep(table_, row))
-            checkStep(row, found);
+        for (Finding& found : checks_->everyStep(table_, row))
+            report(row, found.rule, std::move(found));
         checkCompleteness(row);
     }
 
 private:
     [[nodiscard]] const TableSetup& setup() const { return table_.setup(); }
 
-    void add(std::size_t row, std::size_t column, std::wstring_view rule, std::wstring_view text) {
+    LibraryFinding& report(std::size_t row, std::wstring_view rule, Finding found) {
         LibraryFinding finding;
         finding.library = library_;
         finding.part = table_.row(row).part();
         finding.group = setup().groupName;
         finding.type = table_.type(row);
-        if (column != 0) {
-            finding.parameter = setup().columns[column].header;
-            finding.value = table_.text(row, column);
-        }
-        finding.rule = rule;
-        finding.text = text;
+        found.rule = rule;
+        if (found.leadsToCell())
+            name(finding, {row, typeColumn + found.position});
+        finding.finding = std::move(found);
         findings_.push_back(std::move(finding));
+        return findings_.back();
+    }
+
+    void name(LibraryFinding& finding, CellAt at) const {
+        finding.parameter = setup().columns[at.column].header;
+        finding.value = table_.text(at.row, at.column);
     }
 
     void checkValue(CellAt at) {
-        const CellFinding found = CheckCellQuiet(
+        auto found = CheckCellQuiet(
             cellQuestion(table_, *checks_, at, table_.text(at.row, at.column), false), rules_.rules,
             setup().decimalMark);
-        // A failure without a line is an empty cell.
-        if (found.passed || !found.line)
+        // A finding without a line is an empty cell.
+        if (!found || !found->line)
             return;
-        if (!found.line->empty())
-            add(at.row, at.column, valueRule, *found.line);
-        if (!found.faultBox.empty())
-            add(at.row, at.column, valueRule, found.faultBox);
-        if (found.line->empty() && found.faultBox.empty())
-            add(at.row, at.column, valueRule, message::valueTypeOrRangeError);
-    }
-
-    void checkStep(std::size_t row, const StepStop& found) {
-        const TableStop& stop = found.stop;
-        if (stop.line)
-            add(row, stop.column, found.step, *stop.line);
-        else if (!stop.boxes.empty())
-            add(row, stop.column, found.step, stop.boxes.front().text);
+        if (found->summary().empty())
+            found->line = message::valueTypeOrRangeError;
+        found->position = at.column - typeColumn;
+        name(report(at.row, valueRule, std::move(*found)), at);
     }
 
     void checkCompleteness(std::size_t row) {
         if (table_.isComplete(row))
             return;
-        add(row, 0, completenessRule, message::columnsNotFilledIn);
-        std::wstring& empty = findings_.back().parameter;
+        std::wstring& empty =
+            report(row, completenessRule, refusal(message::columnsNotFilledIn)).parameter;
         for (std::size_t column = typeColumn; column <= setup().lastParameter; ++column) {
             if (setup().columns[column].hidden || !table_.text(row, column).empty())
                 continue;
@@ -117,7 +111,8 @@ std::vector<LibraryFinding> checkLibrary(const CPartwrightPlugInApp& app,
     std::vector<LibraryFinding> findings;
     for (const auto& [group, entries] : groups) {
         // Below 0 a record was given up; codes that are not in use are shown nowhere.
-        if (group < 0 || namesOf<Record>(app, group, 0).first.find(notApplicableGroup) != notFound)
+        if (group < 0 ||
+            app.of<Record>().GroupAndTypeNames(group, 0).first.find(notApplicableGroup) != notFound)
             continue;
         GroupCheck check(Kind<Record>::name, makeTableSetup<Record>(app, group, level), rules,
                          findings);

@@ -12,8 +12,10 @@
 //
 // What the file had and the library has not is a finding as well (loadFindings).
 
+#include "core/application.h"
 #include "core/library_kind.h"
 #include "editing/analysis_level.h"
+#include "validation/finding.h"
 #include "validation/validation_tables.h"
 
 #include <string>
@@ -22,6 +24,7 @@
 
 namespace partwright {
 
+/// A finding with the names of what it is about.
 struct LibraryFinding {
     /// "SDTA" or "Analyses".
     std::wstring_view library;
@@ -32,9 +35,7 @@ struct LibraryFinding {
     /// Of an unfilled row, the headers of its empty cells.
     std::wstring parameter;
     std::wstring value;
-    /// Which check found it.
-    std::wstring_view rule;
-    std::wstring text;
+    Finding finding;
 };
 
 /// The level hides columns of the Analyses library, which then are not looked at.

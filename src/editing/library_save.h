@@ -23,14 +23,15 @@ enum class SaveOutcome {
 
 /// Sorts the records by group and writes them. With `announce` a success is told.
 template <class Record>
-SaveOutcome saveLibraryFile(CPartwrightPlugInApp& app,
+SaveOutcome saveLibraryFile(const CPartwrightPlugInApp& app,
                             const typename Kind<Record>::Library& records, std::wstring_view path,
                             bool announce, Prompt& prompt);
 
-extern template SaveOutcome saveLibraryFile<SdtaComponent>(CPartwrightPlugInApp&,
+extern template SaveOutcome saveLibraryFile<SdtaComponent>(const CPartwrightPlugInApp&,
                                                            const SdtaLibrary&, std::wstring_view,
                                                            bool, Prompt&);
-extern template SaveOutcome saveLibraryFile<AsrComponent>(CPartwrightPlugInApp&, const AsrLibrary&,
-                                                          std::wstring_view, bool, Prompt&);
+extern template SaveOutcome saveLibraryFile<AsrComponent>(const CPartwrightPlugInApp&,
+                                                          const AsrLibrary&, std::wstring_view,
+                                                          bool, Prompt&);
 
 } // namespace partwright

@@ -123,7 +123,7 @@ bool MainSession::saveLinks() {
     case SaveStatus::Unencodable:
         break;
     }
-    return app_.datasheetLinks.empty();
+    return app_.libraries.datasheetLinks.empty();
 }
 
 } // namespace partwright

@@ -65,12 +65,12 @@ std::size_t displayPlace(std::wstring_view key) {
 
 /// What the table of parts without a group offers beyond, or short of, all groups.
 template <class Record>
-FamilyGroups assignableGroups(const CPartwrightPlugInApp& app) {
-    FamilyGroups groups = familyGroups<Record>(app);
+FamilyGroups assignableGroups(const Definitions<Record>& definitions) {
+    FamilyGroups groups = familyGroups(definitions);
     if constexpr (std::is_same_v<Record, AsrComponent>) {
         groups.erase(std::wstring(hybridOrBoard));
     } else {
-        const std::wstring_view name = namesOf<Record>(app, anyFamilyGroup, 0).first;
+        const std::wstring_view name = definitions.GroupAndTypeNames(anyFamilyGroup, 0).first;
         if (name != notDefinedName)
             for (auto& [family, list] : groups)
                 if (family != miscellaneous)
@@ -91,29 +91,29 @@ std::int32_t familyNumberOf(std::wstring_view key) {
 }
 
 template <class Record>
-FamilyGroups familyGroups(const CPartwrightPlugInApp& app) {
+FamilyGroups familyGroups(const Definitions<Record>& definitions) {
     FamilyGroups result;
     const auto add = [&](std::wstring_view family, std::int32_t code, std::wstring_view name) {
         if (code > 0 && name != reservedGroup && name != notApplicableGroup)
             result[std::wstring(family)].push_back({code, std::wstring(name)});
     };
     if constexpr (std::is_same_v<Record, AsrComponent>) {
-        for (const auto& [family, groups] : app.asrFamilyGroups)
+        for (const auto& [family, groups] : definitions.familyGroups)
             // The library has no rows of boards: a part put there would be lost.
             if (family != board)
                 for (const FamilyGroup& group : groups)
                     add(family, group.code, group.name);
     } else {
-        for (std::size_t i = 1; i < app.sdtaGroupNames.size(); ++i) {
+        for (std::size_t i = 1; i < definitions.groupNames.size(); ++i) {
             const auto code = static_cast<std::int32_t>(i);
-            add(FamilyOfSdtaGroup(code), code, app.sdtaGroupNames[i]);
+            add(FamilyOfSdtaGroup(code), code, definitions.groupNames[i]);
         }
     }
     return result;
 }
 
-template FamilyGroups familyGroups<SdtaComponent>(const CPartwrightPlugInApp&);
-template FamilyGroups familyGroups<AsrComponent>(const CPartwrightPlugInApp&);
+template FamilyGroups familyGroups(const Definitions<SdtaComponent>&);
+template FamilyGroups familyGroups(const Definitions<AsrComponent>&);
 
 GroupChoiceSession::GroupChoiceSession(GroupChoiceMode mode, FamilyGroups groups,
                                        std::int32_t group,
@@ -254,8 +254,8 @@ std::vector<std::size_t> NewComponentTable::deleteRows(std::vector<std::size_t> 
 template <class Record>
 NewComponentSession<Record>::NewComponentSession(const CPartwrightPlugInApp& app, Library records,
                                                  PartSelection projectParts, Prompt& prompt)
-    : NewComponentTable(assignableGroups<Record>(app), std::move(projectParts), prompt), app_(app),
-      records_(std::move(records)) {
+    : NewComponentTable(assignableGroups(app.of<Record>()), std::move(projectParts), prompt),
+      app_(app), records_(std::move(records)) {
     for (const auto& [key, record] : records_) {
         NewComponentRow row;
         row.part = key;
@@ -269,7 +269,8 @@ NewComponentSession<Record>::NewComponentSession(const CPartwrightPlugInApp& app
         else if (record.family > 0 &&
                  static_cast<std::size_t>(record.family) < familyNames().size())
             row.family = familyNames()[static_cast<std::size_t>(record.family)];
-        if (const auto link = app.datasheetLinks.find(key); link != app.datasheetLinks.end())
+        if (const auto link = app.libraries.datasheetLinks.find(key);
+            link != app.libraries.datasheetLinks.end())
             row.datasheet = link->second;
         rows_.push_back(std::move(row));
     }
@@ -290,7 +291,7 @@ typename NewComponentSession<Record>::Library NewComponentSession<Record>::takeR
             target.completedForAsr = target.completedForRapid = 0;
         target.group = group;
         target.family = familyNumberOf(row.family);
-        target.type = defaultTypeOf<Record>(app_, group);
+        target.type = defaultTypeOf(app_.of<Record>(), group);
         for (std::wstring& value : target.LPar)
             value.clear();
     }

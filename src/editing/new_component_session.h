@@ -29,9 +29,9 @@ namespace partwright {
 
 /// Every family that has groups which a part can be put into.
 template <class Record>
-[[nodiscard]] FamilyGroups familyGroups(const CPartwrightPlugInApp& app);
-extern template FamilyGroups familyGroups<SdtaComponent>(const CPartwrightPlugInApp&);
-extern template FamilyGroups familyGroups<AsrComponent>(const CPartwrightPlugInApp&);
+[[nodiscard]] FamilyGroups familyGroups(const Definitions<Record>& definitions);
+extern template FamilyGroups familyGroups(const Definitions<SdtaComponent>&);
+extern template FamilyGroups familyGroups(const Definitions<AsrComponent>&);
 
 enum class GroupChoiceMode { ChangeGroup, Add, Copy };
 

@@ -20,20 +20,20 @@ std::wstring pathOfLink(std::wstring_view folder, std::wstring_view fileName) {
 
 } // namespace
 
-void OpenDatasheet(const CPartwrightPlugInApp& app, std::wstring_view fileName, Prompt& prompt,
+void OpenDatasheet(const ProjectPaths& paths, std::wstring_view fileName, Prompt& prompt,
                    Opener& opener) {
     if (fileName.empty())
         return;
     std::error_code none;
-    if (app.datasheetFolder.empty()) {
+    if (paths.datasheetFolder.empty()) {
         prompt.tell(message::datasheetFolderNotDefined, PromptIcon::Warning);
         return;
     }
-    if (!std::filesystem::is_directory(nativePath(app.datasheetFolder), none)) {
-        prompt.tell(message::datasheetFolderMissing(app.datasheetFolder), PromptIcon::Warning);
+    if (!std::filesystem::is_directory(nativePath(paths.datasheetFolder), none)) {
+        prompt.tell(message::datasheetFolderMissing(paths.datasheetFolder), PromptIcon::Warning);
         return;
     }
-    const std::wstring path = pathOfLink(app.datasheetFolder, fileName);
+    const std::wstring path = pathOfLink(paths.datasheetFolder, fileName);
     if (!std::filesystem::is_regular_file(nativePath(path), none))
         prompt.tell(message::fileMissing(path), PromptIcon::Warning);
     else if (!opener.open(path))

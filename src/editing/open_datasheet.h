@@ -4,16 +4,16 @@
 // data sheets; it may separate its folders by "\" or by "/", since the link table travels between
 // systems.
 
-#include "core/application.h"
 #include "core/ports/opener.h"
 #include "core/ports/prompt.h"
+#include "core/project_paths.h"
 
 #include <string_view>
 
 namespace partwright {
 
 /// An empty name does nothing; a folder or a file that is not there is told in a box.
-void OpenDatasheet(const CPartwrightPlugInApp& app, std::wstring_view fileName, Prompt& prompt,
+void OpenDatasheet(const ProjectPaths& paths, std::wstring_view fileName, Prompt& prompt,
                    Opener& opener);
 
 } // namespace partwright

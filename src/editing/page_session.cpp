@@ -2,6 +2,7 @@
 
 #include "autofill/defaults.h"
 #include "core/cell_text.h"
+#include "core/completion.h"
 #include "core/text.h"
 #include "editing/component_table_session.h"
 #include "editing/library_save.h"
@@ -24,10 +25,10 @@ std::wstring cut(std::wstring text) {
 }
 
 /// The first value of the placements of a part, in key order, that is not empty.
-std::wstring projectText(const CPartwrightPlugInApp& app, std::wstring_view designators,
+std::wstring projectText(const PartList& list, std::wstring_view designators,
                          std::wstring_view column) {
     for (const std::wstring_view designator : split(designators, L',')) {
-        std::wstring value = app.ProjectValue(designator, column);
+        std::wstring value = list.ProjectValue(designator, column);
         if (!value.empty())
             return cut(std::move(value));
     }
@@ -102,7 +103,7 @@ LibraryPageSession<Record>::workingLibrary() const {
 
 template <class Record>
 const std::wstring& LibraryPageSession<Record>::libraryPath() const {
-    return isDesign_ ? Kind<Record>::designPath(app_) : Kind<Record>::publicPath(app_);
+    return isDesign_ ? app_.paths.designPath<Record>() : app_.paths.publicPath<Record>();
 }
 
 template <class Record>
@@ -205,18 +206,17 @@ void LibraryPageSession<Record>::storeNewComponents(NewComponentTable& table) {
 
 template <class Record>
 SaveOutcome LibraryPageSession<Record>::save(bool announce) {
-    Library& master =
-        isDesign_ ? Kind<Record>::designLibrary(app_) : Kind<Record>::publicLibrary(app_);
-    master = workingLibrary();
-    app_.forgetReadings();
+    MasterCopy<Record>& master =
+        isDesign_ ? app_.libraries.designLibrary<Record>() : app_.libraries.publicLibrary<Record>();
+    master.replace(workingLibrary());
     modified_ = true;
-    return saveLibraryFile<Record>(app_, master, libraryPath(), announce, prompt_);
+    return saveLibraryFile<Record>(app_, master.records(), libraryPath(), announce, prompt_);
 }
 
 template <class Record>
 void LibraryPageSession<Record>::takeMasters() {
-    designLibrary = inCapitals(Kind<Record>::designLibrary(app_));
-    publicLibrary = inCapitals(Kind<Record>::publicLibrary(app_));
+    designLibrary = inCapitals(app_.libraries.designLibrary<Record>().records());
+    publicLibrary = inCapitals(app_.libraries.publicLibrary<Record>().records());
 }
 
 template <class Record>
@@ -252,7 +252,7 @@ bool LibraryPageSession<Record>::isUsable(const Library& library, std::wstring_v
 template <class Record>
 std::vector<GroupCount> LibraryPageSession<Record>::countsByGroup() const {
     std::vector<GroupCount> counts;
-    const auto& names = Kind<Record>::groupNames(app_);
+    const auto& names = app_.of<Record>().groupNames;
     for (std::size_t i = 0; i < names.size(); ++i) {
         const auto group = static_cast<std::int32_t>(i);
         GroupCount& count = counts.emplace_back();
@@ -273,13 +273,13 @@ template class LibraryPageSession<AsrComponent>;
 
 void SdtaPageSession::start() {
     takeMasters();
-    selectedParts = partsOfProject(app_, true);
-    projectParts = projectRows_ = partsOfProject(app_, false);
+    selectedParts = partsOfProject(app_.partList, true);
+    projectParts = projectRows_ = partsOfProject(app_.partList, false);
     RebuildKeySets();
-    filter_ = app_.selectedCount > 0 ? PageFilter::SelectedOnly : PageFilter::AllProject;
+    filter_ = app_.partList.selectedCount > 0 ? PageFilter::SelectedOnly : PageFilter::AllProject;
     loadRules();
     // The classification is prepared for the groups as they are read now.
-    const LoadResult groups = LoadGroupNames(app_);
+    const LoadResult groups = LoadGroupNames(app_.paths, app_.classifier, app_.sdta);
     tellAll(engine_.load());
     tell(prompt_, groups);
     refresh();
@@ -287,9 +287,10 @@ void SdtaPageSession::start() {
 
 void SdtaPageSession::loadRules() {
     if (rules_.rules.empty())
-        tell(prompt_, LoadValidationRules(app_.sdtaValidationRulesPath, rules_.rules));
+        tell(prompt_, LoadValidationRules(app_.paths.sdtaValidationRulesPath, rules_.rules));
     if (rules_.thermal.empty())
-        tell(prompt_, LoadThermalValidationRules(app_.sdtaThermalValidationPath, rules_.thermal));
+        tell(prompt_,
+             LoadThermalValidationRules(app_.paths.sdtaThermalValidationPath, rules_.thermal));
 }
 
 std::vector<PageFilter> SdtaPageSession::filters() const {
@@ -323,12 +324,12 @@ void AsrPageSession::start() {
     loadAnalysesTables(app_, prompt_);
     loadAnalysesLibraries(app_, prompt_);
     takeMasters();
-    app_.rebuildSdtaGroups();
+    rebuildSdtaGroups(app_.classifier, app_.sdta);
     tellAll(engine_.load());
     reloadSdtaLibraries(app_, prompt_);
     filter_ = PageFilter::AllProject;
     level_ = app_.analysisLevel != 0 ? AnalysisLevel::Rapid : AnalysisLevel::SchematicReview;
-    projectParts = projectRows_ = partsOfProject(app_, false);
+    projectParts = projectRows_ = partsOfProject(app_.partList, false);
     RebuildKeySets();
     refresh();
 }
@@ -376,9 +377,9 @@ bool AsrPageSession::addMissingParts() {
             continue;
         AsrComponent record = newRecord(partNumber, designators);
         std::int32_t sdtaGroup = 0;
-        const auto master = app_.sdtaDesignLibrary.find(partNumber);
-        if (master != app_.sdtaDesignLibrary.end() && master->second.group > 0 &&
-            master->second.type >= 0) {
+        const auto master = app_.libraries.sdtaDesignLibrary.records().find(partNumber);
+        if (master != app_.libraries.sdtaDesignLibrary.records().end() &&
+            master->second.group > 0 && master->second.type >= 0) {
             record.CatNum = master->second.CatNum;
             record.Description = master->second.Description;
             sdtaGroup = master->second.group;
@@ -391,8 +392,8 @@ bool AsrPageSession::addMissingParts() {
         record.group = found.group;
         record.type = found.type;
         record.family = FamilyNumber(FamilyOfAsrGroup(record.group));
-        static_cast<void>(ApplyAsrDefaults(app_, record));
-        app_.UpdateCompletion(record);
+        static_cast<void>(ApplyAsrDefaults(app_.asr, record));
+        UpdateCompletion(app_.asr, record);
         designLibrary.insert_or_assign(record.PartNum, std::move(record));
         added = true;
     }

@@ -16,10 +16,19 @@ namespace {
 
 constexpr std::wstring_view settingsSection = L"Settings";
 
-void findProgramFolder(CPartwrightPlugInApp& app, const StartOptions& options) {
-    app.programFolder = options.programFolder.empty()
-                            ? programFolderFor(programPath(), app.hostTool)
-                            : withSeparator(options.programFolder);
+void findProgramFolder(ProjectPaths& paths, const StartOptions& options) {
+    paths.programFolder = options.programFolder.empty()
+                              ? programFolderFor(programPath(), paths.hostTool)
+                              : withSeparator(options.programFolder);
+}
+
+/// The Analyses libraries are read once in a run.
+LoadResult loadMaster(CPartwrightPlugInApp& app, MasterCopy<AsrComponent>& master,
+                      std::wstring_view path) {
+    AsrLibrary records;
+    LoadResult result = LoadAnalysesLibrary(app, records, path);
+    master.replace(std::move(records));
+    return result;
 }
 
 } // namespace
@@ -32,58 +41,56 @@ void tell(Prompt& prompt, const LoadResult& result, PromptIcon icon) {
 void loadAtStart(CPartwrightPlugInApp& app, Clock& clock, Prompt& prompt,
                  const StartOptions& options) {
     app.decimalPoint = localeDecimalPoint();
-    findProgramFolder(app, options);
+    findProgramFolder(app.paths, options);
     const auto setting = [&app](std::wstring& value, std::wstring_view name) {
         // A value that is missing stays empty: the ordinary case of a first run.
-        static_cast<void>(
-            ReadRegistryValue(app.hostTool, RegistryOperation::Read, value, settingsSection, name));
+        static_cast<void>(ReadRegistryValue(app.paths.hostTool, RegistryOperation::Read, value,
+                                            settingsSection, name));
     };
-    if (app.hostTool == 1)
-        setting(app.hostLibFolder, L"LibFolder");
-    setting(app.datasheetFolder, L"PDF_Folder_Path");
-    tell(prompt, LoadProjectInput(app, clock), PromptIcon::None);
-    ResolveFilePaths(app, options.publicFolder);
-    if (app.sdtaProperties.empty())
-        tell(prompt, LoadSdtaProperties(app));
-    tell(prompt, LoadGroupNames(app));
+    if (app.paths.hostTool == 1)
+        setting(app.paths.hostLibFolder, L"LibFolder");
+    setting(app.paths.datasheetFolder, L"PDF_Folder_Path");
+    tell(prompt, LoadProjectInput(app.paths, app.partList, clock), PromptIcon::None);
+    ResolveFilePaths(app.paths, options.publicFolder);
+    if (app.sdta.properties.empty())
+        tell(prompt, LoadSdtaProperties(app.paths, app.sdta));
+    tell(prompt, LoadGroupNames(app.paths, app.classifier, app.sdta));
     loadSdtaLibraries(app, prompt);
-    tell(prompt, LoadDatasheetLinks(app), PromptIcon::None);
+    tell(prompt, LoadDatasheetLinks(app.paths, app.libraries), PromptIcon::None);
 }
 
 void loadTables(CPartwrightPlugInApp& app, Prompt& prompt, const StartOptions& options) {
     app.decimalPoint = localeDecimalPoint();
-    findProgramFolder(app, options);
-    ResolveFilePaths(app, options.publicFolder);
-    tell(prompt, LoadSdtaProperties(app));
-    tell(prompt, LoadGroupNames(app));
+    findProgramFolder(app.paths, options);
+    ResolveFilePaths(app.paths, options.publicFolder);
+    tell(prompt, LoadSdtaProperties(app.paths, app.sdta));
+    tell(prompt, LoadGroupNames(app.paths, app.classifier, app.sdta));
     loadAnalysesTables(app, prompt);
 }
 
 void loadAnalysesTables(CPartwrightPlugInApp& app, Prompt& prompt) {
-    if (app.asrProperties.empty())
-        tell(prompt, LoadAsrProperties(app));
-    if (app.asrColumnsForRapid.empty() && app.asrColumnsForAsr.empty())
-        tell(prompt, LoadColumnVisibility(app));
-    if (app.convBiCode.empty())
-        tell(prompt, LoadConvBiCode(app));
-    if (app.asrDefaultLPar.empty())
-        tell(prompt, LoadAsrDefaultLPar(app));
+    if (app.asr.properties.empty())
+        tell(prompt, LoadAsrProperties(app.paths, app.asr));
+    if (app.asr.columnsForRapid.empty() && app.asr.columnsForAsr.empty())
+        tell(prompt, LoadColumnVisibility(app.paths, app.asr));
+    if (app.classifier.convBiCode.empty())
+        tell(prompt, LoadConvBiCode(app.paths, app.classifier));
+    if (app.asr.defaultLPar.empty())
+        tell(prompt, LoadAsrDefaultLPar(app.paths, app.asr));
 }
 
 void loadSdtaLibraries(CPartwrightPlugInApp& app, Prompt& prompt) {
-    tell(prompt,
-         loadSdtaMaster(app, app.sdtaDesignLibrary, app.sdtaDesignReading, app.sdtaLibraryPath),
+    tell(prompt, loadSdtaMaster(app, app.libraries.sdtaDesignLibrary, app.paths.sdtaLibraryPath),
          PromptIcon::None);
     tell(prompt,
-         loadSdtaMaster(app, app.sdtaPublicLibrary, app.sdtaPublicReading,
-                        app.publicSdtaLibraryPath),
+         loadSdtaMaster(app, app.libraries.sdtaPublicLibrary, app.paths.publicSdtaLibraryPath),
          PromptIcon::None);
 }
 
 void loadAnalysesLibraries(CPartwrightPlugInApp& app, Prompt& prompt) {
-    tell(prompt, LoadAnalysesLibrary(app, app.asrDesignLibrary, app.asrLibraryPath),
+    tell(prompt, loadMaster(app, app.libraries.asrDesignLibrary, app.paths.asrLibraryPath),
          PromptIcon::None);
-    tell(prompt, LoadAnalysesLibrary(app, app.asrPublicLibrary, app.publicAsrLibraryPath),
+    tell(prompt, loadMaster(app, app.libraries.asrPublicLibrary, app.paths.publicAsrLibraryPath),
          PromptIcon::None);
 }
 
@@ -96,7 +103,7 @@ void reloadSdtaLibraries(CPartwrightPlugInApp& app, Prompt& prompt) {
     app.forgetReadings(); // each library is read twice in a run, not more often
 }
 
-PartSelection partsOfProject(const CPartwrightPlugInApp& app, bool onlySelected) {
+PartSelection partsOfProject(const PartList& list, bool onlySelected) {
     PartSelection parts;
     for (const auto& [designator, entry] : app.projectEntries) {
         const std::wstring part = asReadBack(app.ProjectValue(designator, app.columnPartNumber));

@@ -46,6 +46,6 @@ void reloadSdtaLibraries(CPartwrightPlugInApp& app, Prompt& prompt);
 
 /// Part number, as a library gives it back, to designators, joined by "," in key order, over the project's rows;
 /// with `onlySelected` those that the designer selected. Values empty or "Empty" are no part.
-[[nodiscard]] PartSelection partsOfProject(const CPartwrightPlugInApp& app, bool onlySelected);
+[[nodiscard]] PartSelection partsOfProject(const PartList& list, bool onlySelected);
 
 } // namespace partwright

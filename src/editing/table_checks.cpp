@@ -12,6 +12,7 @@ namespace partwright {
 namespace {
 
 constexpr std::wstring_view powerHeader = L"Pw-RT";
+constexpr std::size_t powerPosition = 1;
 constexpr std::wstring_view powerLimitText = L"0.5";
 constexpr double powerLimit = 0.5;
 /// Places in the type list of chip resistors below and from the limit on.
@@ -19,8 +20,8 @@ constexpr std::size_t typeBelowLimit = 27;
 constexpr std::size_t typeFromLimit = 28;
 
 /// The value of the first parameter against the type's limit.
-std::optional<TableStop> checkPower(const ComponentTable& table, std::size_t row,
-                                    std::wstring_view type, std::wstring_view value) {
+std::optional<Finding> checkPower(const ComponentTable& table, std::size_t row,
+                                  std::wstring_view type, std::wstring_view value) {
     const TableSetup& setup = table.setup();
     if (setup.group != setup.kind->powerGroup)
         return std::nullopt;
@@ -33,20 +34,19 @@ std::optional<TableStop> checkPower(const ComponentTable& table, std::size_t row
     const double missing =
         powerLimit - (whole ? *whole : readNumber(value, setup.decimalMark).value);
     constexpr double epsilon = std::numeric_limits<double>::epsilon();
-    TableStop stop;
-    stop.rows = {row};
-    stop.column = typeColumn + 1;
+    std::wstring fault;
     if (position == typeBelowLimit && missing < epsilon)
-        stop.boxes.push_back({message::powerShouldBeBelow(powerLimitText)});
+        fault = message::powerShouldBeBelow(powerLimitText);
     else if (position == typeFromLimit && missing > epsilon)
-        stop.boxes.push_back({message::powerShouldBeAtLeast(powerLimitText)});
-    else
-        return std::nullopt;
-    return stop;
+        fault = message::powerShouldBeAtLeast(powerLimitText);
+    auto found = refusalUnless(fault, powerPosition);
+    if (found)
+        found->rows = {row};
+    return found;
 }
 
-std::optional<TableStop> checkRowPower(const ComponentTable& table, std::size_t row,
-                                       std::wstring_view type) {
+std::optional<Finding> checkRowPower(const ComponentTable& table, std::size_t row,
+                                     std::wstring_view type) {
     if (table.setup().lastParameter == typeColumn)
         return std::nullopt;
     return checkPower(table, row, type, table.text(row, typeColumn + 1));
@@ -67,26 +67,26 @@ std::wstring_view referenceOf(const ComponentTable& table, std::size_t row) {
 
 } // namespace
 
-CommitVerdict TableChecks::atCommit(const ComponentTable&, CellAt, std::wstring_view,
-                                    std::size_t) const {
+CommitAnswer TableChecks::atCommit(const ComponentTable&, CellAt, std::wstring_view,
+                                   std::size_t) const {
     return {};
 }
 
-std::optional<TableStop> TableChecks::atCopy(const ComponentTable&,
-                                             std::span<const std::size_t>) const {
+std::optional<Finding> TableChecks::atCopy(const ComponentTable&,
+                                           std::span<const std::size_t>) const {
     return std::nullopt;
 }
 
-std::optional<TableStop> TableChecks::atOkRow(const ComponentTable&, std::size_t) const {
+std::optional<Finding> TableChecks::atOkRow(const ComponentTable&, std::size_t) const {
     return std::nullopt;
 }
 
-std::optional<TableStop> TableChecks::atOkTable(const ComponentTable&,
-                                                std::span<const std::size_t>) const {
+std::optional<Finding> TableChecks::atOkTable(const ComponentTable&,
+                                              std::span<const std::size_t>) const {
     return std::nullopt;
 }
 
-std::vector<StepStop> TableChecks::everyStep(const ComponentTable&, std::size_t) const {
+std::vector<Finding> TableChecks::everyStep(const ComponentTable&, std::size_t) const {
     return {};
 }
 
@@ -94,19 +94,19 @@ bool TableChecks::isPinList(const TableColumn&) const {
     return false;
 }
 
-CommitVerdict StressChecks::atCommit(const ComponentTable& table, CellAt at, std::wstring_view text,
-                                     std::size_t) const {
-    std::optional<TableStop> stop;
+CommitAnswer StressChecks::atCommit(const ComponentTable& table, CellAt at, std::wstring_view text,
+                                    std::size_t) const {
+    std::optional<Finding> found;
     if (at.column == typeColumn)
-        stop = checkRowPower(table, at.row, text);
+        found = checkRowPower(table, at.row, text);
     else if (table.setup().columns[at.column].header == powerHeader)
-        stop = checkPower(table, at.row, table.type(at.row), text);
-    if (!stop)
+        found = checkPower(table, at.row, table.type(at.row), text);
+    if (!found)
         return {};
-    return {CommitDecision::Refused, std::nullopt, std::move(*stop)};
+    return {CommitDecision::Refused, std::nullopt, std::move(*found)};
 }
 
-std::optional<TableStop> StressChecks::atOkRow(const ComponentTable& table, std::size_t row) const {
+std::optional<Finding> StressChecks::atOkRow(const ComponentTable& table, std::size_t row) const {
     const TableSetup& setup = table.setup();
     const auto rules = tables_.thermal.find(setup.group);
     if (rules == tables_.thermal.end() || !table.isComplete(row))
@@ -118,34 +118,35 @@ std::optional<TableStop> StressChecks::atOkRow(const ComponentTable& table, std:
             CheckThermalRule(values, rule.validationId, rule.name, setup.decimalMark);
         if (result == CheckResult::Passed)
             continue;
-        TableStop stop;
-        stop.rows = {row};
-        stop.line = thermalLine(rule.messageId, referenceOf(table, row));
+        Finding found{.rows = {row}, .line = thermalLine(rule.messageId, referenceOf(table, row))};
         if (result == CheckResult::UnknownCheck)
-            stop.boxes.push_back(
-                {message::foundThermalCheckId(rule.validationId), PromptIcon::None, true});
-        return stop;
+            found.tableFault = message::foundThermalCheckId(rule.validationId);
+        return found;
     }
     return std::nullopt;
 }
 
-std::optional<TableStop> StressChecks::atOkTable(const ComponentTable& table,
-                                                 std::span<const std::size_t> order) const {
+std::optional<Finding> StressChecks::atOkTable(const ComponentTable& table,
+                                               std::span<const std::size_t> order) const {
     if (table.setup().group != table.setup().kind->powerGroup)
         return std::nullopt;
     for (const std::size_t row : order)
-        if (auto stop = checkRowPower(table, row, table.type(row)))
-            return stop;
+        if (auto found = checkRowPower(table, row, table.type(row)))
+            return found;
     return std::nullopt;
 }
 
-std::vector<StepStop> StressChecks::everyStep(const ComponentTable& table, std::size_t row) const {
-    std::vector<StepStop> stops;
-    if (auto stop = atOkRow(table, row))
-        stops.push_back({L"thermal values", std::move(*stop)});
-    if (auto stop = checkRowPower(table, row, table.type(row)))
-        stops.push_back({L"power limit", std::move(*stop)});
-    return stops;
+std::vector<Finding> StressChecks::everyStep(const ComponentTable& table, std::size_t row) const {
+    std::vector<Finding> findings;
+    const auto add = [&](std::wstring_view rule, std::optional<Finding> found) {
+        if (!found)
+            return;
+        found->rule = rule;
+        findings.push_back(std::move(*found));
+    };
+    add(L"thermal values", atOkRow(table, row));
+    add(L"power limit", checkRowPower(table, row, table.type(row)));
+    return findings;
 }
 
 std::unique_ptr<TableChecks> makeTableChecks(const TableSetup& setup,

@@ -1,8 +1,8 @@
 #pragma once
 
 // The checks over a component table that only one kind of library has. A session asks them at the
-// places named here and does itself what both kinds share; a stop says what to show and select. A
-// report asks the same checks of every row (library_check.h).
+// verbs named here and does itself what both kinds share. A report asks the same checks of every
+// row (library_check.h). Findings count rows as the table does.
 
 #include "editing/component_table.h"
 #include "editing/table_outcome.h"
@@ -13,37 +13,10 @@
 #include <memory>
 #include <optional>
 #include <span>
-#include <string>
 #include <string_view>
 #include <vector>
 
 namespace partwright {
-
-struct TableStop {
-    /// The rows at fault.
-    std::vector<std::size_t> rows;
-    std::optional<std::wstring> line;
-    std::vector<Box> boxes;
-    /// Column of the cell that the words are about; 0 when they are about the row.
-    std::size_t column = 0;
-    /// That cell of the first row becomes current.
-    bool goesToCell = false;
-};
-
-/// What is to become of a committed text.
-struct CommitVerdict {
-    CommitDecision decision = CommitDecision::Open;
-    /// What takes the place of the text.
-    std::optional<std::wstring> text;
-    /// Of a refusal.
-    TableStop stop;
-};
-
-/// What one step of OK says about a row.
-struct StepStop {
-    std::wstring_view step;
-    TableStop stop;
-};
 
 /// A kind of library without checks of its own.
 class TableChecks {
@@ -55,21 +28,20 @@ public:
 
     /// Before the common checks of a committed Type or parameter cell, which follow when the text
     /// is left open. `shownRow` is the row's number on the screen.
-    [[nodiscard]] virtual CommitVerdict atCommit(const ComponentTable& table, CellAt at,
-                                                 std::wstring_view text,
-                                                 std::size_t shownRow) const;
+    [[nodiscard]] virtual CommitAnswer atCommit(const ComponentTable& table, CellAt at,
+                                                std::wstring_view text, std::size_t shownRow) const;
     /// Before a row is copied.
-    [[nodiscard]] virtual std::optional<TableStop> atCopy(const ComponentTable& table,
-                                                          std::span<const std::size_t> order) const;
+    [[nodiscard]] virtual std::optional<Finding> atCopy(const ComponentTable& table,
+                                                        std::span<const std::size_t> order) const;
     /// At OK for each row in turn, behind the question on unfilled columns.
-    [[nodiscard]] virtual std::optional<TableStop> atOkRow(const ComponentTable& table,
-                                                           std::size_t row) const;
+    [[nodiscard]] virtual std::optional<Finding> atOkRow(const ComponentTable& table,
+                                                         std::size_t row) const;
     /// At OK over all rows, in the order on the screen.
-    [[nodiscard]] virtual std::optional<TableStop>
+    [[nodiscard]] virtual std::optional<Finding>
     atOkTable(const ComponentTable& table, std::span<const std::size_t> order) const;
-    /// Each step's first stop at one row alone.
-    [[nodiscard]] virtual std::vector<StepStop> everyStep(const ComponentTable& table,
-                                                          std::size_t row) const;
+    /// Each step's first finding about one row alone.
+    [[nodiscard]] virtual std::vector<Finding> everyStep(const ComponentTable& table,
+                                                         std::size_t row) const;
     /// The column lists pins, which no single-value rule fits.
     [[nodiscard]] virtual bool isPinList(const TableColumn& column) const;
 };
@@ -80,15 +52,15 @@ class StressChecks final : public TableChecks {
 public:
     explicit StressChecks(const ValidationTables& tables) : tables_(tables) {}
 
-    [[nodiscard]] CommitVerdict atCommit(const ComponentTable& table, CellAt at,
-                                         std::wstring_view text,
-                                         std::size_t shownRow) const override;
-    [[nodiscard]] std::optional<TableStop> atOkRow(const ComponentTable& table,
-                                                   std::size_t row) const override;
-    [[nodiscard]] std::optional<TableStop>
+    [[nodiscard]] CommitAnswer atCommit(const ComponentTable& table, CellAt at,
+                                        std::wstring_view text,
+                                        std::size_t shownRow) const override;
+    [[nodiscard]] std::optional<Finding> atOkRow(const ComponentTable& table,
+                                                 std::size_t row) const override;
+    [[nodiscard]] std::optional<Finding>
     atOkTable(const ComponentTable& table, std::span<const std::size_t> order) const override;
-    [[nodiscard]] std::vector<StepStop> everyStep(const ComponentTable& table,
-                                                  std::size_t row) const override;
+    [[nodiscard]] std::vector<Finding> everyStep(const ComponentTable& table,
+                                                 std::size_t row) const override;
 
 private:
     const ValidationTables& tables_;
@@ -99,15 +71,15 @@ class CodedChecks final : public TableChecks {
 public:
     explicit CodedChecks(const TableSetup& setup);
 
-    [[nodiscard]] CommitVerdict atCommit(const ComponentTable& table, CellAt at,
-                                         std::wstring_view text,
-                                         std::size_t shownRow) const override;
-    [[nodiscard]] std::optional<TableStop>
-    atCopy(const ComponentTable& table, std::span<const std::size_t> order) const override;
-    [[nodiscard]] std::optional<TableStop>
+    [[nodiscard]] CommitAnswer atCommit(const ComponentTable& table, CellAt at,
+                                        std::wstring_view text,
+                                        std::size_t shownRow) const override;
+    [[nodiscard]] std::optional<Finding> atCopy(const ComponentTable& table,
+                                                std::span<const std::size_t> order) const override;
+    [[nodiscard]] std::optional<Finding>
     atOkTable(const ComponentTable& table, std::span<const std::size_t> order) const override;
-    [[nodiscard]] std::vector<StepStop> everyStep(const ComponentTable& table,
-                                                  std::size_t row) const override;
+    [[nodiscard]] std::vector<Finding> everyStep(const ComponentTable& table,
+                                                 std::size_t row) const override;
     [[nodiscard]] bool isPinList(const TableColumn& column) const override;
 
 private:

@@ -205,11 +205,11 @@ void TableSession::present(const TableOutcome& outcome) {
 void TableSession::RecheckRowFlag(CellAt at, TableOutcome& outcome) {
     if (at.column < typeColumn)
         return;
-    CellFinding finding =
+    std::optional<Finding> finding =
         CheckCellQuiet(cellQuestion(table_, *checks_, at, table_.text(at.row, at.column), false),
                        rules_.rules, setup().decimalMark);
     const bool wasFull = table_.text(at.row, fullColumn) == fullMark;
-    const bool isFull = finding.passed && table_.isComplete(at.row);
+    const bool isFull = !finding && table_.isComplete(at.row);
     table_.flag(at.row, isFull);
     if (isFull != wasFull)
         outcome.changedRows.push_back(at.row);
@@ -254,17 +254,14 @@ TableOutcome TableSession::checkAllRowsForOk(RowOrder order) {
             if (!outcome.accepted)
                 return outcome;
         }
-        if (auto stop = checks_->atOkRow(table_, row)) {
-            outcome.accepted = false;
-            take(outcome, std::move(*stop));
+        if (auto found = checks_->atOkRow(table_, row)) {
+            stop(outcome, std::move(*found));
             holdsLine_ = true;
             return outcome;
         }
     }
-    if (auto stop = checks_->atOkTable(table_, rows)) {
-        outcome.accepted = false;
-        take(outcome, std::move(*stop));
-    }
+    if (auto found = checks_->atOkTable(table_, rows))
+        stop(outcome, std::move(*found));
     return outcome;
 }
 
@@ -273,28 +270,29 @@ void TableSession::setLine(TableOutcome& outcome, std::wstring line) {
     outcome.line = line_;
 }
 
-void TableSession::take(TableOutcome& outcome, CellFinding finding) {
-    if (finding.line)
-        setLine(outcome, std::move(*finding.line));
+void TableSession::take(TableOutcome& outcome, std::optional<Finding> finding) {
+    if (!finding)
+        return;
+    if (finding->line)
+        setLine(outcome, std::move(*finding->line));
     // Many cells may meet the same fault of the tables: it is told once.
     const auto isTold = [&](const Box& box) {
-        return box.isTableFault && box.text == finding.faultBox;
+        return box.isTableFault && box.text == finding->tableFault;
     };
-    if (!finding.faultBox.empty() &&
+    if (!finding->tableFault.empty() &&
         std::none_of(outcome.boxes.begin(), outcome.boxes.end(), isTold))
-        outcome.boxes.push_back({std::move(finding.faultBox), PromptIcon::None, true});
-    if (!finding.refusalBox.empty())
-        outcome.boxes.push_back({std::move(finding.refusalBox)});
+        outcome.boxes.push_back({std::move(finding->tableFault), PromptIcon::None, true});
+    for (std::wstring& text : finding->texts)
+        outcome.boxes.push_back({std::move(text)});
+    if (!finding->rows.empty())
+        outcome.selectedRows = std::move(finding->rows);
 }
 
-void TableSession::take(TableOutcome& outcome, TableStop stop) {
-    if (stop.line)
-        setLine(outcome, std::move(*stop.line));
-    if (stop.goesToCell)
-        outcome.current = CellAt{stop.rows.front(), stop.column};
-    outcome.selectedRows = std::move(stop.rows);
-    for (Box& box : stop.boxes)
-        outcome.boxes.push_back(std::move(box));
+void TableSession::stop(TableOutcome& outcome, Finding finding) {
+    outcome.accepted = false;
+    if (finding.leadsToCell())
+        outcome.current = CellAt{finding.rows.front(), typeColumn + finding.position};
+    take(outcome, std::move(finding));
 }
 
 void TableSession::takeFlags(TableOutcome& outcome) {

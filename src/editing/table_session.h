@@ -180,8 +180,9 @@ private:
     [[nodiscard]] CleanText clean(std::size_t column, std::wstring_view text) const;
 
     void setLine(TableOutcome& outcome, std::wstring line);
-    void take(TableOutcome& outcome, CellFinding finding);
-    void take(TableOutcome& outcome, TableStop stop);
+    void take(TableOutcome& outcome, std::optional<Finding> finding);
+    /// OK ends here: the cell that the words are about becomes current.
+    void stop(TableOutcome& outcome, Finding finding);
     void takeFlags(TableOutcome& outcome);
     TableOutcome afterMove(ComponentTable::Change change);
 

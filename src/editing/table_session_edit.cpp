@@ -134,10 +134,10 @@ void TableSession::commitType(CellAt at, std::wstring_view text, TableOutcome& o
     }
     applyTypeEdit(at, text);
     outcome.changedRows = {at.row};
-    CommitVerdict verdict = checks_->atCommit(table_, at, text, at.row + 1);
-    if (verdict.decision == CommitDecision::Refused) {
+    CommitAnswer answer = checks_->atCommit(table_, at, text, at.row + 1);
+    if (answer.decision == CommitDecision::Refused) {
         outcome.accepted = false;
-        take(outcome, std::move(verdict.stop));
+        take(outcome, std::move(answer.finding));
         return;
     }
     table_.write(at.row, at.column, text);
@@ -178,28 +178,28 @@ void TableSession::commitValue(CellAt at, std::wstring text, std::size_t shownRo
 
 void TableSession::judge(CellAt at, std::wstring& text, std::size_t shownRow,
                          TableOutcome& outcome) {
-    CommitVerdict verdict = checks_->atCommit(table_, at, text, shownRow);
-    if (verdict.text) {
-        text = std::move(*verdict.text);
+    CommitAnswer answer = checks_->atCommit(table_, at, text, shownRow);
+    if (answer.text) {
+        text = std::move(*answer.text);
         outcome.editorText = text;
     }
-    if (verdict.decision == CommitDecision::Open && text == cell::notApplicable &&
+    if (answer.decision == CommitDecision::Open && text == cell::notApplicable &&
         column(at.column).kind == ColumnKind::Parameter && !isChoice(at.column))
-        verdict.decision = CommitDecision::NotApplicable;
-    outcome.accepted = verdict.decision == CommitDecision::Accepted;
-    switch (verdict.decision) {
+        answer.decision = CommitDecision::NotApplicable;
+    outcome.accepted = answer.decision == CommitDecision::Accepted;
+    switch (answer.decision) {
     case CommitDecision::Accepted:
         break;
     case CommitDecision::Refused:
-        take(outcome, std::move(verdict.stop));
+        take(outcome, std::move(answer.finding));
         break;
     case CommitDecision::NotApplicable:
         outcome.boxes.push_back({std::wstring(message::notApplicableIsIllegal)});
         break;
     case CommitDecision::Open:
-        CellFinding finding = CheckCellOnCommit(cellQuestion(table_, *checks_, at, text, true),
-                                                rules_.rules, setup().decimalMark);
-        outcome.accepted = finding.passed;
+        auto finding = CheckCellOnCommit(cellQuestion(table_, *checks_, at, text, true),
+                                         rules_.rules, setup().decimalMark);
+        outcome.accepted = !finding;
         take(outcome, std::move(finding));
     }
 }

@@ -59,10 +59,8 @@ TableOutcome TableSession::checkBeforeCopy(RowOrder order) {
     TableOutcome outcome = cancelEdit();
     takeFlags(outcome);
     const std::vector<std::size_t> rows = rowsIn(order);
-    if (auto stop = checks_->atCopy(table_, rows)) {
-        outcome.accepted = false;
-        take(outcome, std::move(*stop));
-    }
+    if (auto found = checks_->atCopy(table_, rows))
+        stop(outcome, std::move(*found));
     return outcome;
 }
 

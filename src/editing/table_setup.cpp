@@ -225,40 +225,38 @@ const std::pair<const OptionColumn*, ChoiceList>* TableSetup::option(std::size_t
 }
 
 template <class Record>
-std::int32_t defaultTypeOf(const CPartwrightPlugInApp& app, std::int32_t group) {
-    const auto& defaults = Kind<Record>::defaultTypes(app);
-    const auto types = Kind<Record>::groupTypes(app).find(namesOf<Record>(app, group, 0).first);
-    if (group < 1 || static_cast<std::size_t>(group) >= defaults.size() ||
-        types == Kind<Record>::groupTypes(app).end())
+std::int32_t defaultTypeOf(const Definitions<Record>& definitions, std::int32_t group) {
+    const auto& defaults = definitions.defaultTypes;
+    if (group < 1 || static_cast<std::size_t>(group) >= defaults.size())
         return 0;
     const std::int32_t type = defaults[static_cast<std::size_t>(group)];
-    return type > 0 && static_cast<std::size_t>(type) < types->second.size() ? type : 0;
+    return type > 0 && static_cast<std::size_t>(type) < definitions.typesOf(group).size() ? type
+                                                                                          : 0;
 }
 
 template <class Record>
 TableSetup makeTableSetup(const CPartwrightPlugInApp& app, std::int32_t group,
                           AnalysisLevel level) {
+    const Definitions<Record>& definitions = app.of<Record>();
     TableSetup setup;
     setup.kind = &tableDescriptor<Record>();
     setup.group = group;
-    setup.groupName = namesOf<Record>(app, group, 0).first;
+    setup.groupName = definitions.GroupAndTypeNames(group, 0).first;
     setup.level = level;
     setup.decimalMark = app.decimalMark();
-    setup.defaultType = defaultTypeOf<Record>(app, group);
+    setup.defaultType = defaultTypeOf(definitions, group);
 
     const auto& levels =
-        level == AnalysisLevel::Rapid ? app.asrColumnsForRapid : app.asrColumnsForAsr;
+        level == AnalysisLevel::Rapid ? app.asr.columnsForRapid : app.asr.columnsForAsr;
     const auto flags = levels.find(group);
     addColumns(setup, Kind<Record>::columns(group),
                flags == levels.end() ? nullptr : &flags->second);
 
-    const auto types = Kind<Record>::groupTypes(app).find(setup.groupName);
-    if (types != Kind<Record>::groupTypes(app).end())
-        for (const TypeEntry& type : types->second)
-            setup.types.push_back(type.name);
+    for (const TypeEntry& type : definitions.typesOf(group))
+        setup.types.push_back(type.name);
     for (const std::wstring& type : setup.types)
-        setup.properties.push_back(viewOf(findRow<Record>(app, setup.groupName, type)));
-    setup.properties.push_back(viewOf(findRow<Record>(app, setup.groupName, {})));
+        setup.properties.push_back(viewOf(definitions.FindPropertyRow(setup.groupName, type)));
+    setup.properties.push_back(viewOf(definitions.FindPropertyRow(setup.groupName, {})));
     if constexpr (std::is_same_v<Record, SdtaComponent>)
         addChoices(setup, TypeTableOfSdtaGroup(group));
     else
@@ -270,7 +268,7 @@ template TableSetup makeTableSetup<SdtaComponent>(const CPartwrightPlugInApp&, s
                                                   AnalysisLevel);
 template TableSetup makeTableSetup<AsrComponent>(const CPartwrightPlugInApp&, std::int32_t,
                                                  AnalysisLevel);
-template std::int32_t defaultTypeOf<SdtaComponent>(const CPartwrightPlugInApp&, std::int32_t);
-template std::int32_t defaultTypeOf<AsrComponent>(const CPartwrightPlugInApp&, std::int32_t);
+template std::int32_t defaultTypeOf(const Definitions<SdtaComponent>&, std::int32_t);
+template std::int32_t defaultTypeOf(const Definitions<AsrComponent>&, std::int32_t);
 
 } // namespace partwright

@@ -162,9 +162,9 @@ extern template TableSetup makeTableSetup<AsrComponent>(const CPartwrightPlugInA
 
 /// The number that a new record of a group gets: that of its default type, 0 without a type list.
 template <class Record>
-[[nodiscard]] std::int32_t defaultTypeOf(const CPartwrightPlugInApp& app, std::int32_t group);
-extern template std::int32_t defaultTypeOf<SdtaComponent>(const CPartwrightPlugInApp&,
-                                                          std::int32_t);
-extern template std::int32_t defaultTypeOf<AsrComponent>(const CPartwrightPlugInApp&, std::int32_t);
+[[nodiscard]] std::int32_t defaultTypeOf(const Definitions<Record>& definitions,
+                                         std::int32_t group);
+extern template std::int32_t defaultTypeOf(const Definitions<SdtaComponent>&, std::int32_t);
+extern template std::int32_t defaultTypeOf(const Definitions<AsrComponent>&, std::int32_t);
 
 } // namespace partwright

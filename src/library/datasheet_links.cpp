@@ -152,8 +152,8 @@ std::string formatLinks(const DatasheetLinks& links, const LoadReport& report, T
 
 } // namespace
 
-std::wstring datasheetLinksPath(const CPartwrightPlugInApp& app) {
-    return withSeparator(app.libraryFolder) + std::wstring(tableName);
+std::wstring datasheetLinksPath(const ProjectPaths& paths) {
+    return withSeparator(paths.libraryFolder) + std::wstring(tableName);
 }
 
 LoadResult LoadDatasheetLinks(CPartwrightPlugInApp& app) {

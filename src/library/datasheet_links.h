@@ -6,7 +6,8 @@
 // that is there and could not be read or understood is never written over, and its lines without a
 // link stay in it.
 
-#include "core/application.h"
+#include "core/libraries.h"
+#include "core/project_paths.h"
 #include "library/library_writer.h"
 #include "library/load_result.h"
 
@@ -14,10 +15,10 @@
 
 namespace partwright {
 
-[[nodiscard]] std::wstring datasheetLinksPath(const CPartwrightPlugInApp& app);
+[[nodiscard]] std::wstring datasheetLinksPath(const ProjectPaths& paths);
 
-/// Fills app.datasheetLinks; an absent table leaves it as it is.
-LoadResult LoadDatasheetLinks(CPartwrightPlugInApp& app);
+/// Fills libraries.datasheetLinks; an absent table leaves it as it is.
+LoadResult LoadDatasheetLinks(const ProjectPaths& paths, Libraries& libraries);
 
 struct LinkSaveResult {
     SaveStatus status = SaveStatus::Saved;

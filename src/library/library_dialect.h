@@ -20,7 +20,8 @@
 // Reader and writer are written once over the record type; Dialect<Record> answers what differs,
 // beside the numbers and names of Kind<Record>.
 
-#include "core/library_kind.h"
+#include "core/definitions.h"
+#include "core/project_paths.h"
 #include "core/text.h"
 
 #include <array>
@@ -59,12 +60,12 @@ inline constexpr std::wstring_view colorColumn = L"Color";
 
 /// Name of a type; for "Default", of the type that stands behind it, where the group has one.
 template <class Record>
-[[nodiscard]] std::wstring_view typeBehindDefault(const CPartwrightPlugInApp& app,
+[[nodiscard]] std::wstring_view typeBehindDefault(const Definitions<Record>& definitions,
                                                   std::int32_t group) {
-    const auto& defaults = Kind<Record>::defaultTypes(app);
+    const auto& defaults = definitions.defaultTypes;
     if (group <= 0 || static_cast<std::size_t>(group) >= defaults.size())
         return defaultTypeName;
-    return namesOf<Record>(app, group, defaults[static_cast<std::size_t>(group)]).second;
+    return definitions.GroupAndTypeNames(group, defaults[static_cast<std::size_t>(group)]).second;
 }
 
 } // namespace library_file
@@ -88,21 +89,20 @@ struct Dialect<SdtaComponent> {
     /// A value is stored as it is, pins included.
     static constexpr bool encodesValues = false;
 
-    static bool knowsGroups(const CPartwrightPlugInApp& app) {
-        return app.sdtaGroupNames.size() > 1;
+    static bool knowsGroups(const Definitions<SdtaComponent>& sdta) {
+        return sdta.groupNames.size() > 1;
     }
     /// Where the names of the groups come from.
-    static const std::wstring& groupTable(const CPartwrightPlugInApp& app) {
-        return app.descrRulesPath;
+    static const std::wstring& groupTable(const ProjectPaths& paths) {
+        return paths.descrRulesPath;
     }
-    static std::wstring_view family(const CPartwrightPlugInApp&, std::int32_t group) {
+    static std::wstring_view family(const Definitions<SdtaComponent>&, std::int32_t group) {
         return Kind<SdtaComponent>::family(group);
     }
-    static std::wstring_view type(const CPartwrightPlugInApp& app, std::int32_t group,
+    static std::wstring_view type(const Definitions<SdtaComponent>& sdta, std::int32_t group,
                                   std::int32_t type) {
-        const auto name = namesOf<SdtaComponent>(app, group, type).second;
-        return name == defaultTypeName ? library_file::typeBehindDefault<SdtaComponent>(app, group)
-                                       : name;
+        const auto name = sdta.GroupAndTypeNames(group, type).second;
+        return name == defaultTypeName ? library_file::typeBehindDefault(sdta, group) : name;
     }
 };
 
@@ -119,24 +119,24 @@ struct Dialect<AsrComponent> {
     static constexpr bool encodesValues = true;
 
     /// The two names that are forced into every list say nothing about the table having been read.
-    static bool knowsGroups(const CPartwrightPlugInApp& app) {
-        for (std::size_t i = 1; i < app.asrGroupNames.size(); ++i)
-            if (app.asrGroupNames[i] != notApplicableGroup && app.asrGroupNames[i] != L"PCB" &&
-                app.asrGroupNames[i] != L"Mechanical")
+    static bool knowsGroups(const Definitions<AsrComponent>& asr) {
+        for (std::size_t i = 1; i < asr.groupNames.size(); ++i)
+            if (asr.groupNames[i] != notApplicableGroup && asr.groupNames[i] != L"PCB" &&
+                asr.groupNames[i] != L"Mechanical")
                 return true;
         return false;
     }
-    static const std::wstring& groupTable(const CPartwrightPlugInApp& app) {
-        return app.asrPropertyLibraryPath;
+    static const std::wstring& groupTable(const ProjectPaths& paths) {
+        return paths.asrPropertyLibraryPath;
     }
-    static std::wstring_view family(const CPartwrightPlugInApp& app, std::int32_t group) {
-        const auto name = app.asrGroupFamily.find(group);
-        return name == app.asrGroupFamily.end() ? std::wstring_view() : trim(name->second);
+    static std::wstring_view family(const Definitions<AsrComponent>& asr, std::int32_t group) {
+        const auto name = asr.groupFamily.find(group);
+        return name == asr.groupFamily.end() ? std::wstring_view() : trim(name->second);
     }
-    static std::wstring_view type(const CPartwrightPlugInApp& app, std::int32_t group,
+    static std::wstring_view type(const Definitions<AsrComponent>& asr, std::int32_t group,
                                   std::int32_t type) {
-        return type == 0 && group != 0 ? library_file::typeBehindDefault<AsrComponent>(app, group)
-                                       : namesOf<AsrComponent>(app, group, type).second;
+        return type == 0 && group != 0 ? library_file::typeBehindDefault(asr, group)
+                                       : asr.GroupAndTypeNames(group, type).second;
     }
 };
 

@@ -18,7 +18,8 @@ void takeRecords(CPartwrightPlugInApp& app, typename Kind<Record>::Library& targ
         report.setFault(LibraryFault::Unreadable, message::fileUnreadable());
         result.message = message::failedToOpen(result.path);
     } else if (file.status == FileStatus::Ok) {
-        auto parsed = parseLibrary<Record>(app, std::move(file.bytes), file.form.codePage);
+        auto parsed = parseLibrary(app.of<Record>(), app.decimalMark(), std::move(file.bytes),
+                                   file.form.codePage);
         target = std::move(parsed.records);
         report = std::move(parsed.report);
     }
@@ -38,36 +39,43 @@ LoadResult loadLibrary(CPartwrightPlugInApp& app, typename Kind<Record>::Library
 } // namespace
 
 LoadResult LoadSdtaLibrary(CPartwrightPlugInApp& app, SdtaLibrary& target, std::wstring_view path) {
-    return loadLibrary<SdtaComponent>(app, target,
-                                      path.empty() ? app.sdtaLibraryPath : std::wstring(path));
+    return loadLibrary<SdtaComponent>(
+        app, target, path.empty() ? app.paths.sdtaLibraryPath : std::wstring(path));
 }
 
-LoadResult loadSdtaMaster(CPartwrightPlugInApp& app, SdtaLibrary& target,
-                          std::optional<SdtaReading>& reading, std::wstring_view wantedPath) {
-    const std::wstring path = wantedPath.empty() ? app.sdtaLibraryPath : std::wstring(wantedPath);
+LoadResult loadSdtaMaster(CPartwrightPlugInApp& app, MasterCopy<SdtaComponent>& master,
+                          std::wstring_view wantedPath) {
+    const std::wstring path =
+        wantedPath.empty() ? app.paths.sdtaLibraryPath : std::wstring(wantedPath);
     TextFile file = readTextFile(path);
     LoadResult result{file.status, path, {}};
-    const auto before = std::exchange(reading, std::nullopt);
+    std::optional<LibraryReading> reading;
     if (file.status == FileStatus::Ok) {
-        reading = {path, file.form.codePage, app.decimalMark(), app.sdtaGroupNames, file.bytes};
-        if (reading == before)
+        reading = {path,
+                   file.form.codePage,
+                   app.decimalMark(),
+                   app.sdta.propertiesRead,
+                   app.sdta.groupNames,
+                   file.bytes};
+        if (master.isFrom(*reading))
             return result;
     }
-    target.clear();
-    takeRecords<SdtaComponent>(app, target, file, result);
+    SdtaLibrary records;
+    takeRecords<SdtaComponent>(app, records, file, result);
+    master.replace(std::move(records), std::move(reading));
     return result;
 }
 
 LoadResult LoadAnalysesLibrary(CPartwrightPlugInApp& app, AsrLibrary& target,
                                std::wstring_view path) {
-    if (app.programFolder.empty()) {
+    if (app.paths.programFolder.empty()) {
         if (!path.empty() && fileExists(path)) // not read, so never to be written over
             app.loadReports[std::wstring(path)].setFault(LibraryFault::Unreadable,
                                                          message::fileUnreadable());
         return {};
     }
     LoadResult result = loadLibrary<AsrComponent>(
-        app, target, path.empty() ? app.programFolder + L"ASRLib.csv" : std::wstring(path));
+        app, target, path.empty() ? app.paths.programFolder + L"ASRLib.csv" : std::wstring(path));
     if (result.status == FileStatus::Absent)
         result.message = message::sourceFileNotFound(result.path);
     return result;

@@ -6,7 +6,7 @@
 // What was not taken of a file goes to loadReports, and so does what speaks against writing it
 // back: that it could not be read, or was not understood.
 //
-//   const LoadResult result = LoadSdtaLibrary(app, app.sdtaDesignLibrary);
+//   const LoadResult result = LoadSdtaLibrary(app, library, path);
 //   if (!result.message.empty())
 //       prompt.tell(result.message, PromptIcon::None);
 
@@ -22,10 +22,10 @@ namespace partwright {
 LoadResult LoadSdtaLibrary(CPartwrightPlugInApp& app, SdtaLibrary& target,
                            std::wstring_view path = {});
 
-/// The same for a master copy that was made from `reading`, if that is there. When the file holds
-/// what it held then, and the groups still have their names, the copy stands as it is.
-LoadResult loadSdtaMaster(CPartwrightPlugInApp& app, SdtaLibrary& target,
-                          std::optional<SdtaReading>& reading, std::wstring_view path);
+/// The same for a master copy. When the file holds what the copy was made from, and the definitions
+/// are still the same, the copy stands as it is.
+LoadResult loadSdtaMaster(CPartwrightPlugInApp& app, MasterCopy<SdtaComponent>& master,
+                          std::wstring_view path);
 
 /// An empty path stands for "ASRLib.csv" beside the program. Without a program folder nothing is
 /// done; an absent file is told of.

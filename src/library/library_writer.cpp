@@ -93,7 +93,7 @@ template <class Record>
 class LibraryFormatter {
 public:
     LibraryFormatter(const CPartwrightPlugInApp& app, TextForm form, std::size_t records = 0)
-        : app_(app), codePage_(form.codePage),
+        : definitions_(app.of<Record>()), codePage_(form.codePage),
           separator_(static_cast<char>(app.writtenSeparator())), mark_(app.decimalMark()),
           lineEnd_(form.lineEndBytes()), rowEnd_(separator_ + ("<" + lineEnd_)),
           out_(form.codePage, separator_, (records + 1) * expectedRow) {}
@@ -131,7 +131,7 @@ private:
         return done;
     }
 
-    const CPartwrightPlugInApp& app_;
+    const Definitions<Record>& definitions_;
     CodePage codePage_;
     char separator_;
     wchar_t mark_;
@@ -176,8 +176,8 @@ GroupText LibraryFormatter<Record>::prepare(std::int32_t number) const {
     for (std::size_t i = 0; i < text.columns.size(); ++i)
         text.pins[i] = isPinColumn(text.columns[i]);
 
-    const auto family = name(Rules::family(app_, number));
-    const auto group = name(namesOf<Record>(app_, number, 0).first);
+    const auto family = name(Rules::family(definitions_, number));
+    const auto group = name(definitions_.GroupAndTypeNames(number, 0).first);
     text.beforeFamily = joined({L">", Rules::rowKind, Rules::beforeFamily});
     if (group)
         text.behindFamily = separator_ + *group + separator_;
@@ -189,10 +189,10 @@ GroupText LibraryFormatter<Record>::prepare(std::int32_t number) const {
             *cell += separator_;
         return cell;
     };
-    const auto types = Kind<Record>::groupTypes(app_).find(namesOf<Record>(app_, number, 0).first);
-    const auto known = types == Kind<Record>::groupTypes(app_).end() ? 0 : types->second.size();
+    const std::size_t known = definitions_.typesOf(number).size();
     for (std::size_t type = 0; type <= known; ++type)
-        text.types.push_back(cellOf(Rules::type(app_, number, static_cast<std::int32_t>(type))));
+        text.types.push_back(
+            cellOf(Rules::type(definitions_, number, static_cast<std::int32_t>(type))));
     return text;
 }
 

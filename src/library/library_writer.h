@@ -4,14 +4,14 @@
 // line ends that the file on disk has, and put in place by one write; when anything stands against
 // it the file on disk stays as it is. Nothing here speaks: the result carries the text to show.
 //
-//   const auto records = recordsByGroup(app.sdtaDesignLibrary);
-//   const SaveResult result = SaveSdtaLibrary(app, records, app.sdtaLibraryPath);
+//   const auto records = recordsByGroup(app.libraries.sdtaDesignLibrary.records());
+//   const SaveResult result = SaveSdtaLibrary(app, records, app.paths.sdtaLibraryPath);
 //
 // Texts stand in three quotes, an inner quote doubled, so that a spreadsheet keeps them as texts
 // and the reader gives them back unchanged. A value stands bare unless it would not read back so:
 // with the separator or a quote in it, or "<" at its start, which would end the row.
 
-#include "core/library_kind.h"
+#include "core/application.h"
 #include "core/text_file.h"
 
 #include <cstdint>

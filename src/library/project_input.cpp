@@ -40,39 +40,39 @@ std::array<std::wstring, columnCount> readFields(std::wstring_view line, wchar_t
     return fields;
 }
 
-void storePlacement(CPartwrightPlugInApp& app, std::wstring_view line, wchar_t separator) {
+void storePlacement(PartList& parts, std::wstring_view line, wchar_t separator) {
     auto fields = readFields(line, separator);
     if (fields[designator].empty() || fields[partNumber].empty())
         return;
     ProjectEntry entry;
     entry.selected = equalsNoCase(fields[selection], selectedText) ? 1 : 0;
-    app.selectedCount += entry.selected;
-    entry.values[app.columnPartNumber] = std::move(fields[partNumber]);
-    entry.values[app.columnManufacturer] = std::move(fields[maker]);
-    entry.values[app.columnDescription] = std::move(fields[description]);
-    entry.values[app.columnCatalogNumber] = std::move(fields[catalogNumber]);
-    app.projectEntries[std::move(fields[designator])] = std::move(entry);
+    parts.selectedCount += entry.selected;
+    entry.values[parts.columnPartNumber] = std::move(fields[partNumber]);
+    entry.values[parts.columnManufacturer] = std::move(fields[maker]);
+    entry.values[parts.columnDescription] = std::move(fields[description]);
+    entry.values[parts.columnCatalogNumber] = std::move(fields[catalogNumber]);
+    parts.projectEntries[std::move(fields[designator])] = std::move(entry);
 }
 
-void storeColumns(CPartwrightPlugInApp& app, std::wstring_view line, wchar_t separator) {
+void storeColumns(PartList& parts, std::wstring_view line, wchar_t separator) {
     std::array<std::wstring, maximumCells> cells;
     SplitStarRow(line, separator, cells);
-    app.columnPartNumber = cells[partNumber];
-    app.columnManufacturer = cells[maker];
-    app.columnDescription = cells[description];
-    app.columnCatalogNumber = cells[catalogNumber];
+    parts.columnPartNumber = cells[partNumber];
+    parts.columnManufacturer = cells[maker];
+    parts.columnDescription = cells[description];
+    parts.columnCatalogNumber = cells[catalogNumber];
 }
 
 } // namespace
 
-LoadResult LoadProjectInput(CPartwrightPlugInApp& app, Clock& clock) {
-    if (app.libraryFolder.empty())
+LoadResult LoadProjectInput(ProjectPaths& paths, PartList& parts, Clock& clock) {
+    if (paths.libraryFolder.empty())
         return {};
-    app.projectInputPath = app.projectInputFolder + std::wstring(projectInputName);
-    LoadResult result{FileStatus::Absent, app.projectInputPath, {}};
+    paths.projectInputPath = paths.projectInputFolder + std::wstring(projectInputName);
+    LoadResult result{FileStatus::Absent, paths.projectInputPath, {}};
     TextFile file;
     for (int tries = 1; tries <= maximumTries; ++tries) {
-        file = readTextFile(app.projectInputPath);
+        file = readTextFile(paths.projectInputPath);
         if (file.status != FileStatus::OpenFailed)
             break;
         if (tries < maximumTries)
@@ -81,12 +81,12 @@ LoadResult LoadProjectInput(CPartwrightPlugInApp& app, Clock& clock) {
     result.status = file.status;
     if (file.status == FileStatus::Absent)
         return result;
-    app.projectInputPresent = 1;
-    app.projectEntries.clear();
+    parts.projectInputPresent = 1;
+    parts.projectEntries.clear();
     if (file.status == FileStatus::OpenFailed)
-        result.message = message::failedToOpen(app.projectInputPath);
+        result.message = message::failedToOpen(paths.projectInputPath);
     else
-        parseProjectInput(app, file.bytes, file.form.codePage);
+        parseProjectInput(paths, parts, file.bytes, file.form.codePage);
     return result;
 }
 
@@ -103,12 +103,12 @@ void parseProjectInput(CPartwrightPlugInApp& app, std::string_view bytes, CodePa
         const std::wstring text = decode(narrow, codePage);
         const std::wstring_view line = trim(text);
         if (line.find(projectMark) != std::wstring_view::npos) {
-            app.projectName = projectNameOf(line);
+            paths.projectName = projectNameOf(line);
         } else if (line.find(header) != std::wstring_view::npos) {
-            storeColumns(app, line, separator);
+            storeColumns(parts, line, separator);
             inTable = true;
         } else if (inTable) {
-            storePlacement(app, line, separator);
+            storePlacement(parts, line, separator);
         }
     }
 }

@@ -11,8 +11,9 @@
 // The host may still be writing the file when the program starts, so a file that cannot be opened
 // is tried five times, with a pause of a second between.
 
-#include "core/application.h"
+#include "core/part_list.h"
 #include "core/ports/clock.h"
+#include "core/project_paths.h"
 #include "library/load_result.h"
 
 #include <string_view>
@@ -23,9 +24,10 @@ inline constexpr std::wstring_view projectInputName = L"PlugIn_Partwright_PrjInp
 
 /// Fills projectEntries, projectName, selectedCount and the four column keys. Without a library
 /// folder nothing is done.
-LoadResult LoadProjectInput(CPartwrightPlugInApp& app, Clock& clock);
+LoadResult LoadProjectInput(ProjectPaths& paths, PartList& parts, Clock& clock);
 
 /// The part of that work behind the file.
-void parseProjectInput(CPartwrightPlugInApp& app, std::string_view bytes, CodePage codePage);
+void parseProjectInput(ProjectPaths& paths, PartList& parts, std::string_view bytes,
+                       CodePage codePage);
 
 } // namespace partwright

@@ -76,28 +76,28 @@ bool takeRow(RuleRow& source, Row& row) {
     return true;
 }
 
-void storeFamily(CPartwrightPlugInApp& app, const RuleRow& row, const std::wstring& name) {
+void storeFamily(Definitions<AsrComponent>& asr, const RuleRow& row, const std::wstring& name) {
     const auto code = row.code(groupCode);
     if (!code)
         return;
     const std::wstring familyName = row.text(family);
-    auto& groups = app.asrFamilyGroups[familyName];
+    auto& groups = asr.familyGroups[familyName];
     if (std::none_of(groups.begin(), groups.end(),
                      [&](const FamilyGroup& group) { return group.code == *code; }))
         groups.push_back({*code, name});
-    app.asrGroupFamily[*code] = familyName;
-    app.asrGroupNamesByCode[*code] = name;
+    asr.groupFamily[*code] = familyName;
+    asr.groupNamesByCode[*code] = name;
 }
 
-void rebuildAsrGroups(CPartwrightPlugInApp& app) {
+void rebuildAsrGroups(Definitions<AsrComponent>& asr) {
     for (const auto& [code, name] : fixedGroups)
-        app.asrGroupNamesByCode[code] = name;
-    app.asrGroupNames.assign(1, std::wstring(notDefinedName));
-    for (const auto& [code, name] : app.asrGroupNamesByCode) {
-        app.asrGroupNames.resize(static_cast<std::size_t>(code), std::wstring(notApplicableGroup));
-        app.asrGroupNames.push_back(name);
+        asr.groupNamesByCode[code] = name;
+    asr.groupNames.assign(1, std::wstring(notDefinedName));
+    for (const auto& [code, name] : asr.groupNamesByCode) {
+        asr.groupNames.resize(static_cast<std::size_t>(code), std::wstring(notApplicableGroup));
+        asr.groupNames.push_back(name);
     }
-    app.rebuildAsrTypes();
+    asr.rebuildTypes();
 }
 
 void setFlag(LevelColumns& flags, std::optional<std::int32_t> parameter) {
@@ -107,69 +107,70 @@ void setFlag(LevelColumns& flags, std::optional<std::int32_t> parameter) {
 
 } // namespace
 
-LoadResult LoadSdtaProperties(CPartwrightPlugInApp& app) {
+LoadResult LoadSdtaProperties(const ProjectPaths& paths, Definitions<SdtaComponent>& sdta) {
     const PropertyColumns columns(13);
-    RuleTable table = readRuleTable(app.sdtaPropertyLibraryPath, {.columns = columns.names()});
+    RuleTable table = readRuleTable(paths.sdtaPropertyLibraryPath, {.columns = columns.names()});
     if (table.status == FileStatus::Ok) {
-        app.sdtaProperties.clear();
-        app.forgetReadings();
+        sdta.properties.clear();
+        ++sdta.propertiesRead;
     }
     for (RuleRow& source : table.rows) {
         SdtaPropertyRow row;
         if (takeRow(source, row))
-            app.sdtaProperties.insert_or_assign({row.group, row.type}, std::move(row));
+            sdta.properties.insert_or_assign({row.group, row.type}, std::move(row));
     }
-    return resultOf(table, app.sdtaPropertyLibraryPath);
+    return resultOf(table, paths.sdtaPropertyLibraryPath);
 }
 
-LoadResult LoadAsrProperties(CPartwrightPlugInApp& app) {
-    if (app.programFolder.empty())
+LoadResult LoadAsrProperties(const ProjectPaths& paths, Definitions<AsrComponent>& asr) {
+    if (paths.programFolder.empty())
         return {};
-    const std::wstring path = app.programFolder + L"Property_ASR_Library.csv";
+    const std::wstring path = paths.programFolder + L"Property_ASR_Library.csv";
     const PropertyColumns columns(24);
     RuleTable table = readRuleTable(path, {.columns = columns.names(), .doublesQuotes = true});
     if (table.status != FileStatus::Ok)
         return resultOf(table, path);
-    app.asrProperties.clear();
-    app.asrFamilyGroups.clear();
-    app.asrGroupFamily.clear();
-    app.asrGroupNamesByCode.clear();
+    asr.properties.clear();
+    asr.familyGroups.clear();
+    asr.groupFamily.clear();
+    asr.groupNamesByCode.clear();
     for (RuleRow& source : table.rows) {
         AsrPropertyRow row;
         if (!takeRow(source, row))
             continue;
-        storeFamily(app, source, row.group);
-        app.asrProperties.insert_or_assign({row.group, row.type}, std::move(row));
+        storeFamily(asr, source, row.group);
+        asr.properties.insert_or_assign({row.group, row.type}, std::move(row));
     }
-    rebuildAsrGroups(app);
+    rebuildAsrGroups(asr);
     return resultOf(table, path);
 }
 
-LoadResult LoadColumnVisibility(CPartwrightPlugInApp& app) {
+LoadResult LoadColumnVisibility(const ProjectPaths& paths, Definitions<AsrComponent>& asr) {
     constexpr std::wstring_view group = L"GroupID";
-    constexpr std::wstring_view rapid = L"LParID_RAPID";
-    constexpr std::wstring_view asr = L"LParID_ASR";
-    constexpr std::wstring_view columns[] = {group, rapid, asr};
-    const std::wstring path = app.programFolder + std::wstring(visibilityFile);
-    app.asrColumnsForRapid.clear();
-    app.asrColumnsForAsr.clear();
+    constexpr std::wstring_view forRapid = L"LParID_RAPID";
+    constexpr std::wstring_view forAsr = L"LParID_ASR";
+    constexpr std::wstring_view columns[] = {group, forRapid, forAsr};
+    const std::wstring path = paths.programFolder + std::wstring(visibilityFile);
+    asr.columnsForRapid.clear();
+    asr.columnsForAsr.clear();
     const RuleTable table = readRuleTable(path, {.columns = columns});
     for (const RuleRow& row : table.rows) {
         const auto code = row.code(group);
         if (!code)
             continue;
-        setFlag(app.asrColumnsForRapid.try_emplace(*code, LevelColumns{}).first->second,
-                row.number(rapid));
-        setFlag(app.asrColumnsForAsr.try_emplace(*code, LevelColumns{}).first->second,
-                row.number(asr));
+        setFlag(asr.columnsForRapid.try_emplace(*code, LevelColumns{}).first->second,
+                row.number(forRapid));
+        setFlag(asr.columnsForAsr.try_emplace(*code, LevelColumns{}).first->second,
+                row.number(forAsr));
     }
     return resultOf(table, path);
 }
 
-LoadResult LoadGroupNames(CPartwrightPlugInApp& app) {
+LoadResult LoadGroupNames(const ProjectPaths& paths, ClassifierTables& classifier,
+                          Definitions<SdtaComponent>& sdta) {
     constexpr std::wstring_view columns[] = {L"BiCod", L"NameGroup", L"Rules", L"RulesExcluding",
                                              L"TipicalRefDes"};
-    const RuleTable table = readRuleTable(app.descrRulesPath, {.columns = columns});
+    const RuleTable table = readRuleTable(paths.descrRulesPath, {.columns = columns});
     std::map<std::int32_t, GroupRule> ruleOf;
     std::map<std::int32_t, std::wstring> designatorsOf;
     std::map<std::int32_t, std::wstring> nameOf;
@@ -179,8 +180,8 @@ LoadResult LoadGroupNames(CPartwrightPlugInApp& app) {
         if (!code || rules.empty())
             continue;
         // The same text passed at the reading before; compiling it is what takes long here.
-        const auto before = app.GroupRuleTable.find(*code);
-        if ((before == app.GroupRuleTable.end() || before->second.rules != rules) &&
+        const auto before = classifier.GroupRuleTable.find(*code);
+        if ((before == classifier.GroupRuleTable.end() || before->second.rules != rules) &&
             !ValidateRegularExpression(rules))
             continue;
         ruleOf[*code] = {rules, row.text(L"RulesExcluding")};
@@ -191,12 +192,12 @@ LoadResult LoadGroupNames(CPartwrightPlugInApp& app) {
     // The table is read more than once in a run. Records in memory stand under the names of the
     // earlier reading; without any they could not be written under their groups.
     if (!nameOf.empty()) {
-        app.GroupRuleTable = std::move(ruleOf);
-        app.GroupRefDesTable = std::move(designatorsOf);
-        app.groupNamesByCode = std::move(nameOf);
+        classifier.GroupRuleTable = std::move(ruleOf);
+        classifier.GroupRefDesTable = std::move(designatorsOf);
+        classifier.groupNamesByCode = std::move(nameOf);
     }
-    app.rebuildSdtaGroups();
-    return resultOf(table, app.descrRulesPath);
+    rebuildSdtaGroups(classifier, sdta);
+    return resultOf(table, paths.descrRulesPath);
 }
 
 } // namespace partwright

@@ -5,23 +5,26 @@
 // groups itself. An absent table is silent and leaves the application's tables as they are, except
 // where told.
 
-#include "core/application.h"
+#include "core/classifier_tables.h"
+#include "core/definitions.h"
+#include "core/project_paths.h"
 #include "library/load_result.h"
 
 namespace partwright {
 
-/// sdtaProperties from sdtaPropertyLibraryPath.
-LoadResult LoadSdtaProperties(CPartwrightPlugInApp& app);
+/// The property rows from sdtaPropertyLibraryPath.
+LoadResult LoadSdtaProperties(const ProjectPaths& paths, Definitions<SdtaComponent>& sdta);
 
-/// asrProperties, the families, the group names by code and the list asrGroupNames, whose gaps
+/// The property rows, the families, the group names by code and the list of groups, whose gaps
 /// read "N/A"; then the type lists. Without a program folder nothing is done.
-LoadResult LoadAsrProperties(CPartwrightPlugInApp& app);
+LoadResult LoadAsrProperties(const ProjectPaths& paths, Definitions<AsrComponent>& asr);
 
-/// asrColumnsForRapid and asrColumnsForAsr, emptied first.
-LoadResult LoadColumnVisibility(CPartwrightPlugInApp& app);
+/// columnsForRapid and columnsForAsr, emptied first.
+LoadResult LoadColumnVisibility(const ProjectPaths& paths, Definitions<AsrComponent>& asr);
 
 /// GroupRuleTable, GroupRefDesTable and groupNamesByCode, emptied first; then the list of SDTA
 /// groups and its type lists. A row whose rule is no valid expression makes no group.
-LoadResult LoadGroupNames(CPartwrightPlugInApp& app);
+LoadResult LoadGroupNames(const ProjectPaths& paths, ClassifierTables& classifier,
+                          Definitions<SdtaComponent>& sdta);
 
 } // namespace partwright

@@ -10,7 +10,7 @@ namespace partwright {
 namespace {
 
 template <class Record>
-LoadResult loadDefaults(CPartwrightPlugInApp& app, const std::wstring& path) {
+LoadResult loadDefaults(Definitions<Record>& definitions, const std::wstring& path) {
     constexpr std::wstring_view group = L"ID_Family";
     constexpr std::wstring_view type = L"ID_Type";
     std::vector<std::wstring> slots;
@@ -19,7 +19,7 @@ LoadResult loadDefaults(CPartwrightPlugInApp& app, const std::wstring& path) {
     std::vector<std::wstring_view> columns{group, type};
     columns.insert(columns.end(), slots.begin(), slots.end());
 
-    auto& defaults = Kind<Record>::defaultLPar(app);
+    auto& defaults = definitions.defaultLPar;
     defaults.clear();
     const RuleTable table =
         readRuleTable(path, {.columns = columns, .comments = true, .closesRows = true});
@@ -38,50 +38,51 @@ LoadResult loadDefaults(CPartwrightPlugInApp& app, const std::wstring& path) {
 
 } // namespace
 
-LoadResult LoadSdtaDefaultLPar(CPartwrightPlugInApp& app) {
-    return loadDefaults<SdtaComponent>(app, app.sdtaDefaultLParPath);
+LoadResult LoadSdtaDefaultLPar(const ProjectPaths& paths, Definitions<SdtaComponent>& sdta) {
+    return loadDefaults(sdta, paths.sdtaDefaultLParPath);
 }
 
-LoadResult LoadAsrDefaultLPar(CPartwrightPlugInApp& app) {
-    return loadDefaults<AsrComponent>(app, app.asrDefaultLParPath);
+LoadResult LoadAsrDefaultLPar(const ProjectPaths& paths, Definitions<AsrComponent>& asr) {
+    return loadDefaults(asr, paths.asrDefaultLParPath);
 }
 
-LoadResult LoadManagementTable(CPartwrightPlugInApp& app) {
+LoadResult LoadManagementTable(const ProjectPaths& paths, ClassifierTables& classifier) {
     constexpr std::wstring_view columns[] = {L"Text_Key", L"MethodID", L"BiCod", L"TypeID",
                                              L"Type Name"};
-    app.DirectKeyTable.clear();
+    classifier.DirectKeyTable.clear();
     const RuleTable table = readRuleTable(
-        app.managementTablePath, {.columns = columns, .comments = true, .searchesHeader = true});
+        paths.managementTablePath, {.columns = columns, .comments = true, .searchesHeader = true});
     for (const RuleRow& row : table.rows) {
         const auto method = row.number(L"MethodID");
         const auto group = row.code(L"BiCod");
         if (method && group)
-            app.DirectKeyTable[*method].push_back({*group, row.number(L"TypeID").value_or(0),
-                                                   row.text(L"Text_Key"), row.text(L"Type Name")});
+            classifier.DirectKeyTable[*method].push_back({*group, row.number(L"TypeID").value_or(0),
+                                                          row.text(L"Text_Key"),
+                                                          row.text(L"Type Name")});
     }
-    return resultOf(table, app.managementTablePath);
+    return resultOf(table, paths.managementTablePath);
 }
 
-LoadResult LoadConvBiCode(CPartwrightPlugInApp& app) {
+LoadResult LoadConvBiCode(const ProjectPaths& paths, ClassifierTables& classifier) {
     constexpr std::wstring_view columns[] = {L"Method", L"NameID", L"Family", L"ID_BiCod"};
-    app.convBiCode.clear();
-    const std::wstring path = app.programFolder + L"Conv_BiCode.csv";
+    classifier.convBiCode.clear();
+    const std::wstring path = paths.programFolder + L"Conv_BiCode.csv";
     const RuleTable table = readRuleTable(path, {.columns = columns});
     for (const RuleRow& row : table.rows) {
         const auto method = row.number(L"Method");
         const auto code = row.code(L"NameID");
         if (method && code)
-            app.convBiCode[*method].push_back(
+            classifier.convBiCode[*method].push_back(
                 {*code, row.number(L"Family").value_or(0), row.number(L"ID_BiCod").value_or(0)});
     }
     return resultOf(table, path);
 }
 
-std::int32_t ConvertBiCode(const CPartwrightPlugInApp& app, std::int32_t code,
+std::int32_t ConvertBiCode(const ClassifierTables& classifier, std::int32_t code,
                            std::int32_t& family) {
-    const auto from = app.convBiCode.find(Kind<SdtaComponent>::method);
-    const auto to = app.convBiCode.find(Kind<AsrComponent>::method);
-    if (from == app.convBiCode.end() || to == app.convBiCode.end())
+    const auto from = classifier.convBiCode.find(Kind<SdtaComponent>::method);
+    const auto to = classifier.convBiCode.find(Kind<AsrComponent>::method);
+    if (from == classifier.convBiCode.end() || to == classifier.convBiCode.end())
         return noBiCode;
     const auto source = std::find_if(from->second.begin(), from->second.end(),
                                      [&](const BiCodeEntry& entry) { return entry.code == code; });

@@ -4,28 +4,30 @@
 // type detection, and the conversion of group codes between the two numberings. Each loader empties
 // its table first; an absent file is silent.
 
-#include "core/application.h"
+#include "core/classifier_tables.h"
+#include "core/definitions.h"
+#include "core/project_paths.h"
 #include "library/load_result.h"
 
 #include <cstdint>
 
 namespace partwright {
 
-LoadResult LoadSdtaDefaultLPar(CPartwrightPlugInApp& app);
-LoadResult LoadAsrDefaultLPar(CPartwrightPlugInApp& app);
+LoadResult LoadSdtaDefaultLPar(const ProjectPaths& paths, Definitions<SdtaComponent>& sdta);
+LoadResult LoadAsrDefaultLPar(const ProjectPaths& paths, Definitions<AsrComponent>& asr);
 
 /// DirectKeyTable from managementTablePath.
-LoadResult LoadManagementTable(CPartwrightPlugInApp& app);
+LoadResult LoadManagementTable(const ProjectPaths& paths, ClassifierTables& classifier);
 
 /// convBiCode from "Conv_BiCode.csv" beside the program.
-LoadResult LoadConvBiCode(CPartwrightPlugInApp& app);
+LoadResult LoadConvBiCode(const ProjectPaths& paths, ClassifierTables& classifier);
 
 /// The answer of ConvertBiCode for a code that has no counterpart.
 inline constexpr std::int32_t noBiCode = -10;
 
 /// Carries an SDTA group code over to the Analyses numbering: by the common code, else the lowest
 /// code of the family. `family` is set only when a code was found.
-[[nodiscard]] std::int32_t ConvertBiCode(const CPartwrightPlugInApp& app, std::int32_t code,
+[[nodiscard]] std::int32_t ConvertBiCode(const ClassifierTables& classifier, std::int32_t code,
                                          std::int32_t& family);
 
 } // namespace partwright

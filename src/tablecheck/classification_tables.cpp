@@ -110,7 +110,7 @@ private:
 template <class Record>
 void checkDirectKey(const CPartwrightPlugInApp& app, const RuleRow& row, std::int32_t group,
                     std::int32_t type, Findings& findings) {
-    const auto [groupName, typeName] = namesOf<Record>(app, group, type);
+    const auto [groupName, typeName] = app.of<Record>().GroupAndTypeNames(group, type);
     if (groupName == notDefinedName || groupName == notApplicableGroup)
         findings.add(row.line, L"BiCod", say({L"no group ", number(group)}));
     else if (type != 0 && typeName == defaultTypeName)
@@ -125,10 +125,10 @@ void checkDirectKey(const CPartwrightPlugInApp& app, const RuleRow& row, std::in
 void checkGroupRules(const CPartwrightPlugInApp& app, std::vector<TableFinding>& all) {
     static constexpr std::wstring_view columns[] = {L"BiCod", L"NameGroup",      L"Description",
                                                     L"Rules", L"RulesExcluding", L"TipicalRefDes"};
-    Findings findings(all, app.descrRulesPath);
+    Findings findings(all, app.paths.descrRulesPath);
     RuleTableForm form;
     form.columns = columns;
-    const RuleTable table = openForCheck(app.descrRulesPath, form, findings);
+    const RuleTable table = openForCheck(app.paths.descrRulesPath, form, findings);
     std::int32_t expected = 0;
     std::set<std::wstring> names;
     for (const RuleRow& row : table.rows) {
@@ -156,11 +156,12 @@ void checkGroupRules(const CPartwrightPlugInApp& app, std::vector<TableFinding>&
 
 void checkTypeKeywords(const CPartwrightPlugInApp& app, const UnitTable& units,
                        std::vector<TableFinding>& all) {
-    Findings findings(all, app.descrRulesSdtaTypesPath);
+    Findings findings(all, app.paths.descrRulesSdtaTypesPath);
     std::set<GroupAndType> seen;
     std::set<std::int32_t> defaults;
     KeywordOwners owners;
-    const RuleTable table = openForCheck(app.descrRulesSdtaTypesPath, typeKeywordForm(), findings);
+    const RuleTable table =
+        openForCheck(app.paths.descrRulesSdtaTypesPath, typeKeywordForm(), findings);
     for (const RuleRow& row : table.rows) {
         const auto group = integerCell(row, L"BiCod", findings);
         const auto type = integerCell(row, L"ParamID", findings);
@@ -191,13 +192,13 @@ void checkTypeKeywords(const CPartwrightPlugInApp& app, const UnitTable& units,
 void checkDirectKeys(const CPartwrightPlugInApp& app, std::vector<TableFinding>& all) {
     static constexpr std::wstring_view columns[] = {L"Text_Key", L"MethodID", L"BiCod", L"TypeID",
                                                     L"Type Name"};
-    Findings findings(all, app.managementTablePath);
+    Findings findings(all, app.paths.managementTablePath);
     RuleTableForm form;
     form.columns = columns;
     form.comments = true;
     form.searchesHeader = true;
     std::set<std::pair<std::int32_t, std::wstring>> keys;
-    for (const RuleRow& row : openForCheck(app.managementTablePath, form, findings).rows) {
+    for (const RuleRow& row : openForCheck(app.paths.managementTablePath, form, findings).rows) {
         const auto method = integerCell(row, L"MethodID", findings);
         const auto group = integerCell(row, L"BiCod", findings);
         const auto type = integerCell(row, L"TypeID", findings);
@@ -218,7 +219,7 @@ void checkDirectKeys(const CPartwrightPlugInApp& app, std::vector<TableFinding>&
 }
 
 void checkSynonyms(const CPartwrightPlugInApp& app, std::vector<TableFinding>& all) {
-    const std::wstring path = app.programFolder + L"DescrSynonyms.csv";
+    const std::wstring path = app.paths.programFolder + L"DescrSynonyms.csv";
     Findings findings(all, path);
     const RuleTable table = openForCheck(path, synonymForm(), findings);
     std::map<std::wstring, std::size_t> seen;

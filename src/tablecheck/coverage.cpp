@@ -56,7 +56,7 @@ std::set<std::int32_t> referencesOf(const CPartwrightPlugInApp& app, std::int32_
                                     const std::wstring& name) {
     std::set<std::int32_t> references;
     const std::size_t columns = Kind<Record>::columns(group).size();
-    for (const auto& [pair, row] : Kind<Record>::properties(app))
+    for (const auto& [pair, row] : app.of<Record>().properties)
         for (std::size_t n = 1; row.group == name && n <= columns; ++n)
             if (row.valid[n] >= 0 && row.names[n] != cell::labelNotApplicable)
                 references.insert(row.valid[n]);
@@ -89,16 +89,16 @@ std::vector<GroupCounts> groupsOf(const CPartwrightPlugInApp& app, const FillTab
     constexpr std::int32_t method = Kind<Record>::method;
     std::vector<GroupCounts> groups;
     for (std::int32_t code = 1; code <= Kind<Record>::lastGroup; ++code) {
-        const std::wstring name(namesOf<Record>(app, code, 0).first);
+        const std::wstring name(app.of<Record>().GroupAndTypeNames(code, 0).first);
         if (name == notDefinedName || name == notApplicableGroup)
             continue;
         GroupCounts counts{code, name, {}, 0, 0, 0, {}};
-        const auto types = Kind<Record>::groupTypes(app).find(name);
-        if (types != Kind<Record>::groupTypes(app).end())
-            for (std::size_t i = 1; i < types->second.size(); ++i)
-                counts.types.push_back(L"`" + types->second[i].name + L"`");
+        const auto types = app.of<Record>().typesOf(code);
+        for (std::size_t i = 1; i < types.size(); ++i)
+            counts.types.push_back(L"`" + types[i].name + L"`");
         counts.keywords = keywordsOf(keywords, method, code);
-        if (const auto keys = app.DirectKeyTable.find(method); keys != app.DirectKeyTable.end())
+        if (const auto keys = app.classifier.DirectKeyTable.find(method);
+            keys != app.classifier.DirectKeyTable.end())
             for (const DirectKey& key : keys->second)
                 counts.directKeys += key.group == code ? 1 : 0;
         counts.rules = rulesOf(tables.rules, method, code);
@@ -166,7 +166,7 @@ std::wstring seriesTables(const std::map<std::wstring, SeriesByMaker>& families)
 }
 
 GroupLibraryTable readGroupLibrary(const CPartwrightPlugInApp& app) {
-    const TextFile file = readTextFile(app.groupLibraryPath);
+    const TextFile file = readTextFile(app.paths.groupLibraryPath);
     return file.status == FileStatus::Ok ? parseGroupLibrary(file.bytes, file.form.codePage)
                                          : GroupLibraryTable();
 }
@@ -192,11 +192,11 @@ std::wstring coverageText(const CPartwrightPlugInApp& app, const FillTables& tab
     SynonymTable synonyms;
     ValidationTables validation;
     // A table that cannot be read counts as empty here; the table check tells of it.
-    static_cast<void>(LoadTypeKeywords(app, keywords));
-    static_cast<void>(LoadSynonyms(app, synonyms));
-    static_cast<void>(LoadValidationRules(app.sdtaValidationRulesPath, validation.rules));
+    static_cast<void>(LoadTypeKeywords(app.paths, keywords));
+    static_cast<void>(LoadSynonyms(app.paths, synonyms));
+    static_cast<void>(LoadValidationRules(app.paths.sdtaValidationRulesPath, validation.rules));
     static_cast<void>(
-        LoadThermalValidationRules(app.sdtaThermalValidationPath, validation.thermal));
+        LoadThermalValidationRules(app.paths.sdtaThermalValidationPath, validation.thermal));
     const GroupLibraryTable library = readGroupLibrary(app);
 
     const auto stress = groupsOf<SdtaComponent>(app, tables, keywords);

@@ -58,8 +58,8 @@ private:
             return;
         if (!seen_.insert({*group, *type}).second)
             findings_.add(row.line, L"ID_Type", L"the pair stands above; that line is lost");
-        const auto [groupName, typeName] = namesOf<Record>(app_, *group, *type);
-        const auto* property = findRow<Record>(app_, groupName, typeName);
+        const auto [groupName, typeName] = app_.of<Record>().GroupAndTypeNames(*group, *type);
+        const auto* property = app_.of<Record>().FindPropertyRow(groupName, typeName);
         if (Kind<Record>::columns(*group).empty() || property == nullptr ||
             (*type != 0 && typeName == defaultTypeName)) {
             findings_.add(row.line, L"ID_Type", L"no such pair of group and type");
@@ -100,8 +100,8 @@ private:
 
 void checkDefaults(const CPartwrightPlugInApp& app, const ValidationRules& rules,
                    std::vector<TableFinding>& all) {
-    DefaultCheck<SdtaComponent>(app, app.sdtaDefaultLParPath, rules, all);
-    DefaultCheck<AsrComponent>(app, app.asrDefaultLParPath, rules, all);
+    DefaultCheck<SdtaComponent>(app, app.paths.sdtaDefaultLParPath, rules, all);
+    DefaultCheck<AsrComponent>(app, app.paths.asrDefaultLParPath, rules, all);
 }
 
 } // namespace partwright

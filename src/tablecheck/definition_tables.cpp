@@ -91,11 +91,12 @@ ValidationRules checkValidationRules(const CPartwrightPlugInApp& app,
                                      std::vector<TableFinding>& all) {
     static constexpr std::wstring_view columns[] = {L"ValidationID", L"CheckType", L"CheckID",
                                                     L"Param1",       L"Param2",    L"Message"};
-    Findings findings(all, app.sdtaValidationRulesPath);
+    Findings findings(all, app.paths.sdtaValidationRulesPath);
     RuleTableForm form;
     form.columns = columns;
     ValidationRules rules;
-    for (const RuleRow& row : openForCheck(app.sdtaValidationRulesPath, form, findings).rows) {
+    for (const RuleRow& row :
+         openForCheck(app.paths.sdtaValidationRulesPath, form, findings).rows) {
         const auto id = integerCell(row, L"ValidationID", findings);
         const auto check = integerCell(row, L"CheckID", findings);
         if (!id || !check)
@@ -126,11 +127,12 @@ ValidationRules checkValidationRules(const CPartwrightPlugInApp& app,
 void checkThermalRules(const CPartwrightPlugInApp& app, std::vector<TableFinding>& all) {
     static constexpr std::wstring_view columns[] = {L"BCodeID", L"TypeID", L"Name", L"ValidationID",
                                                     L"MessageID"};
-    Findings findings(all, app.sdtaThermalValidationPath);
+    Findings findings(all, app.paths.sdtaThermalValidationPath);
     RuleTableForm form;
     form.columns = columns;
     std::set<std::pair<std::int32_t, std::int32_t>> seen;
-    for (const RuleRow& row : openForCheck(app.sdtaThermalValidationPath, form, findings).rows) {
+    for (const RuleRow& row :
+         openForCheck(app.paths.sdtaThermalValidationPath, form, findings).rows) {
         const auto group = integerCell(row, L"BCodeID", findings);
         const auto order = integerCell(row, L"TypeID", findings);
         const auto rule = integerCell(row, L"ValidationID", findings);
@@ -158,7 +160,7 @@ void checkThermalRules(const CPartwrightPlugInApp& app, std::vector<TableFinding
 
 void checkVisibility(const CPartwrightPlugInApp& app, std::vector<TableFinding>& all) {
     static constexpr std::wstring_view columns[] = {L"GroupID", L"LParID_RAPID", L"LParID_ASR"};
-    const std::wstring path = app.programFolder + L"LibColVisibility_Ext.csv";
+    const std::wstring path = app.paths.programFolder + L"LibColVisibility_Ext.csv";
     Findings findings(all, path);
     RuleTableForm form;
     form.columns = columns;
@@ -189,7 +191,7 @@ void checkVisibility(const CPartwrightPlugInApp& app, std::vector<TableFinding>&
 
 void checkConversion(const CPartwrightPlugInApp& app, std::vector<TableFinding>& all) {
     static constexpr std::wstring_view columns[] = {L"Method", L"NameID", L"Family", L"ID_BiCod"};
-    const std::wstring path = app.programFolder + L"Conv_BiCode.csv";
+    const std::wstring path = app.paths.programFolder + L"Conv_BiCode.csv";
     Findings findings(all, path);
     RuleTableForm form;
     form.columns = columns;
@@ -211,9 +213,10 @@ void checkConversion(const CPartwrightPlugInApp& app, std::vector<TableFinding>&
         return;
     for (std::int32_t group = 1; group <= lastSdtaGroup; ++group) {
         std::int32_t family = 0;
-        const std::int32_t code = ConvertBiCode(app, group, family);
-        const bool named = namesOf<AsrComponent>(app, code, 0).first != notApplicableGroup &&
-                           namesOf<AsrComponent>(app, code, 0).first != notDefinedName;
+        const std::int32_t code = ConvertBiCode(app.classifier, group, family);
+        const bool named =
+            app.of<AsrComponent>().GroupAndTypeNames(code, 0).first != notApplicableGroup &&
+            app.of<AsrComponent>().GroupAndTypeNames(code, 0).first != notDefinedName;
         if (!named)
             findings.add(0, L"NameID",
                          say({L"SDTA group ", number(group), L" reaches no Analyses group"}));

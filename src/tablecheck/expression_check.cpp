@@ -18,6 +18,8 @@ void checkExpression(std::wstring_view expression, bool inCapitals, std::size_t 
         findings.add(line, column, L"refers back to a group");
     if (traits.nestsEndlessRepeats)
         findings.add(line, column, L"repeats without end inside a repeat without end");
+    if (traits.nestsLookAheads)
+        findings.add(line, column, L"looks ahead inside a look-ahead");
     if (inCapitals && traits.hasLetterEscape)
         findings.add(line, column, L"has a letter escape, which means something else in capitals");
     if (inCapitals && !traitsOf(upperCase(expression)).valid)

@@ -12,8 +12,10 @@ Findings::Findings(std::vector<TableFinding>& all, std::wstring_view path) : all
     file_ = path.substr(start);
 }
 
-void Findings::add(std::size_t line, std::wstring_view column, std::wstring text) {
-    all_.push_back({file_, line, std::wstring(column), std::move(text)});
+void Findings::add(std::size_t line, std::wstring_view column, std::wstring_view text) {
+    all_.push_back({file_, std::wstring(column), refusal(text)});
+    if (line != 0)
+        all_.back().finding.rows = {line};
 }
 
 RuleTable openForCheck(std::wstring_view path, const RuleTableForm& form, Findings& findings,

@@ -3,6 +3,7 @@
 // What the table check hands back: one place in one file, and what is wrong there.
 
 #include "library/rule_table.h"
+#include "validation/finding.h"
 
 #include <string>
 #include <string_view>
@@ -13,11 +14,14 @@ namespace partwright {
 struct TableFinding {
     /// File name without its folder.
     std::wstring file;
-    /// From 1; 0 for the file as a whole.
-    std::size_t line = 0;
     /// Empty for the row as a whole.
     std::wstring column;
-    std::wstring text;
+    /// Its row is the line, from 1; a finding about the file as a whole has none.
+    Finding finding;
+
+    [[nodiscard]] std::size_t line() const {
+        return finding.rows.empty() ? 0 : finding.rows.front();
+    }
 };
 
 /// Findings of one file under check.
@@ -25,7 +29,8 @@ class Findings {
 public:
     Findings(std::vector<TableFinding>& all, std::wstring_view path);
 
-    void add(std::size_t line, std::wstring_view column, std::wstring text);
+    /// Line 0 is the file as a whole.
+    void add(std::size_t line, std::wstring_view column, std::wstring_view text);
     [[nodiscard]] const std::wstring& file() const { return file_; }
 
 private:

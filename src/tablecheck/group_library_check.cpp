@@ -403,8 +403,8 @@ void checkGroupLibrary(const CPartwrightPlugInApp& app, FillEngine& engine,
     for (std::size_t i = 1; i <= tableColumns; ++i)
         tableNames.push_back(L"LPar" + std::to_wstring(i));
     const std::vector<std::wstring_view> tables(tableNames.begin(), tableNames.end());
-    Findings findings(all, app.groupLibraryPath);
-    const TextFile file = readTextFile(app.groupLibraryPath);
+    Findings findings(all, app.paths.groupLibraryPath);
+    const TextFile file = readTextFile(app.paths.groupLibraryPath);
     if (file.status != FileStatus::Ok) {
         findings.add(0, {}, L"the file is missing or cannot be opened");
         return;

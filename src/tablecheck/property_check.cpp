@@ -63,7 +63,7 @@ private:
         if (!group)
             return;
         const std::wstring name = row.text(L"GroupName");
-        if (namesOf<Record>(app_, *group, 0).first != name)
+        if (app_.of<Record>().GroupAndTypeNames(*group, 0).first != name)
             findings_.add(row.line, L"GroupName",
                           say({L"\"", name, L"\" is not the name of group ", number(*group)}));
         if (Kind<Record>::family(*group) != row.text(L"Family"))
@@ -81,13 +81,11 @@ private:
     }
 
     [[nodiscard]] bool isType(std::int32_t group, const std::wstring& type) const {
-        const auto& types = Kind<Record>::groupTypes(app_);
-        const auto found = types.find(namesOf<Record>(app_, group, 0).first);
+        const auto types = app_.of<Record>().typesOf(group);
         return type == defaultTypeName ||
-               (found != types.end() &&
-                std::any_of(found->second.begin(), found->second.end(), [&](const auto& entry) {
-                    return entry.name == type || lookedUpName(entry.name) == type;
-                }));
+               std::any_of(types.begin(), types.end(), [&](const TypeEntry& entry) {
+                   return entry.name == type || lookedUpName(entry.name) == type;
+               });
     }
 
     void checkParameters(const RuleRow& row, std::int32_t group) {
@@ -146,11 +144,11 @@ private:
     }
 
     void checkPairs() {
-        for (const auto& [group, types] : Kind<Record>::groupTypes(app_)) {
+        for (const auto& [group, types] : app_.of<Record>().groupTypes) {
             if (group == notDefinedName || group == notApplicableGroup)
                 continue;
             for (const TypeEntry& type : types) {
-                const auto* row = findRow<Record>(app_, group, type.name);
+                const auto* row = app_.of<Record>().FindPropertyRow(group, type.name);
                 // The group's "Default" row steps in for a type without a row of its own.
                 const bool own = row != nullptr && (type.name == defaultTypeName ||
                                                     row->type == lookedUpName(type.name));
@@ -173,8 +171,8 @@ private:
 
 void checkProperties(const CPartwrightPlugInApp& app, const ValidationRules& rules,
                      std::vector<TableFinding>& all) {
-    PropertyCheck<SdtaComponent>(app, rules, all, app.sdtaPropertyLibraryPath, 13, false);
-    PropertyCheck<AsrComponent>(app, rules, all, app.asrPropertyLibraryPath, 24, true);
+    PropertyCheck<SdtaComponent>(app, rules, all, app.paths.sdtaPropertyLibraryPath, 13, false);
+    PropertyCheck<AsrComponent>(app, rules, all, app.paths.asrPropertyLibraryPath, 24, true);
 }
 
 } // namespace partwright

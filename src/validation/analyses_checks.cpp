@@ -16,32 +16,33 @@ namespace {
 constexpr std::int32_t regulatorGroup = 8;
 constexpr std::wstring_view regulatorOutput = L"Pin-Out";
 
-void decide(CommitAnswer& answer, std::vector<std::wstring> boxes) {
-    answer.decision = boxes.empty() ? CommitDecision::Accepted : CommitDecision::Refused;
-    answer.boxes = std::move(boxes);
+/// Rules that are final for their cells, ahead of all others.
+CellAnswer byGroup(const AnalysesTable& table, const AnalysesRow& row, std::size_t position,
+                   std::wstring_view text) {
+    if (auto fault = refusalUnless(amplifierOutputFault(table, row, position, text)))
+        return {true, std::move(fault)};
+    CellAnswer frequency = CheckFrequencyCell(table, row, position, text);
+    if (frequency.finding)
+        return frequency;
+    CellAnswer group = CheckGroupCell(table, row, position, text);
+    group.isJudged = group.isJudged || frequency.isJudged;
+    return group;
 }
 
-/// Rules that are final for their cells, ahead of all others.
-bool decideByGroup(const AnalysesTable& table, const AnalysesRow& row, std::size_t position,
-                   CommitAnswer& answer) {
-    if (std::wstring fault = amplifierOutputFault(table, row, position, answer.text);
-        !fault.empty()) {
-        decide(answer, {std::move(fault)});
-        return true;
-    }
-    const CellAnswer frequency = CheckFrequencyCell(table, row, position, answer.text);
-    if (frequency && !frequency->empty()) {
-        decide(answer, *frequency);
-        return true;
-    }
-    const CellAnswer group = CheckGroupCell(table, row, position, answer.text);
-    if (!frequency && !group)
-        return false;
-    // What passes here is still no value: its own box refuses it.
-    if (answer.text == cell::notApplicable && (!group || group->empty()))
-        return false;
-    decide(answer, group.value_or(CellBoxes{}));
-    return true;
+/// What holds for every group.
+CellAnswer byColumn(const AnalysesTable& table, const AnalysesRow& row, std::size_t position,
+                    std::wstring_view text) {
+    if (CellAnswer list = CheckListCell(table.group, row.type(), position, text, table.decimalMark);
+        list.isJudged)
+        return list;
+    if (table.group == regulatorGroup && table.header(position) == regulatorOutput &&
+        text == cell::shownNoValue)
+        return {true, refusal(check_text::regulatorOutput)};
+    return {table.namesPins(position)};
+}
+
+CommitDecision decide(const CellAnswer& answer) {
+    return answer.finding ? CommitDecision::Refused : CommitDecision::Accepted;
 }
 
 std::vector<ItemRow> splitRows(const AnalysesTable& table, std::span<const AnalysesRow> rows) {
@@ -57,47 +58,46 @@ std::vector<ItemRow> splitRows(const AnalysesTable& table, std::span<const Analy
 CommitAnswer AnalysesChecks::atCommit(const AnalysesRow& row, std::size_t position,
                                       std::wstring_view text) const {
     CommitAnswer answer;
-    const std::wstring_view header = table_.header(position);
-    answer.text =
-        normaliseUnit(table_.group, header, text, table_.decimalMark).value_or(std::wstring(text));
-    if (decideByGroup(table_, row, position, answer))
-        return answer;
-    if (answer.text == cell::notApplicable && !isOptionColumn(table_.group, position)) {
+    answer.text = normaliseUnit(table_.group, table_.header(position), text, table_.decimalMark);
+    if (answer.text)
+        text = *answer.text;
+    CellAnswer judged = byGroup(table_, row, position, text);
+    // A "N/A" that passes here is still no value: its own box refuses it.
+    const bool isNotApplicable = text == cell::notApplicable && !judged.finding;
+    if (isNotApplicable && !isOptionColumn(table_.group, position)) {
         answer.decision = CommitDecision::NotApplicable;
         return answer;
     }
-    ListAnswer list =
-        CheckListCell(table_.group, row.type(), position, answer.text, table_.decimalMark);
-    if (list.isValid())
-        decide(answer, {});
-    else if (list.isList)
-        decide(answer, {std::move(list.message)});
-    else if (table_.group == regulatorGroup && header == regulatorOutput &&
-             answer.text == cell::shownNoValue)
-        decide(answer, {std::wstring(check_text::regulatorOutput)});
-    else if (table_.namesPins(position))
-        decide(answer, {});
+    if (!judged.isJudged || isNotApplicable)
+        judged = byColumn(table_, row, position, text);
+    if (!judged.isJudged)
+        return answer;
+    answer.decision = decide(judged);
+    if (judged.finding)
+        answer.finding = std::move(*judged.finding);
     return answer;
 }
 
-PassResult AnalysesChecks::atCopy(std::span<const AnalysesRow> rows) const {
+std::optional<Finding> AnalysesChecks::atCopy(std::span<const AnalysesRow> rows) const {
     return CheckRowLists(table_, splitRows(table_, rows));
 }
 
-PassResult AnalysesChecks::atOk(std::span<const AnalysesRow> rows) const {
+std::optional<Finding> AnalysesChecks::atOk(std::span<const AnalysesRow> rows) const {
     const std::vector<ItemRow> split = splitRows(table_, rows);
     for (const OkPass& pass : okPasses())
-        if (PassResult result = pass.run(table_, split))
-            return result;
+        if (auto found = pass.run(table_, split))
+            return found;
     return std::nullopt;
 }
 
-std::vector<StepFinding> AnalysesChecks::everyStep(const AnalysesRow& row) const {
+std::vector<Finding> AnalysesChecks::everyStep(const AnalysesRow& row) const {
     const std::vector<ItemRow> split = splitRows(table_, std::span(&row, 1));
-    std::vector<StepFinding> findings;
+    std::vector<Finding> findings;
     for (const OkPass& pass : okPasses())
-        if (PassResult result = pass.run(table_, split))
-            findings.push_back({pass.name, std::move(*result)});
+        if (auto found = pass.run(table_, split)) {
+            findings.push_back(std::move(*found));
+            findings.back().rule = pass.name;
+        }
     return findings;
 }
 

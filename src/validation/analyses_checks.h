@@ -12,20 +12,22 @@
 //   row.typePosition = 3;  row.number = 1;  row.isFull = true;
 //
 //   CommitAnswer answer = checks.atCommit(row, 8, L"16M");
-//   answer.text       what the cell gets, the unit letter worked in
+//   answer.text       what the cell gets in place of the text, the unit letter worked in
 //   answer.decision   Accepted   store the text, no rule of the property table is asked
-//                     Refused    show answer.boxes, the editor stays open
+//                     Refused    show answer.finding, the editor stays open
 //                     NotApplicable  refuse with the box that says that "N/A" is illegal
 //                     Open       go on with the rule of the cell (CheckCellOnCommit)
 //
-//   if (PassResult stop = checks.atOk(rows))    // rows in the order on the screen
-//       select stop->rows, go to the cell at stop->position when stop->goesToCell; show stop->boxes
+//   if (std::optional<Finding> stop = checks.atOk(rows))    // rows in the order on the screen
+//       select stop->rows, show stop->texts
 //
 // Rows are only borrowed while a call runs.
 
 #include "validation/analyses_table.h"
+#include "validation/finding.h"
 
 #include <cstddef>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -35,17 +37,13 @@ namespace partwright {
 
 enum class CommitDecision { Accepted, Refused, NotApplicable, Open };
 
+/// What is to become of a committed text.
 struct CommitAnswer {
     CommitDecision decision = CommitDecision::Open;
-    std::wstring text;
-    /// Plain boxes of a refusal.
-    std::vector<std::wstring> boxes;
-};
-
-/// What one step of OK says about one row.
-struct StepFinding {
-    std::wstring_view step;
-    CheckFinding finding;
+    /// What takes the place of the text.
+    std::optional<std::wstring> text = {};
+    /// Of a refusal.
+    Finding finding = {};
 };
 
 class AnalysesChecks {
@@ -58,11 +56,11 @@ public:
     [[nodiscard]] CommitAnswer atCommit(const AnalysesRow& row, std::size_t position,
                                         std::wstring_view text) const;
     /// The lists of all rows, as Copy asks first.
-    [[nodiscard]] PassResult atCopy(std::span<const AnalysesRow> rows) const;
+    [[nodiscard]] std::optional<Finding> atCopy(std::span<const AnalysesRow> rows) const;
     /// All steps of OK in turn, to the first failure.
-    [[nodiscard]] PassResult atOk(std::span<const AnalysesRow> rows) const;
-    /// Each step's first message about this row.
-    [[nodiscard]] std::vector<StepFinding> everyStep(const AnalysesRow& row) const;
+    [[nodiscard]] std::optional<Finding> atOk(std::span<const AnalysesRow> rows) const;
+    /// Each step's first finding about this row.
+    [[nodiscard]] std::vector<Finding> everyStep(const AnalysesRow& row) const;
 
     /// No single-value rule judges the column: it names pins, and the group has lists.
     [[nodiscard]] bool isPinList(std::size_t position) const;

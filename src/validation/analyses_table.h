@@ -12,6 +12,8 @@
 //
 // A table borrows its headers and a row its cells; both must outlive the checks.
 
+#include "validation/finding.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -57,7 +59,9 @@ struct AnalysesRow {
     std::span<const std::wstring> cells;
     /// Place of the type in the list of the group, from 1; 0 for "Default".
     std::size_t typePosition = 0;
-    /// The row's number on the screen.
+    /// What findings call the row.
+    std::size_t index = 0;
+    /// The row's number on the screen, which messages name.
     std::size_t number = 1;
     /// Full shows "+".
     bool isFull = false;
@@ -98,18 +102,15 @@ private:
 
 using ItemRows = std::span<const ItemRow>;
 
-/// What a pass over a table found.
-struct CheckFinding {
-    /// Indices of the rows at fault.
-    std::vector<std::size_t> rows;
-    /// Position of the cell that the words are about; 0 when they are about the row.
-    std::size_t position = 0;
-    /// Go to that cell.
-    bool goesToCell = false;
-    /// Plain boxes, one after the other.
-    std::vector<std::wstring> boxes;
-};
-
-using PassResult = std::optional<CheckFinding>;
+/// What a pass over the rows finds first; `check` answers for one row.
+template <class Check>
+[[nodiscard]] std::optional<Finding> firstFinding(ItemRows rows, Check check) {
+    for (const ItemRow& row : rows)
+        if (std::optional<Finding> found = check(row)) {
+            found->rows = {row.row().index};
+            return found;
+        }
+    return std::nullopt;
+}
 
 } // namespace partwright

@@ -8,11 +8,8 @@ namespace partwright {
 
 namespace {
 
-CellFinding failure(std::wstring line) {
-    CellFinding finding;
-    finding.passed = false;
-    finding.line = std::move(line);
-    return finding;
+Finding failure(std::wstring line) {
+    return {.line = std::move(line)};
 }
 
 std::optional<double> bound(std::wstring_view text, wchar_t mark) {
@@ -21,21 +18,21 @@ std::optional<double> bound(std::wstring_view text, wchar_t mark) {
 
 } // namespace
 
-CellFinding CheckCellByRule(const CellQuestion& cell, const ValidationRules& rules,
-                            wchar_t decimalMark) {
+std::optional<Finding> CheckCellByRule(const CellQuestion& cell, const ValidationRules& rules,
+                                       wchar_t decimalMark) {
     if (!cell.reference)
         return failure({});
     if (cell.isType || *cell.reference > lastRuleReference) {
         if (cell.choices != nullptr && cell.choices->holds(cell.value))
-            return {};
+            return std::nullopt;
         return failure(message::mustBeFromList(cell.value));
     }
     if (*cell.reference < 0)
-        return {};
+        return std::nullopt;
     const auto found = rules.find(*cell.reference);
     if (found == rules.end()) {
-        CellFinding finding = failure({});
-        finding.faultBox = message::failedValidationId;
+        Finding finding = failure({});
+        finding.tableFault = message::failedValidationId;
         return finding;
     }
     const ValidationRule& rule = found->second;
@@ -48,43 +45,37 @@ CellFinding CheckCellByRule(const CellQuestion& cell, const ValidationRules& rul
     const CheckResult result =
         CheckValue(cell.value, rule.checkType, checkId, *bound1, *bound2, decimalMark);
     if (result == CheckResult::Passed)
-        return {};
-    CellFinding finding = failure(message::valueOutOfRange(cell.value, rule.message));
+        return std::nullopt;
+    Finding finding = failure(message::valueOutOfRange(cell.value, rule.message));
     if (result == CheckResult::UnknownCheck)
-        finding.faultBox = message::foundCheckId(checkId);
+        finding.tableFault = message::foundCheckId(checkId);
     return finding;
 }
 
-CellFinding CheckCellQuiet(const CellQuestion& cell, const ValidationRules& rules,
-                           wchar_t decimalMark) {
+std::optional<Finding> CheckCellQuiet(const CellQuestion& cell, const ValidationRules& rules,
+                                      wchar_t decimalMark) {
     if (cell.isExempt)
-        return {};
-    if (cell.type.empty() || cell.value.empty()) {
-        CellFinding finding;
-        finding.passed = false;
-        return finding;
-    }
+        return std::nullopt;
+    if (cell.type.empty() || cell.value.empty())
+        return Finding{};
     // Ranges, lists and exponents are left to the engineer's eye here.
     if (cell.value == cell::notApplicable || cell.value == cell::shownNoValue ||
         cell.value.find(L'-', 1) != std::wstring_view::npos || cell.isPinList)
-        return {};
+        return std::nullopt;
     return CheckCellByRule(cell, rules, decimalMark);
 }
 
-CellFinding CheckCellOnCommit(const CellQuestion& cell, const ValidationRules& rules,
-                              wchar_t decimalMark) {
+std::optional<Finding> CheckCellOnCommit(const CellQuestion& cell, const ValidationRules& rules,
+                                         wchar_t decimalMark) {
     if (cell.isExempt)
-        return {};
-    if (cell.type.empty()) {
-        CellFinding finding;
-        finding.passed = false;
-        return finding;
-    }
+        return std::nullopt;
+    if (cell.type.empty())
+        return Finding{};
     if (cell.isChoice || cell.value.empty() || cell.isPinList)
-        return {};
-    CellFinding finding = CheckCellByRule(cell, rules, decimalMark);
-    if (!finding.passed)
-        finding.refusalBox = message::valueTypeOrRangeError;
+        return std::nullopt;
+    std::optional<Finding> finding = CheckCellByRule(cell, rules, decimalMark);
+    if (finding)
+        finding->texts = {std::wstring(message::valueTypeOrRangeError)};
     return finding;
 }
 

@@ -1,7 +1,8 @@
 #pragma once
 
 // The check of one cell of a component row: which rule applies, and what is said when it fails. The
-// caller gathers what the cell is (CellQuestion); nothing here speaks or keeps state.
+// caller gathers what the cell is (CellQuestion); nothing here speaks or keeps state. No finding
+// means that the cell passed.
 //
 // A cell is checked on two ways that differ on purpose. When it becomes current the check is quiet
 // and lenient: it warns of a stored value. When an edit is committed it is strict: it refuses.
@@ -10,6 +11,7 @@
 //   value "-" where the rule lacks it    quiet: passes      commit: refused
 
 #include "validation/choice_list.h"
+#include "validation/finding.h"
 #include "validation/value_check.h"
 
 #include <cstdint>
@@ -40,24 +42,14 @@ struct CellQuestion {
     const ChoiceList* choices = nullptr;
 };
 
-struct CellFinding {
-    bool passed = true;
-    /// New text of the description line; none leaves it as it is.
-    std::optional<std::wstring> line;
-    /// A fault of the tables, told in a box.
-    std::wstring faultBox;
-    /// What is told about the value in a box.
-    std::wstring refusalBox;
-};
-
-/// The list or rule that the reference names. A failure always has a line, which may be empty.
-[[nodiscard]] CellFinding CheckCellByRule(const CellQuestion& cell, const ValidationRules& rules,
-                                          wchar_t decimalMark);
-/// When the cell becomes current. A failure without a line is the ordinary state of an empty cell.
-[[nodiscard]] CellFinding CheckCellQuiet(const CellQuestion& cell, const ValidationRules& rules,
-                                         wchar_t decimalMark);
+/// The list or rule that the reference names. A finding always has a line, which may be empty.
+[[nodiscard]] std::optional<Finding>
+CheckCellByRule(const CellQuestion& cell, const ValidationRules& rules, wchar_t decimalMark);
+/// When the cell becomes current. A finding without a line is the ordinary state of an empty cell.
+[[nodiscard]] std::optional<Finding>
+CheckCellQuiet(const CellQuestion& cell, const ValidationRules& rules, wchar_t decimalMark);
 /// When a parameter's edit is accepted; `cell.value` is the new text.
-[[nodiscard]] CellFinding CheckCellOnCommit(const CellQuestion& cell, const ValidationRules& rules,
-                                            wchar_t decimalMark);
+[[nodiscard]] std::optional<Finding>
+CheckCellOnCommit(const CellQuestion& cell, const ValidationRules& rules, wchar_t decimalMark);
 
 } // namespace partwright

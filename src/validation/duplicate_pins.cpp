@@ -99,20 +99,26 @@ std::wstring supplyFault(const SupplyColumns& columns, const ItemRow& row) {
     return {};
 }
 
+constexpr std::size_t supplyOutput = 11;
+
 /// Group 4: with several supply pins the way out of each is known.
 bool lacksSupplyOutput(const ItemRow& row) {
-    return row.items(4).size() > 1 && row.isDash(11);
+    return row.items(4).size() > 1 && row.isDash(supplyOutput);
 }
 
-PassResult allOf(std::vector<std::size_t> rows, std::wstring_view message) {
-    if (rows.empty())
-        return std::nullopt;
-    return CheckFinding{std::move(rows), 0, false, {std::wstring(message)}};
+Finding inRows(std::vector<std::size_t> rows, std::wstring_view message, std::size_t position = 0) {
+    Finding finding = refusal(message, position);
+    finding.rows = std::move(rows);
+    return finding;
+}
+
+std::optional<Finding> allOf(std::vector<std::size_t> rows, std::wstring_view message) {
+    return rows.empty() ? std::nullopt : std::optional(inRows(std::move(rows), message));
 }
 
 } // namespace
 
-PassResult CheckDuplicatePins(const AnalysesTable& table, ItemRows rows) {
+std::optional<Finding> CheckDuplicatePins(const AnalysesTable& table, ItemRows rows) {
     const auto* rule = std::find_if(std::begin(pinColumns), std::end(pinColumns),
                                     [&](const PinColumns& p) { return p.group == table.group; });
     if (rule == std::end(pinColumns))
@@ -120,35 +126,35 @@ PassResult CheckDuplicatePins(const AnalysesTable& table, ItemRows rows) {
     const bool hasSupplies = table.group == 9 || table.group == 36;
     const SupplyColumns supplies = supplyColumns(table);
     std::vector<std::size_t> repeating;
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        if (!rule->skippedType.empty() && rows[i].type() == rule->skippedType)
+    for (const ItemRow& row : rows) {
+        if (!rule->skippedType.empty() && row.type() == rule->skippedType)
             continue;
+        const std::size_t index = row.row().index;
         if (hasSupplies)
-            if (const std::wstring fault = supplyFault(supplies, rows[i]); !fault.empty())
-                return CheckFinding{
-                    {i}, 0, false, {check_text::inRow(rows[i].row().number, fault)}};
-        if (table.group == 4 && lacksSupplyOutput(rows[i]))
-            return CheckFinding{{i}, 0, false, {std::wstring(check_text::supplyOutput)}};
-        if (repeatsPin(rows[i], rule->columns))
-            repeating.push_back(i);
+            if (const std::wstring fault = supplyFault(supplies, row); !fault.empty())
+                return inRows({index}, check_text::inRow(row.row().number, fault));
+        if (table.group == 4 && lacksSupplyOutput(row))
+            return inRows({index}, check_text::supplyOutput, supplyOutput);
+        if (repeatsPin(row, rule->columns))
+            repeating.push_back(index);
     }
     return allOf(std::move(repeating), check_text::duplicatePins);
 }
 
-PassResult checkRelayPins(const AnalysesTable& table, ItemRows rows) {
+std::optional<Finding> checkRelayPins(const AnalysesTable& table, ItemRows rows) {
     if (table.group != 32)
         return std::nullopt;
     std::vector<std::size_t> repeating;
-    for (std::size_t i = 0; i < rows.size(); ++i) {
+    for (const ItemRow& row : rows) {
         Pins coil;
-        append(coil, rows[i].items(3));
-        append(coil, rows[i].items(4));
+        append(coil, row.items(3));
+        append(coil, row.items(4));
         std::sort(coil.begin(), coil.end());
         Pins contacts;
-        append(contacts, rows[i].items(5));
-        append(contacts, rows[i].items(6));
+        append(contacts, row.items(5));
+        append(contacts, row.items(6));
         if (holdsDuplicate(coil) || holdsAny(coil, contacts))
-            repeating.push_back(i);
+            repeating.push_back(row.row().index);
     }
     return allOf(std::move(repeating), check_text::relayPins);
 }

@@ -16,11 +16,9 @@ namespace {
 constexpr double smallest = 1e-12;
 constexpr std::size_t anyType = 0;
 
-CellBoxes refuse(std::wstring message) {
-    CellBoxes boxes;
-    if (!message.empty())
-        boxes.push_back(std::move(message));
-    return boxes;
+/// The answer of a rule with a message, empty when the text is fine.
+CellAnswer judged(std::wstring_view message) {
+    return {true, refusalUnless(message)};
 }
 
 /// The numbers of a list of values, none when anything in it is wrong.
@@ -168,19 +166,18 @@ CellAnswer CheckGroupCell(const AnalysesTable& table, const AnalysesRow& row, st
                           std::wstring_view text) {
     const std::size_t type = row.typePosition;
     if (table.group == filterGroup && type == filterType && isPinCellOfThree(position))
-        return refuse(filterFault(position, text));
+        return judged(filterFault(position, text));
     if (text.empty())
-        return std::nullopt;
+        return {};
     if (table.group == 5 && position == 1)
-        return refuse(
-            std::wstring(isOneInput(text) ? std::wstring_view() : check_text::oneAmplifierInput));
+        return judged(isOneInput(text) ? std::wstring_view() : check_text::oneAmplifierInput);
     if (table.group == 25 && type == 3 && position == 3)
-        return refuse(isOutputPair(text) ? std::wstring() : check_text::outputPair(row.type()));
+        return judged(isOutputPair(text) ? std::wstring() : check_text::outputPair(row.type()));
     if (table.group == 30 && type == 2 && position == 4)
-        return refuse(connectorFault(text, table.decimalMark));
+        return judged(connectorFault(text, table.decimalMark));
     if (table.group == 38 && isPinCellOfThree(position))
-        return refuse(splitterFault(row, position, text));
-    return std::nullopt;
+        return judged(splitterFault(row, position, text));
+    return {};
 }
 
 std::size_t frequencyPosition(const AnalysesTable& table, const AnalysesRow& row) {
@@ -194,11 +191,11 @@ std::size_t frequencyPosition(const AnalysesTable& table, const AnalysesRow& row
 CellAnswer CheckFrequencyCell(const AnalysesTable& table, const AnalysesRow& row,
                               std::size_t position, std::wstring_view text) {
     if (position == 0 || position != frequencyPosition(table, row) || text.empty())
-        return std::nullopt;
-    CellBoxes boxes;
+        return {};
+    Finding found;
     for (const std::wstring_view fault : frequencyFaults(table, row, text))
-        boxes.push_back(check_text::atCell(fault, row.number, position + shownTypeColumn));
-    return boxes;
+        found.texts.push_back(check_text::atCell(fault, row.number, position + shownTypeColumn));
+    return {true, found.texts.empty() ? std::nullopt : std::optional(std::move(found))};
 }
 
 std::wstring amplifierOutputFault(const AnalysesTable& table, const AnalysesRow& row,

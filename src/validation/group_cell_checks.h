@@ -8,21 +8,17 @@
 //   pin." group 26, RF.Filter, L8      20-10 ->  "Frequency values should be placed in ascending
 //   order." ...
 //
-// An answer without value means that no rule looks at the cell.
+// A cell that is not judged is one that no rule looks at.
 
 #include "validation/analyses_table.h"
+#include "validation/finding.h"
 
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace partwright {
-
-/// Boxes of a refusal; none when the text is fine.
-using CellBoxes = std::vector<std::wstring>;
-using CellAnswer = std::optional<CellBoxes>;
 
 /// Groups 5, 25 at type 3, 26 at type 3, 30 at type 2, and 38. The empty text has a rule in the
 /// pin cells of an RF filter only: elsewhere a cell may be emptied.

@@ -112,14 +112,12 @@ bool hasListColumns(std::int32_t group) {
                        [&](const ListRow& row) { return row.group == group; });
 }
 
-ListAnswer CheckListCell(std::int32_t group, std::wstring_view type, std::size_t position,
+CellAnswer CheckListCell(std::int32_t group, std::wstring_view type, std::size_t position,
                          std::wstring_view text, wchar_t decimalMark, PinNames names) {
-    ListAnswer answer;
     const ListKind kind = listKind(group, type, position, text);
-    answer.isList = kind != ListKind::None;
-    if (answer.isList && text != cell::notApplicable)
-        answer.message = listFault(kind, group, text, decimalMark, names);
-    return answer;
+    if (kind == ListKind::None || text == cell::notApplicable)
+        return {kind != ListKind::None};
+    return {true, refusalUnless(listFault(kind, group, text, decimalMark, names))};
 }
 
 bool isInOrder(std::wstring_view text) {

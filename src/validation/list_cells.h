@@ -11,6 +11,7 @@
 //   CheckListCell(21, L"", 1, L"100", L'.')    ->  no list column
 
 #include "validation/analyses_table.h"
+#include "validation/finding.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -43,15 +44,8 @@ enum class ListKind { None, Pins, Values, ValuesOrDash };
 /// libraries whose pins have no letters; no dialog asks for it.
 enum class PinNames { Any, Numbers };
 
-struct ListAnswer {
-    bool isList = false;
-    /// Empty when the text is valid.
-    std::wstring message;
-    [[nodiscard]] bool isValid() const { return isList && message.empty(); }
-};
-
-/// `type` is the name in the Type cell.
-[[nodiscard]] ListAnswer CheckListCell(std::int32_t group, std::wstring_view type,
+/// `type` is the name in the Type cell. A cell that holds no list is not judged.
+[[nodiscard]] CellAnswer CheckListCell(std::int32_t group, std::wstring_view type,
                                        std::size_t position, std::wstring_view text,
                                        wchar_t decimalMark, PinNames names = PinNames::Any);
 

@@ -75,7 +75,9 @@ constexpr EqualCounts equalCounts[] = {
     {39, L"", columnSet(1, 2), 0, 0, resistorNames},
 };
 
-bool hasEqualCounts(const AnalysesTable& table, const ItemRow& row, const EqualCounts& rule) {
+/// The first column that lists another number of items than the columns before it; 0 when all
+/// agree.
+std::size_t unequalColumn(const AnalysesTable& table, const ItemRow& row, const EqualCounts& rule) {
     std::optional<std::ptrdiff_t> expected;
     for (std::size_t position = 1; position <= maximumAnalysesColumns; ++position) {
         const bool isDash = row.isDash(position);
@@ -86,82 +88,86 @@ bool hasEqualCounts(const AnalysesTable& table, const ItemRow& row, const EqualC
         if (holds(rule.oneMore, position) && !isDash)
             --count;
         if (expected && *expected != count)
-            return false;
+            return position;
         expected = count;
     }
-    return true;
+    return 0;
 }
 
-std::wstring countFault(const AnalysesTable& table, const ItemRow& row) {
-    for (const EqualCounts& rule : equalCounts)
-        if (rule.group == table.group && (rule.type.empty() || rule.type == row.type()) &&
-            !hasEqualCounts(table, row, rule))
-            return check_text::quantityMustBeEqual(rule.names);
-    return {};
+std::optional<Finding> countFault(const AnalysesTable& table, const ItemRow& row) {
+    for (const EqualCounts& rule : equalCounts) {
+        if (rule.group != table.group || (!rule.type.empty() && rule.type != row.type()))
+            continue;
+        if (const std::size_t position = unequalColumn(table, row, rule))
+            return refusal(check_text::quantityMustBeEqual(rule.names), position);
+    }
+    return std::nullopt;
 }
 
 // --- Rules of single groups
 
-std::wstring_view circuitFault(const AnalysesTable& table, const ItemRow& row) {
+std::optional<Finding> circuitFault(const AnalysesTable& table, const ItemRow& row) {
     constexpr std::size_t pinOut = 10;
     constexpr std::size_t vout = 11;
     constexpr std::size_t rout = 23;
     if (!takesPart(table, row, vout))
-        return {};
+        return std::nullopt;
     if (takesPart(table, row, pinOut) && row.isDash(pinOut) && !row.isDash(vout))
-        return check_text::maximumOutputUndefined;
+        return refusal(check_text::maximumOutputUndefined, vout);
     if (takesPart(table, row, pinOut) && row.isDash(vout) && !row.isDash(pinOut))
-        return check_text::outputUndefined;
+        return refusal(check_text::outputUndefined, pinOut);
     if (takesPart(table, row, rout) && row.isDash(vout) && !row.isDash(rout))
-        return check_text::outputResistance;
-    return {};
+        return refusal(check_text::outputResistance, rout);
+    return std::nullopt;
 }
 
 /// A delay is shorter than a period: Fout is in megahertz and delays are in microseconds. Without a
 /// frequency there is no period that a delay could be shorter than.
-std::wstring delayFault(const AnalysesTable& table, const ItemRow& row) {
+std::optional<Finding> delayFault(const AnalysesTable& table, const ItemRow& row) {
     constexpr std::size_t fout = 4;
     constexpr std::size_t delay = 11;
     constexpr double slack = 1e-12;
     if (!takesPart(table, row, delay))
-        return {};
+        return std::nullopt;
     const double frequency = listNumber(row.text(fout), table.decimalMark).value_or(0);
     for (const std::wstring_view item : row.items(delay)) {
         const auto number = listNumber(item, table.decimalMark);
         if (!number || frequency == 0 || !(*number < 1 / frequency + slack))
-            return check_text::delayTooLong(number.value_or(0), table.decimalMark);
+            return refusal(check_text::delayTooLong(number.value_or(0), table.decimalMark), delay);
     }
-    return {};
+    return std::nullopt;
 }
 
-std::wstring_view diodeFault(const AnalysesTable& table, const ItemRow& row) {
+std::optional<Finding> diodeFault(const AnalysesTable& table, const ItemRow& row) {
     const std::size_t anode = table.group == 11 ? 5 : 3;
     if (!takesPart(table, row, anode) || !takesPart(table, row, anode + 1))
-        return {};
+        return std::nullopt;
     const ListItems a = row.items(anode);
     const ListItems c = row.items(anode + 1);
-    return a.size() == 1 && c.size() == 1 && a[0] == c[0] ? check_text::equalPair
-                                                          : std::wstring_view();
+    if (a.size() != 1 || c.size() != 1 || a[0] != c[0])
+        return std::nullopt;
+    return refusal(check_text::equalPair, anode);
 }
 
-std::wstring groupFault(const AnalysesTable& table, const ItemRow& row) {
+std::optional<Finding> groupFault(const AnalysesTable& table, const ItemRow& row) {
     switch (table.group) {
     case 5:
         if (!takesPart(table, row, 2) || !takesPart(table, row, 5))
-            return {};
-        return dbFault(5, row.type(), row.items(2), row.items(5), table.decimalMark);
+            return std::nullopt;
+        return refusalUnless(dbFault(5, row.type(), row.items(2), row.items(5), table.decimalMark),
+                             5);
     case 9:
-        return std::wstring(circuitFault(table, row));
+        return circuitFault(table, row);
     case 11:
     case 12:
     case 13:
-        return std::wstring(diodeFault(table, row));
+        return diodeFault(table, row);
     case 24:
         return transformerFault(table, row);
     case 25:
         return delayFault(table, row);
     default:
-        return {};
+        return std::nullopt;
     }
 }
 
@@ -171,18 +177,18 @@ bool takesPart(const AnalysesTable& table, const ItemRow& row, std::size_t posit
     return !table.isHidden(position) && !row.isEmpty(position) && !row.isNotApplicable(position);
 }
 
-PassResult CheckRowLists(const AnalysesTable& table, ItemRows rows) {
+std::optional<Finding> CheckRowLists(const AnalysesTable& table, ItemRows rows) {
     if (std::none_of(std::begin(equalCounts), std::end(equalCounts),
                      [&](const EqualCounts& rule) { return rule.group == table.group; }))
         return std::nullopt;
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        std::wstring fault = countFault(table, rows[i]);
-        if (fault.empty())
-            fault = groupFault(table, rows[i]);
-        if (!fault.empty())
-            return CheckFinding{{i}, 0, false, {check_text::ofMethod(table.methodText, fault)}};
-    }
-    return std::nullopt;
+    return firstFinding(rows, [&](const ItemRow& row) {
+        std::optional<Finding> found = countFault(table, row);
+        if (!found)
+            found = groupFault(table, row);
+        if (found)
+            found->texts = {check_text::ofMethod(table.methodText, found->texts.front())};
+        return found;
+    });
 }
 
 } // namespace partwright

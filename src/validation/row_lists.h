@@ -10,19 +10,22 @@
 // out when they hold "-". Which columns belong together is a table in row_lists.cpp.
 
 #include "validation/analyses_table.h"
+#include "validation/finding.h"
 
 #include <cstddef>
+#include <optional>
 #include <string>
 
 namespace partwright {
 
 /// The first row at fault, with its message behind the name of the method.
-[[nodiscard]] PassResult CheckRowLists(const AnalysesTable& table, ItemRows rows);
+[[nodiscard]] std::optional<Finding> CheckRowLists(const AnalysesTable& table, ItemRows rows);
 
 /// The cell takes part in the pass.
 [[nodiscard]] bool takesPart(const AnalysesTable& table, const ItemRow& row, std::size_t position);
 
-/// Group 24: what the lists of a row's windings say beyond their counts. Empty when fine.
-[[nodiscard]] std::wstring transformerFault(const AnalysesTable& table, const ItemRow& row);
+/// Group 24: what the lists of a row's windings say beyond their counts.
+[[nodiscard]] std::optional<Finding> transformerFault(const AnalysesTable& table,
+                                                      const ItemRow& row);
 
 } // namespace partwright

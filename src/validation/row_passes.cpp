@@ -11,27 +11,11 @@ namespace partwright {
 
 namespace {
 
-/// What one row is refused for, and which cell that is about.
-struct RowFault {
-    CellBoxes boxes;
-    std::size_t position = 0;
-};
-
-RowFault faultAt(std::size_t position, std::wstring_view message) {
-    return {{std::wstring(message)}, position};
-}
-
-/// The first row for which `fault` has boxes.
-template <class Fault>
-PassResult firstFault(ItemRows rows, Fault fault) {
-    for (std::size_t i = 0; i < rows.size(); ++i)
-        if (RowFault found = fault(rows[i]); !found.boxes.empty())
-            return CheckFinding{{i}, found.position, false, std::move(found.boxes)};
-    return std::nullopt;
-}
-
-CellBoxes boxesOf(const CellAnswer& answer) {
-    return answer.value_or(CellBoxes{});
+/// The finding of one cell's rule, with its position.
+std::optional<Finding> at(std::size_t position, CellAnswer answer) {
+    if (answer.finding)
+        answer.finding->position = position;
+    return std::move(answer.finding);
 }
 
 constexpr std::size_t filterPins[] = {1, 2, 3};
@@ -39,99 +23,92 @@ constexpr std::size_t couplingDb = 5;
 
 } // namespace
 
-PassResult checkRegulatorOutputs(const AnalysesTable& table, ItemRows rows) {
+std::optional<Finding> checkRegulatorOutputs(const AnalysesTable& table, ItemRows rows) {
     constexpr std::size_t output = 3;
     if (table.group != 8)
         return std::nullopt;
-    return firstFault(rows, [&](const ItemRow& row) {
-        return row.isDash(output)
-                   ? faultAt(output, check_text::ofMethod(table.methodText,
-                                                          check_text::regulatorOutputInRow))
-                   : RowFault{};
+    return firstFinding(rows, [&](const ItemRow& row) -> std::optional<Finding> {
+        if (!row.isDash(output))
+            return std::nullopt;
+        return refusal(check_text::ofMethod(table.methodText, check_text::regulatorOutputInRow),
+                       output);
     });
 }
 
-PassResult checkAmplifierInputs(const AnalysesTable& table, ItemRows rows) {
+std::optional<Finding> checkAmplifierInputs(const AnalysesTable& table, ItemRows rows) {
     constexpr std::size_t input = 1;
     if (table.group != 5)
         return std::nullopt;
-    PassResult result = firstFault(rows, [](const ItemRow& row) {
-        return row.row().typePosition == 1 && !isOneInput(row.text(input))
-                   ? faultAt(input, check_text::oneAmplifierInput)
-                   : RowFault{};
+    return firstFinding(rows, [](const ItemRow& row) -> std::optional<Finding> {
+        if (row.row().typePosition != 1 || isOneInput(row.text(input)))
+            return std::nullopt;
+        return refusal(check_text::oneAmplifierInput, input);
     });
-    if (result)
-        result->goesToCell = true;
-    return result;
 }
 
-PassResult checkOscillatorOutputs(const AnalysesTable& table, ItemRows rows) {
+std::optional<Finding> checkOscillatorOutputs(const AnalysesTable& table, ItemRows rows) {
     constexpr std::size_t output = 3;
     if (table.group != 25)
         return std::nullopt;
-    return firstFault(rows, [](const ItemRow& row) {
-        return row.row().typePosition == 3 && !isOutputPair(row.text(output))
-                   ? faultAt(output, check_text::outputPair(row.type()))
-                   : RowFault{};
+    return firstFinding(rows, [](const ItemRow& row) -> std::optional<Finding> {
+        if (row.row().typePosition != 3 || isOutputPair(row.text(output)))
+            return std::nullopt;
+        return refusal(check_text::outputPair(row.type()), output);
     });
 }
 
-PassResult CheckFrequencies(const AnalysesTable& table, ItemRows rows) {
-    return firstFault(rows, [&](const ItemRow& row) {
+std::optional<Finding> CheckFrequencies(const AnalysesTable& table, ItemRows rows) {
+    return firstFinding(rows, [&](const ItemRow& row) -> std::optional<Finding> {
         if (!row.row().isFull)
-            return RowFault{};
+            return std::nullopt;
         const std::size_t position = frequencyPosition(table, row.row());
-        return RowFault{boxesOf(CheckFrequencyCell(table, row.row(), position, row.text(position))),
-                        position};
+        return at(position, CheckFrequencyCell(table, row.row(), position, row.text(position)));
     });
 }
 
-PassResult CheckDbOfCoupling(const AnalysesTable& table, ItemRows rows) {
+std::optional<Finding> CheckDbOfCoupling(const AnalysesTable& table, ItemRows rows) {
     if (table.group != 38)
         return std::nullopt;
-    return firstFault(rows, [&](const ItemRow& row) {
+    return firstFinding(rows, [&](const ItemRow& row) -> std::optional<Finding> {
         const std::wstring fault =
             row.row().isFull ? couplingFault(row, table.decimalMark) : std::wstring();
-        return fault.empty()
-                   ? RowFault{}
-                   : faultAt(couplingDb, check_text::atCell(fault, row.row().number,
-                                                            couplingDb + shownTypeColumn));
+        if (fault.empty())
+            return std::nullopt;
+        constexpr std::size_t column = couplingDb + shownTypeColumn;
+        return refusal(check_text::atCell(fault, row.row().number, column), couplingDb);
     });
 }
 
-PassResult CheckFilterRows(const AnalysesTable& table, ItemRows rows) {
+std::optional<Finding> CheckFilterRows(const AnalysesTable& table, ItemRows rows) {
     if (table.group != 26)
         return std::nullopt;
-    return firstFault(rows, [&](const ItemRow& row) {
+    return firstFinding(rows, [&](const ItemRow& row) -> std::optional<Finding> {
         if (row.row().isHidden)
-            return RowFault{};
-        for (const std::size_t position : filterPins) {
-            CellBoxes boxes =
-                boxesOf(CheckGroupCell(table, row.row(), position, row.text(position)));
-            if (!boxes.empty())
-                return RowFault{std::move(boxes), position};
-        }
+            return std::nullopt;
+        for (const std::size_t position : filterPins)
+            if (auto found =
+                    at(position, CheckGroupCell(table, row.row(), position, row.text(position))))
+                return found;
         const std::size_t count = row.items(1).size();
         if (row.type() == L"Feed.Th.Cap" &&
             (row.items(2).size() != count || row.items(3).size() != count))
-            return faultAt(0, check_text::feedThroughCounts);
-        return RowFault{};
+            return refusal(check_text::feedThroughCounts);
+        return std::nullopt;
     });
 }
 
-PassResult CheckAllListCells(const AnalysesTable& table, ItemRows rows) {
+std::optional<Finding> CheckAllListCells(const AnalysesTable& table, ItemRows rows) {
     if (!hasListColumns(table.group))
         return std::nullopt;
-    return firstFault(rows, [&](const ItemRow& row) {
+    return firstFinding(rows, [&](const ItemRow& row) -> std::optional<Finding> {
         for (std::size_t position = 1; position <= maximumAnalysesColumns; ++position) {
             if (row.isEmpty(position))
                 continue;
-            const ListAnswer answer = CheckListCell(table.group, row.type(), position,
-                                                    row.text(position), table.decimalMark);
-            if (answer.isList && !answer.isValid())
-                return faultAt(position, answer.message);
+            if (auto found = at(position, CheckListCell(table.group, row.type(), position,
+                                                        row.text(position), table.decimalMark)))
+                return found;
         }
-        return RowFault{};
+        return std::nullopt;
     });
 }
 

@@ -46,30 +46,33 @@ constexpr Windings windings[] = {
     {L"Flyback.Transformer", 1, false, false},
 };
 
-/// Nothing at all was entered for a section, though the level shows it.
-bool isMissing(const AnalysesTable& table, const ItemRow& row, const Section& section) {
-    bool isShown = false;
+/// The first cell of a section for which nothing at all was entered, though the level shows it;
+/// 0 when something was.
+std::size_t missingCell(const AnalysesTable& table, const ItemRow& row, const Section& section) {
+    std::size_t first = 0;
     for (const std::size_t position : section.parameters) {
         if (table.isHidden(position))
             continue;
-        isShown = true;
         if (!row.isEmpty(position))
-            return false;
+            return 0;
+        if (first == 0)
+            first = position;
     }
-    return isShown;
+    return first;
 }
 
-std::wstring levelFault(const AnalysesTable& table, const ItemRow& row, const Section& section) {
+std::optional<Finding> levelFault(const AnalysesTable& table, const ItemRow& row,
+                                  const Section& section) {
     if (!takesPart(table, row, section.levels) || !takesPart(table, row, section.pins()))
-        return {};
+        return std::nullopt;
     const ListItems levels = row.items(section.levels);
     if (levels.empty())
-        return {};
+        return std::nullopt;
     if (levels.size() != row.items(section.pins()).size() + 1)
-        return check_text::sectionDbQuantity(section.number, row.type());
+        return refusal(check_text::sectionDbQuantity(section.number, row.type()), section.levels);
     if (exceedsWhole(powerSum(levels, table.decimalMark)))
-        return check_text::sectionDbSum(section.number);
-    return {};
+        return refusal(check_text::sectionDbSum(section.number), section.levels);
+    return std::nullopt;
 }
 
 /// Pairs without direction: a winding between 1 and 2 is one between 2 and 1.
@@ -115,35 +118,35 @@ std::wstring repeatedPinFault(const std::vector<PinPair>& pairs) {
                                     pairText(pairs[std::next(repeated)->second]));
 }
 
-std::wstring pairFault(const AnalysesTable& table, const ItemRow& row) {
+std::optional<Finding> pairFault(const AnalysesTable& table, const ItemRow& row) {
     for (const Section& section : sections)
         if (hasUnequalPins(table, row, section))
-            return std::wstring(section.unequalPins);
+            return refusal(section.unequalPins, section.otherPins());
     std::vector<PinPair> first = pinPairs(table, row, sections[0]);
     const std::vector<PinPair> second = pinPairs(table, row, sections[1]);
     for (const PinPair& pair : second)
         if (std::find(first.begin(), first.end(), pair) != first.end())
-            return std::wstring(check_text::pairInBothSections);
+            return refusal(check_text::pairInBothSections);
     first.insert(first.end(), second.begin(), second.end());
-    return repeatedPinFault(first);
+    return refusalUnless(repeatedPinFault(first));
 }
 
 } // namespace
 
-std::wstring transformerFault(const AnalysesTable& table, const ItemRow& row) {
+std::optional<Finding> transformerFault(const AnalysesTable& table, const ItemRow& row) {
     const auto* kind = std::find_if(std::begin(windings), std::end(windings),
                                     [&](const Windings& w) { return w.type == row.type(); });
     if (kind == std::end(windings))
-        return {};
+        return std::nullopt;
     for (std::size_t i = 0; i < kind->sections; ++i) {
-        if (isMissing(table, row, sections[i]))
-            return std::wstring(check_text::transformerParameters);
+        if (const std::size_t position = missingCell(table, row, sections[i]))
+            return refusal(check_text::transformerParameters, position);
         if (!kind->hasLevels)
             continue;
-        if (std::wstring fault = levelFault(table, row, sections[i]); !fault.empty())
-            return fault;
+        if (auto found = levelFault(table, row, sections[i]))
+            return found;
     }
-    return kind->comparesPairs ? pairFault(table, row) : std::wstring();
+    return kind->comparesPairs ? pairFault(table, row) : std::nullopt;
 }
 
 } // namespace partwright

@@ -40,7 +40,7 @@ TEST_F(ClassifierTest, AnswersAsTheLiteralForm) {
         random.fillGroups(app);
         random.fillDirectKeys(app);
         const TypeKeywords keywords = keywordsOf(encodeUtf8(random.typeRows()));
-        const Classifier classifier(app, keywords, units());
+        const Classifier classifier(app.classifier, keywords, units());
         test::LiteralClassifier literal(app, keywords, units());
         for (int i = 0; i < 150; ++i) {
             const std::wstring description = random.description();
@@ -69,13 +69,15 @@ TEST_F(ClassifierTest, AnswersAsTheLiteralForm) {
 
 TEST_F(ClassifierTest, GroupWantsWordsAndDesignator) {
     CPartwrightPlugInApp app;
-    app.GroupRuleTable = {{1, {L".*", L".*RES.*|.*(CAP|[a-Z]).*"}}, // not valid: does not exclude
-                          {10, {L".*(res|ohm).*", L".*LED.*"}},
-                          {11, {L".*CAP.*", L""}},
-                          {12, {L"[_-a]|.*", L""}}}; // valid as written, not in capitals
-    app.GroupRefDesTable = {{1, L"U, IC"}, {10, L"r,RN,,"}, {11, L"C"}, {12, L"L"}, {15, L"FL,R"}};
-    app.groupNamesByCode = {{10, L"Resistor"}, {11, L"Capacitor"}};
-    const GroupDetector detector(app);
+    app.classifier.GroupRuleTable = {
+        {1, {L".*", L".*RES.*|.*(CAP|[a-Z]).*"}}, // not valid: does not exclude
+        {10, {L".*(res|ohm).*", L".*LED.*"}},
+        {11, {L".*CAP.*", L""}},
+        {12, {L"[_-a]|.*", L""}}}; // valid as written, not in capitals
+    app.classifier.GroupRefDesTable = {
+        {1, L"U, IC"}, {10, L"r,RN,,"}, {11, L"C"}, {12, L"L"}, {15, L"FL,R"}};
+    app.classifier.groupNamesByCode = {{10, L"Resistor"}, {11, L"Capacitor"}};
+    const GroupDetector detector(app.classifier);
     struct Case {
         const wchar_t* designators;
         const wchar_t* description;
@@ -109,7 +111,8 @@ TEST_F(ClassifierTest, GroupWantsWordsAndDesignator) {
 
 TEST_F(ClassifierTest, TypeByDirectKeyKeywordTestAndDefault) {
     CPartwrightPlugInApp app;
-    app.DirectKeyTable[14] = {{9, 4, L"Opto coupler", L""}, {9, 5, L"OPTO", L""}, {1, 1, L"", L""}};
+    app.classifier.DirectKeyTable[14] = {
+        {9, 4, L"Opto coupler", L""}, {9, 5, L"OPTO", L""}, {1, 1, L"", L""}};
     const std::string longKeyword(300, 'K');
     const TypeKeywords keywords = keywordsOf("10,1,\"RES, FILM\",\n"
                                              "10,2,\"CHIP RES,MELF\",\n"
@@ -127,7 +130,7 @@ TEST_F(ClassifierTest, TypeByDirectKeyKeywordTestAndDefault) {
                                              longKeyword + ",\n");
     EXPECT_EQ(keywords.typeKeywordMaxLength, 255U);
     EXPECT_EQ(keywords.TypeKeywordTable.at(14).size(), 3U);
-    const TypeDetector detector(app, keywords, units());
+    const TypeDetector detector(app.classifier, keywords, units());
     struct Case {
         std::int32_t group;
         std::wstring description;

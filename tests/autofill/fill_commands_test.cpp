@@ -7,6 +7,7 @@
 #include "core/text_file.h"
 #include "library/property_tables.h"
 #include "library/small_tables.h"
+#include "support/places.h"
 
 #include <gtest/gtest.h>
 
@@ -19,16 +20,20 @@ namespace {
 class FillCommands : public ::testing::Test {
 protected:
     FillCommands() : tables_(compiledFillTables()), filler_(tables_, app_) {
-        app_.programFolder = withSeparator(pathText(PARTWRIGHT_TABLES));
-        ResolveFilePaths(app_, L"unused");
-        for (const auto load :
-             {LoadSdtaProperties, LoadAsrProperties, LoadColumnVisibility, LoadGroupNames,
-              LoadSdtaDefaultLPar, LoadAsrDefaultLPar, LoadManagementTable, LoadConvBiCode})
-            EXPECT_EQ(load(app_).status, FileStatus::Ok);
-        EXPECT_EQ(LoadTypeKeywords(app_, keywords_).status, FileStatus::Ok);
-        EXPECT_EQ(LoadGroupLibrary(app_.groupLibraryPath, L'.', groupLibrary_).status,
+        app_.paths.programFolder = withSeparator(pathText(places::tables));
+        ResolveFilePaths(app_.paths, L"unused");
+        for (const LoadResult& result :
+             {LoadSdtaProperties(app_.paths, app_.sdta), LoadAsrProperties(app_.paths, app_.asr),
+              LoadColumnVisibility(app_.paths, app_.asr),
+              LoadGroupNames(app_.paths, app_.classifier, app_.sdta),
+              LoadSdtaDefaultLPar(app_.paths, app_.sdta), LoadAsrDefaultLPar(app_.paths, app_.asr),
+              LoadManagementTable(app_.paths, app_.classifier),
+              LoadConvBiCode(app_.paths, app_.classifier)})
+            EXPECT_EQ(result.status, FileStatus::Ok);
+        EXPECT_EQ(LoadTypeKeywords(app_.paths, keywords_).status, FileStatus::Ok);
+        EXPECT_EQ(LoadGroupLibrary(app_.paths.groupLibraryPath, L'.', groupLibrary_).status,
                   FileStatus::Ok);
-        classifier_.emplace(app_, keywords_, tables_.units);
+        classifier_.emplace(app_.classifier, keywords_, tables_.units);
     }
 
     template <class Record>
@@ -77,7 +82,7 @@ TEST_F(FillCommands, GroupLibraryIdentifiesPartsAnew) {
     const SdtaComponent& part = library[L"RC0603FR-0710KL"];
     EXPECT_EQ(part.group, 10);
     EXPECT_EQ(part.family, FamilyNumber(L"Resistor"));
-    EXPECT_EQ(app_.GroupAndTypeNames(10, part.type).second, L"RM.Fix.Pw<0.5");
+    EXPECT_EQ(app_.sdta.GroupAndTypeNames(10, part.type).second, L"RM.Fix.Pw<0.5");
     EXPECT_EQ(part.LPar[0], L"0.1");
     EXPECT_EQ(part.LPar[3], L"10000");
     EXPECT_EQ(part.LPar[4], L"N/A") << "a value without a counterpart is replaced, too";
@@ -142,21 +147,22 @@ TEST_F(FillCommands, DescriptionsFillOnlyWhatIsEmpty) {
 }
 
 TEST_F(FillCommands, GroupsOfTheAnalysesNumbering) {
-    app_.convBiCode = {{14, {{1, 2, 7}, {2, 3, 8}, {3, 9, 9}}}, {20, {{4, 2, 7}, {6, 3, 1}}}};
-    EXPECT_EQ(analysesGroupOf(app_, 1), 9) << "code 4 is moved";
-    EXPECT_EQ(analysesGroupOf(app_, 2), 6) << "by the family";
-    EXPECT_EQ(analysesGroupOf(app_, 3), 1) << "no counterpart";
+    app_.classifier.convBiCode = {{14, {{1, 2, 7}, {2, 3, 8}, {3, 9, 9}}},
+                                  {20, {{4, 2, 7}, {6, 3, 1}}}};
+    EXPECT_EQ(analysesGroupOf(app_.classifier, 1), 9) << "code 4 is moved";
+    EXPECT_EQ(analysesGroupOf(app_.classifier, 2), 6) << "by the family";
+    EXPECT_EQ(analysesGroupOf(app_.classifier, 3), 1) << "no counterpart";
 }
 
 TEST(Defaults, FillEmptyCellsAndNameTheCodes) {
     CPartwrightPlugInApp app;
-    app.sdtaDefaultLPar[{3, 1}].LPar = {L"0.5", L"25", L"2"};
+    app.sdta.defaultLPar[{3, 1}].LPar = {L"0.5", L"25", L"2"};
     SdtaComponent record;
     record.group = 3;
     record.type = 1;
     record.LPar[0] = L"-1";
     record.LPar[6] = L"16";
-    EXPECT_TRUE(ApplySdtaDefaults(app, record));
+    EXPECT_TRUE(ApplySdtaDefaults(app.sdta, record));
     EXPECT_EQ(record.LPar[0], L"-1");
     EXPECT_EQ(record.LPar[1], L"25");
     EXPECT_EQ(record.LPar[2], L"C");
@@ -164,7 +170,7 @@ TEST(Defaults, FillEmptyCellsAndNameTheCodes) {
     record.type = 2;
     record.LPar[6] = L"17"; // one past the list
     record.LPar[2] = L"1";
-    EXPECT_FALSE(ApplySdtaDefaults(app, record)) << "names are no filled cells";
+    EXPECT_FALSE(ApplySdtaDefaults(app.sdta, record)) << "names are no filled cells";
     EXPECT_EQ(record.LPar[6], L"17");
     EXPECT_EQ(record.LPar[2], L"A");
 }

@@ -1,11 +1,12 @@
 #include "autofill/group_library.h"
 #include "autofill/value_cases.h"
+#include "support/places.h"
 
 namespace partwright {
 namespace {
 
 std::wstring dataPath(const char* name) {
-    return pathText(std::string(PARTWRIGHT_TEST_DATA "/autofill/") + name);
+    return pathText(std::string(places::testData) + "/autofill/" + name);
 }
 
 TEST(GroupLibrary, CaseFile) {
@@ -37,7 +38,7 @@ TEST(GroupLibrary, FilesThatAreNotThere) {
     EXPECT_EQ(LoadGroupLibrary(dataPath("no such file"), L'.', library).message, L"");
     EXPECT_TRUE(library.empty());
     EXPECT_EQ(library.DescribePartNumber(L"EX0603F10R0").description, L"");
-    const std::wstring folder = pathText(PARTWRIGHT_TEST_DATA);
+    const std::wstring folder = pathText(places::testData);
     EXPECT_EQ(LoadGroupLibrary(folder, L'.', library).message,
               L"Failed to Open File\n" + folder + L".");
 }

@@ -27,20 +27,20 @@ public:
     std::int32_t DetectGroup(const std::wstring& refDesList, const std::wstring& description,
                              bool byName) {
         const std::wstring upper = upperCase(description);
-        for (const auto& [code, rule] : app_.GroupRuleTable) {
+        for (const auto& [code, rule] : app_.classifier.GroupRuleTable) {
             if (!matches(rule.rules, upper))
                 continue;
             if (!rule.excluding.empty() && matches(rule.excluding, upper))
                 continue;
-            const auto name = app_.groupNamesByCode.find(code);
-            if (byName && name != app_.groupNamesByCode.end() &&
+            const auto name = app_.classifier.groupNamesByCode.find(code);
+            if (byName && name != app_.classifier.groupNamesByCode.end() &&
                 name->second == trim(split(refDesList, L',').front()))
                 return code;
             if (prefixMatches(refDesList, code))
                 return code;
         }
         if (!byName)
-            for (const auto& [code, prefixes] : app_.GroupRefDesTable)
+            for (const auto& [code, prefixes] : app_.classifier.GroupRefDesTable)
                 if (prefixMatches(refDesList, code))
                     return code;
         return 0;
@@ -82,8 +82,8 @@ private:
     }
 
     bool prefixMatches(const std::wstring& refDesList, std::int32_t code) const {
-        const auto typical = app_.GroupRefDesTable.find(code);
-        if (typical == app_.GroupRefDesTable.end())
+        const auto typical = app_.classifier.GroupRefDesTable.find(code);
+        if (typical == app_.classifier.GroupRefDesTable.end())
             return false;
         for (const auto designator : split(refDesList, L',')) {
             const auto digit = designator.find_first_of(L"0123456789");
@@ -101,8 +101,8 @@ private:
 
     bool directKey(std::int32_t family, const std::wstring& text, std::int32_t& group,
                    std::int32_t& type) const {
-        const auto rows = app_.DirectKeyTable.find(family);
-        if (rows == app_.DirectKeyTable.end())
+        const auto rows = app_.classifier.DirectKeyTable.find(family);
+        if (rows == app_.classifier.DirectKeyTable.end())
             return false;
         for (const DirectKey& row : rows->second) {
             const std::wstring key = upperCase(row.text);

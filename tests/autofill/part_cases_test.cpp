@@ -12,6 +12,7 @@
 #include "core/text.h"
 #include "library/property_tables.h"
 #include "library/small_tables.h"
+#include "support/places.h"
 
 #include <gtest/gtest.h>
 
@@ -26,12 +27,12 @@ class PartCases : public testing::Test {
 protected:
     static void SetUpTestSuite() {
         app = std::make_unique<CPartwrightPlugInApp>();
-        app->programFolder = withSeparator(pathText(PARTWRIGHT_TABLES));
-        ResolveFilePaths(*app, L"/nowhere");
-        LoadSdtaProperties(*app);
-        LoadGroupNames(*app);
-        LoadAsrProperties(*app);
-        LoadConvBiCode(*app);
+        app->paths.programFolder = withSeparator(pathText(places::tables));
+        ResolveFilePaths(app->paths, L"/nowhere");
+        LoadSdtaProperties(app->paths, app->sdta);
+        LoadGroupNames(app->paths, app->classifier, app->sdta);
+        LoadAsrProperties(app->paths, app->asr);
+        LoadConvBiCode(app->paths, app->classifier);
         engine = std::make_unique<FillEngine>(*app);
         for (const LoadResult& result : engine->load())
             ASSERT_EQ(result.status, FileStatus::Ok) << encodeUtf8(result.path);
@@ -76,7 +77,7 @@ std::vector<CaseLine> linesOf(const std::filesystem::path& path) {
 std::vector<std::filesystem::path> caseFiles(const char* folder) {
     std::vector<std::filesystem::path> files;
     for (const auto& entry :
-         std::filesystem::directory_iterator(std::filesystem::path(PARTWRIGHT_TEST_DATA) / folder))
+         std::filesystem::directory_iterator(std::filesystem::path(places::testData) / folder))
         if (entry.path().extension() == ".cases")
             files.push_back(entry.path());
     return files;
@@ -90,7 +91,8 @@ std::string difference(const CPartwrightPlugInApp& app, const FilledPart& part,
     std::string text;
     if (part.found.group != toInteger(group))
         text += " group " + std::to_string(part.found.group) + " for " + encodeUtf8(group);
-    const auto typeName = namesOf<Record>(app, part.found.group, part.found.type).second;
+    const auto typeName =
+        app.of<Record>().GroupAndTypeNames(part.found.group, part.found.type).second;
     if (type != L"*" && typeName != type)
         text += " type " + encodeUtf8(typeName) + " for " + encodeUtf8(type);
     for (const std::wstring_view value : split(values, L';')) {

@@ -22,18 +22,18 @@ public:
             const std::wstring excluding = below(2) == 0   ? L""
                                            : below(6) == 0 ? L"("
                                                            : L"(?!" + word() + L").*" + word();
-            app.GroupRuleTable[group] = {rules, excluding};
+            app.classifier.GroupRuleTable[group] = {rules, excluding};
             if (below(6) != 0)
-                app.GroupRefDesTable[group] = prefix() + L"," + prefix();
-            app.groupNamesByCode[group] = prefix();
+                app.classifier.GroupRefDesTable[group] = prefix() + L"," + prefix();
+            app.classifier.groupNamesByCode[group] = prefix();
         }
-        app.GroupRefDesTable[9] = prefix();
+        app.classifier.GroupRefDesTable[9] = prefix();
     }
 
     void fillDirectKeys(CPartwrightPlugInApp& app) {
         for (const std::int32_t family : {14, 20})
             for (int i = below(4); i > 0; --i)
-                app.DirectKeyTable[family].push_back(
+                app.classifier.DirectKeyTable[family].push_back(
                     {1 + below(6), 1 + below(5), phrase(), L"name"});
     }
 

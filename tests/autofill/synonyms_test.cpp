@@ -1,5 +1,7 @@
 #include "autofill/synonyms.h"
+#include "core/application.h"
 #include "core/encoding.h"
+#include "support/places.h"
 
 #include <gtest/gtest.h>
 
@@ -86,9 +88,9 @@ TEST(Synonyms, FaultyEntriesAreNamedAndMatchNothing) {
 
 TEST(Synonyms, TheShippedTableHasNoFaultyEntry) {
     CPartwrightPlugInApp app;
-    app.programFolder = decodeLossy(PARTWRIGHT_TABLES "/");
+    app.paths.programFolder = decodeLossy(std::string(places::tables) + "/");
     SynonymTable table;
-    ASSERT_EQ(LoadSynonyms(app, table).status, FileStatus::Ok);
+    ASSERT_EQ(LoadSynonyms(app.paths, table).status, FileStatus::Ok);
     EXPECT_GT(table.size(), 0U);
     EXPECT_EQ(table.faultyLines(), std::vector<std::size_t>());
 }

@@ -5,6 +5,7 @@
 
 #include "core/text.h"
 #include "core/text_file.h"
+#include "support/places.h"
 
 #include <gtest/gtest.h>
 
@@ -24,7 +25,7 @@ struct ValueCase {
 
 inline std::vector<ValueCase> readCases(const std::string& name) {
     const TextFile file =
-        readTextFile(pathText(std::string(PARTWRIGHT_TEST_DATA "/autofill/") + name));
+        readTextFile(pathText(std::string(places::testData) + "/autofill/" + name));
     EXPECT_EQ(file.status, FileStatus::Ok) << name;
     std::vector<ValueCase> cases;
     LineReader lines(file.bytes);

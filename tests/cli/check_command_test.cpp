@@ -61,8 +61,8 @@ TEST_F(CliCheck, EachFindingIsALineOfEightFields) {
                     {"partNumber", "R-1"},
                     {"group", "Resistor"},
                     {"type", "Resistor.Fix"},
-                    {"parameter", ""},
-                    {"value", ""},
+                    {"parameter", "PinR-2"},
+                    {"value", "4"},
                     {"rule", "row lists"},
                     {"text", "Method Tessara (Full)\nThe quantity of Pin numbers in the columns  "
                              "'PinR-1'  and  'PinR-2'\n in the selected row must be equal!"}}));

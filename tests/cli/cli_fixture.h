@@ -4,6 +4,7 @@
 
 #include "cli/program.h"
 #include "core/encoding.h"
+#include "support/places.h"
 #include "support/project_folder.h"
 
 #include <gtest/gtest.h>
@@ -58,13 +59,13 @@ protected:
     }
     /// From now on a copy of the tables in which a test can break one.
     void copyTables() {
-        std::filesystem::copy(PARTWRIGHT_TABLES, folder.path() / "tables",
+        std::filesystem::copy(places::tables, folder.path() / "tables",
                               std::filesystem::copy_options::recursive);
         tables = (folder.path() / "tables").string();
     }
 
     ProjectFolder folder;
-    std::string tables = PARTWRIGHT_TABLES;
+    std::string tables = places::tables;
 };
 
 } // namespace partwright::test

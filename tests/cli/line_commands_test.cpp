@@ -1,6 +1,7 @@
 // classify, describe, tables and the arguments themselves.
 
 #include "cli/cli_fixture.h"
+#include "support/places.h"
 
 #include <cstdio>
 
@@ -135,7 +136,7 @@ TEST_F(CliTest, AnUnreadTableOrALostAnswerIsNoSuccess) {
     std::ostringstream full;
     full.setstate(std::ios::badbit);
     std::ostringstream err;
-    EXPECT_EQ(cli::run({"classify", "--program", PARTWRIGHT_TABLES}, in, full, err), 1);
+    EXPECT_EQ(cli::run({"classify", "--program", places::tables}, in, full, err), 1);
     EXPECT_NE(err.str(), "");
 
     answer = withTables({"classify", "--program", pathOf(L"input")});
@@ -171,8 +172,8 @@ TEST_F(CliTest, TablesReportsFindings) {
 // The program itself: the tables are found from anywhere, for each design tool in its own place.
 TEST_F(CliTest, TheProgramFindsItsTables) {
     for (const char* host : {"1", "2", "3"}) {
-        const std::string command = "cd / && printf 'R1\\tRES 1K 0603\\n' | '" PARTWRIGHT_CLI
-                                    "' classify --host " +
+        const std::string command = "cd / && printf 'R1\\tRES 1K 0603\\n' | '" +
+                                    std::string(places::commandLineProgram) + "' classify --host " +
                                     std::string(host) + " 2>&1";
         FILE* pipe = popen(command.c_str(), "r");
         ASSERT_NE(pipe, nullptr);

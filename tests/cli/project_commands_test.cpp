@@ -1,6 +1,7 @@
 // status, fill and convert over a project on disk.
 
 #include "cli/cli_fixture.h"
+#include "support/places.h"
 
 #include <set>
 
@@ -158,7 +159,7 @@ TEST_F(CliProject, FillRefusesToWriteWhatItCouldNotRead) {
     // A table that is there and cannot be opened.
     folder.block(L"tables/DescrSynonyms.csv");
     refused(2, {"fill"});
-    tables = PARTWRIGHT_TABLES;
+    tables = places::tables;
 
     // No such folder to write to.
     answer = run({"fill", "--sdta", "--library", pathOf(L"nowhere"), "--program", tables,
@@ -188,7 +189,7 @@ TEST_F(CliProject, ConvertKeepsALibraryAsItIs) {
     for (const std::string kind : {"sdta", "analyses"}) {
         const std::string name =
             kind == "sdta" ? "SDTALib_MotorDrive.csv" : "AnalysesLib_MotorDrive.csv";
-        const std::filesystem::path source = std::filesystem::path(PARTWRIGHT_SAMPLES) / "library";
+        const std::filesystem::path source = std::filesystem::path(places::samples) / "library";
         std::filesystem::copy_file(source / name, folder.path() / name);
         const Answer answer = withTables(
             {"convert", (folder.path() / name).string(), pathOf(L"out.csv"), "--kind", kind});
@@ -223,7 +224,7 @@ TEST_F(CliProject, ConvertRefusesWhatItWouldLose) {
 
 // What run shows: the sample project is completed, and more so than before.
 TEST_F(CliProject, FillCompletesTheSampleProject) {
-    std::filesystem::copy(PARTWRIGHT_SAMPLES, folder.path(),
+    std::filesystem::copy(places::samples, folder.path(),
                           std::filesystem::copy_options::recursive |
                               std::filesystem::copy_options::overwrite_existing);
     const auto uncompleted = [this](const char* library, const char* level) {

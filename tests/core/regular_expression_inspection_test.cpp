@@ -123,7 +123,7 @@ TEST(AdmittedCodes, AreThoseOfAllMatchingTexts) {
 TEST(ExpressionTraits, TellWhatATableMayNotHold) {
     const struct {
         const wchar_t* expression;
-        bool valid, refersBack, nestsEndless, hasLetterEscape;
+        bool valid, refersBack, nestsEndless, hasLetterEscape, nestsLookAheads = false;
     } cases[] = {
         {L"(A|B)+C{2,3}[0-9]*", true, false, false, false},
         {L"(A", false, false, false, false},
@@ -137,6 +137,10 @@ TEST(ExpressionTraits, TellWhatATableMayNotHold) {
         {L"\\bA", true, false, false, true},
         {L"\\\\dA", true, false, false, false},
         {L"A\\.B\\-", true, false, false, false},
+        {L"A+*", true, false, true, false},
+        {L"A++{1}", true, false, false, false},
+        {L"(?=A)B(?!C)", true, false, false, false},
+        {L"(?=A(B(?!C)))D", true, false, false, false, true},
     };
     for (const auto& one : cases) {
         const ExpressionTraits traits = traitsOf(one.expression);
@@ -144,6 +148,8 @@ TEST(ExpressionTraits, TellWhatATableMayNotHold) {
         EXPECT_EQ(traits.hasBackReference, one.refersBack)
             << testing::PrintToString(one.expression);
         EXPECT_EQ(traits.nestsEndlessRepeats, one.nestsEndless)
+            << testing::PrintToString(one.expression);
+        EXPECT_EQ(traits.nestsLookAheads, one.nestsLookAheads)
             << testing::PrintToString(one.expression);
         EXPECT_EQ(traits.hasLetterEscape, one.hasLetterEscape)
             << testing::PrintToString(one.expression);

@@ -1,5 +1,6 @@
 // What a start is made of: command line, settings, paths.
 
+#include "core/application.h"
 #include "core/command_line.h"
 #include "core/paths.h"
 #include "core/settings.h"
@@ -127,20 +128,20 @@ TEST_F(Settings, PathsOfAProject) {
     EXPECT_EQ(programFolderFor(L"/partwright", 2), L"/") << "no folder above: the first cut stands";
     EXPECT_EQ(programFolderFor(L"partwright", 1), L"partwright");
     CPartwrightPlugInApp app;
-    app.hostTool = 1;
-    app.programFolder = L"/opt/pw/";
-    app.libraryFolder = L"/prj";
-    app.projectName = L"Board";
-    ResolveFilePaths(app);
-    EXPECT_EQ(app.publicSdtaLibraryPath, L"/opt/pw/Morlith_PLib/SDTALib_Public.csv");
-    EXPECT_EQ(app.sdtaLibraryPath, L"/prj/SDTALib_Board.csv");
-    EXPECT_EQ(app.asrLibraryPath, L"/prj/AnalysesLib_Board.csv");
-    EXPECT_EQ(app.groupLibraryPath, L"/opt/pw/GLibData.glb");
+    app.paths.hostTool = 1;
+    app.paths.programFolder = L"/opt/pw/";
+    app.paths.libraryFolder = L"/prj";
+    app.paths.projectName = L"Board";
+    ResolveFilePaths(app.paths);
+    EXPECT_EQ(app.paths.publicSdtaLibraryPath, L"/opt/pw/Morlith_PLib/SDTALib_Public.csv");
+    EXPECT_EQ(app.paths.sdtaLibraryPath, L"/prj/SDTALib_Board.csv");
+    EXPECT_EQ(app.paths.asrLibraryPath, L"/prj/AnalysesLib_Board.csv");
+    EXPECT_EQ(app.paths.groupLibraryPath, L"/opt/pw/GLibData.glb");
     folder.put(L"user/Varnel_Altium/Settings.ini", "[Settings]\nPLibPath=/public\n");
-    ResolveFilePaths(app);
-    EXPECT_EQ(app.publicAsrLibraryPath, L"/public/AnalysesLib_Public.csv");
-    ResolveFilePaths(app, L"/given");
-    EXPECT_EQ(app.publicAsrLibraryPath, L"/given/AnalysesLib_Public.csv");
+    ResolveFilePaths(app.paths);
+    EXPECT_EQ(app.paths.publicAsrLibraryPath, L"/public/AnalysesLib_Public.csv");
+    ResolveFilePaths(app.paths, L"/given");
+    EXPECT_EQ(app.paths.publicAsrLibraryPath, L"/given/AnalysesLib_Public.csv");
     EXPECT_EQ(withSeparator(L"/a"), L"/a/");
     EXPECT_EQ(withSeparator(L"/a\\"), L"/a\\");
     EXPECT_EQ(withSeparator(L""), L"");

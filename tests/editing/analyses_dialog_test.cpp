@@ -46,7 +46,7 @@ class DialogCases final : public test::AnalysesCases {
         for (const std::size_t position : table.hidden)
             shown[position] = 0;
         d.app.decimalPoint = table.mark;
-        d.app.asrColumnsForAsr[table.group] = shown;
+        d.app.asr.columnsForAsr[table.group] = shown;
         std::vector<AsrDialog::Part> parts;
         for (const Row& row : rows) {
             AsrDialog::Part part;
@@ -101,7 +101,7 @@ class DialogCases final : public test::AnalysesCases {
             isFull = isFull && d.session->table().isComplete(row);
         if (!isFull)
             d.prompt.expectQuestion(notAllFilled, yes);
-        const TableOutcome outcome = d.session->ok({}, d.app.datasheetLinks);
+        const TableOutcome outcome = d.session->ok({}, d.app.libraries.datasheetLinks);
         std::wstring expected = answer;
         if (const auto at = expected.find(L"Method M\n"); at != std::wstring::npos)
             expected.replace(at, 8, L"Method Schematic Review (ASR)");
@@ -237,7 +237,7 @@ TEST(AnalysesDialog, ACopyAsksForMatchingListsAlone) {
     AsrDialog relay;
     auto& r = relay.open(32, {{1, {L"100", L"1", L"1", L"1", L"2", L"3"}}});
     EXPECT_TRUE(r.checkBeforeCopy({}).accepted);
-    EXPECT_FALSE(r.ok({}, relay.app.datasheetLinks).accepted);
+    EXPECT_FALSE(r.ok({}, relay.app.libraries.datasheetLinks).accepted);
 }
 
 TEST(AnalysesDialog, MessagesCountRowsAsTheScreenDoes) {
@@ -249,7 +249,7 @@ TEST(AnalysesDialog, MessagesCountRowsAsTheScreenDoes) {
     auto& s = d.open(26, {filter(L"5"), filter(L"5-9"), filter(L"5")});
     s.RefreshAllRowFlags();
     const std::size_t screen[] = {2, 0, 1};
-    const TableOutcome stop = s.ok(screen, d.app.datasheetLinks);
+    const TableOutcome stop = s.ok(screen, d.app.libraries.datasheetLinks);
     EXPECT_EQ(stop.selectedRows, std::vector<std::size_t>{1});
     EXPECT_EQ(textsOf(stop), std::vector<std::wstring>{L"Number of frequency values should be "
                                                        L"equals to 1.\n(Row = 3, Column = 14)"});
@@ -257,14 +257,14 @@ TEST(AnalysesDialog, MessagesCountRowsAsTheScreenDoes) {
               std::vector<std::wstring>{L"Number of frequency values should be equals to "
                                         L"1.\n(Row = 2, Column = 14)"});
     EXPECT_TRUE(d.type({1, L(8)}, L"9"));
-    EXPECT_TRUE(s.ok(screen, d.app.datasheetLinks).accepted);
+    EXPECT_TRUE(s.ok(screen, d.app.libraries.datasheetLinks).accepted);
 }
 
 TEST(AnalysesDialog, OkStoresWhatTheLevelShows) {
     AsrDialog d;
     LevelColumns shown{};
     shown[1] = shown[2] = shown[3] = 1;
-    d.app.asrColumnsForAsr[23] = d.app.asrColumnsForRapid[23] = shown;
+    d.app.asr.columnsForAsr[23] = d.app.asr.columnsForRapid[23] = shown;
     struct Case {
         AnalysisLevel level;
         std::wstring ground;

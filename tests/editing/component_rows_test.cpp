@@ -60,7 +60,7 @@ TEST(ComponentRows, DeletionAsksAndSparesTheProject) {
 TEST(ComponentRows, AddCopyAndChangeGroup) {
     SdtaDialog d;
     d.elsewhere = {{L"TAKEN", L""}};
-    d.app.datasheetLinks = {{L"P1", L"one.pdf"}, {L"OTHER", L"other.pdf"}};
+    d.app.libraries.datasheetLinks = {{L"P1", L"one.pdf"}, {L"OTHER", L"other.pdf"}};
     auto& s = d.open(3, {goodThyristor(), goodThyristor()});
     EXPECT_TRUE(s.hasPart(L"P2"));
     EXPECT_TRUE(s.hasPart(L"TAKEN"));
@@ -105,7 +105,7 @@ TEST(ComponentRows, AddCopyAndChangeGroup) {
     EXPECT_EQ(narrow(moved.Description), "moved");
     EXPECT_EQ(moved.LPar, SdtaComponent().LPar);
     EXPECT_EQ(
-        d.app.datasheetLinks,
+        d.app.libraries.datasheetLinks,
         (DatasheetLinks{
             {L"P1", L""}, {L"NEW", L"new.pdf"}, {L"TWIN", L"one.pdf"}, {L"OTHER", L"other.pdf"}}));
 
@@ -135,7 +135,7 @@ TEST(ComponentRows, OkAsksOnceAndStopsAtTheFirstFault) {
     EXPECT_FALSE(d.ok());
 
     d.prompt.expectQuestion(notAllFilled, yes);
-    TableOutcome outcome = d.shown(s.ok({}, d.app.datasheetLinks));
+    TableOutcome outcome = d.shown(s.ok({}, d.app.libraries.datasheetLinks));
     EXPECT_FALSE(outcome.accepted);
     EXPECT_EQ(outcome.selectedRows, Rows{1});
     const std::string line =
@@ -149,7 +149,7 @@ TEST(ComponentRows, OkAsksOnceAndStopsAtTheFirstFault) {
     // The order is that on the screen.
     const Rows order = {3, 2, 1, 0};
     d.prompt.expectQuestion(notAllFilled, yes);
-    outcome = d.shown(s.ok(order, d.app.datasheetLinks));
+    outcome = d.shown(s.ok(order, d.app.libraries.datasheetLinks));
     EXPECT_EQ(outcome.selectedRows, Rows{2});
     EXPECT_EQ(d.line(), "Thermal resistance Oja must be greater than or equal to Junction to Case "
                         "Ojc.");
@@ -221,10 +221,8 @@ void expectUnchangedByOk(AnalysisLevel level) {
     for (std::int32_t group = -1; group <= Kind<Record>::lastGroup + 1; ++group) {
         test::Dialog<Record> d;
         typename Kind<Record>::Library library;
-        const auto types =
-            Kind<Record>::groupTypes(d.app).find(namesOf<Record>(d.app, group, 0).first);
         const std::size_t known =
-            types == Kind<Record>::groupTypes(d.app).end() ? 1 : types->second.size();
+            std::max<std::size_t>(d.app.template of<Record>().typesOf(group).size(), 1);
         for (int i = 0; i < 300; ++i) {
             Record record;
             record.PartNum = L"P" + std::to_wstring(i);
@@ -295,7 +293,7 @@ TEST(ComponentRows, SpecialTextsOnTheWayInAndOut) {
 
 TEST(ComponentRows, TablesWithoutRowsAndWildRecordsLoseNothing) {
     SdtaDialog d;
-    d.app.sdtaProperties.clear();
+    d.app.sdta.properties.clear();
     d.rules = {};
     SdtaLibrary records = d.records(11, {{1, {L"50"}}, {-5, {}}, {2'000'000'000, {}}});
     records[L""] = records.at(L"P1"); // a key that is not the part number

@@ -46,7 +46,7 @@ Told openAndLook(const typename Kind<Record>::Library& library, std::int32_t gro
     s.RefreshAllRowFlags();
     if (!told.isFull)
         d.prompt.expectQuestion(message::notAllFilledIn, PromptAnswer::Yes);
-    const TableOutcome outcome = s.ok({}, d.app.datasheetLinks);
+    const TableOutcome outcome = s.ok({}, d.app.libraries.datasheetLinks);
     if (!outcome.accepted)
         told.stop = narrow(outcome.boxes.empty() ? *outcome.line : outcome.boxes[0].text);
     return told;
@@ -62,16 +62,16 @@ void expectSameWords(AnalysisLevel level) {
     int cells = 0;
     const CPartwrightPlugInApp& app = test::shippedApp();
     for (std::int32_t group = 1; group <= Kind<Record>::lastGroup; ++group) {
-        if (namesOf<Record>(app, group, 0).first.find(notApplicableGroup) != std::wstring::npos ||
+        if (app.of<Record>().GroupAndTypeNames(group, 0).first.find(notApplicableGroup) !=
+                std::wstring::npos ||
             Kind<Record>::columns(group).empty())
             continue;
-        const auto& types =
-            Kind<Record>::groupTypes(app).find(namesOf<Record>(app, group, 0).first)->second;
+        const std::size_t types = std::max<std::size_t>(app.of<Record>().typesOf(group).size(), 1);
         for (int i = 0; i < 24; ++i) {
             Record record;
             record.PartNum = L"P1";
             record.group = group;
-            record.type = static_cast<std::int32_t>(dice.roll(types.size()));
+            record.type = static_cast<std::int32_t>(dice.roll(types));
             // Half of the rows are full.
             for (std::wstring& value : record.LPar)
                 value = values[dice.roll(std::size(values) - 1) + (i % 2 == 0 ? 1 : 0)];
@@ -83,12 +83,12 @@ void expectSameWords(AnalysisLevel level) {
             for (const LibraryFinding& f :
                  checkLibrary<Record>(app, library, test::shippedRules(), level)) {
                 EXPECT_EQ(narrow(f.part), "P1");
-                if (f.rule == L"single value")
-                    found.insert(narrow(f.parameter) + ": " + narrow(f.text));
-                else if (f.rule == L"completeness")
+                if (f.finding.rule == L"single value")
+                    found.insert(narrow(f.parameter) + ": " + narrow(f.finding.summary()));
+                else if (f.finding.rule == L"completeness")
                     isFull = false;
                 else if (stop.empty())
-                    stop = narrow(f.text);
+                    stop = narrow(f.finding.summary());
             }
             SCOPED_TRACE("group " + std::to_string(group) + " record " + std::to_string(i));
             EXPECT_EQ(found, told.cells);
@@ -116,8 +116,8 @@ TEST(LibraryCheck, FaultsOfTheRuleTablesAreFindings) {
         std::vector<std::string> all;
         for (const LibraryFinding& f :
              checkLibrary<SdtaComponent>(d.app, library, d.rules, AnalysisLevel::Full))
-            all.push_back(narrow(f.parameter) + "|" + narrow(f.value) + "|" + narrow(f.rule) + "|" +
-                          narrow(f.text));
+            all.push_back(narrow(f.parameter) + "|" + narrow(f.value) + "|" +
+                          narrow(f.finding.rule) + "|" + narrow(f.finding.summary()));
         return all;
     };
     EXPECT_EQ(texts(), std::vector<std::string>{});
@@ -127,9 +127,7 @@ TEST(LibraryCheck, FaultsOfTheRuleTablesAreFindings) {
               std::vector<std::string>{"Pw-RT|10|single value|Value Type or Range Error."});
     rule.param1 = L"0";
     rule.checkId = 12;
-    const auto unknown = texts();
-    ASSERT_EQ(unknown.size(), 2U);
-    EXPECT_EQ(unknown[1], "Pw-RT|10|single value| Found CheckID = 12");
+    EXPECT_EQ(texts(), std::vector<std::string>{"Pw-RT|10|single value| Found CheckID = 12"});
     d.rules.rules.erase(10);
     EXPECT_EQ(texts(), std::vector<std::string>{"Pw-RT|10|single value|Failed Validation ID."});
 }
@@ -143,7 +141,7 @@ TEST(LibraryCheck, RecordsWithoutATable) {
     ASSERT_EQ(findings.size(), 2U);
     EXPECT_EQ(narrow(findings[0].part), "P1");
     EXPECT_EQ(narrow(findings[1].part), "P3");
-    EXPECT_EQ(narrow(findings[1].text), "The component has no group.");
+    EXPECT_EQ(narrow(findings[1].finding.summary()), "The component has no group.");
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include "core/paths.h"
 #include "editing/main_session.h"
 #include "editing/startup.h"
+#include "support/places.h"
 #include "support/project_folder.h"
 #include "support/scripted_prompt.h"
 
@@ -26,9 +27,9 @@ public:
 class MainSessionTest : public ::testing::Test {
 protected:
     MainSessionTest() {
-        app.hostTool = 1;
-        app.libraryFolder = folder / L"library";
-        app.projectInputFolder = withSeparator(folder / L"input");
+        app.paths.hostTool = 1;
+        app.paths.libraryFolder = folder / L"library";
+        app.paths.projectInputFolder = withSeparator(folder / L"input");
         folder.putParts("R1,r-1,,RES 10K OHM 1% 1/10W 0603,100-1,Yes\n"
                         "R2,R-1,,RES 22K OHM,100-2,No\n"
                         "C7,C-1,,CAP CER 0.1UF 50V X7R 0603,200-1,No\n");
@@ -41,7 +42,7 @@ protected:
     }
 
     MainSession& start() {
-        loadAtStart(app, clock, prompt, {pathText(PARTWRIGHT_TABLES), folder / L"public"});
+        loadAtStart(app, clock, prompt, {pathText(places::tables), folder / L"public"});
         session.emplace(app, engine, prompt);
         session->start();
         return *session;
@@ -82,7 +83,7 @@ TEST_F(MainSessionTest, StartsSdtaFirstAndOpensWhatTheCommandLineNamed) {
 TEST_F(MainSessionTest, WaitsForALockedPartListAndGoesOnWithoutAProject) {
     folder.block(L"input/PlugIn_Partwright_PrjInput.csv");
     prompt.expect(
-        message::failedToOpen(app.projectInputFolder + L"PlugIn_Partwright_PrjInput.csv"));
+        message::failedToOpen(app.paths.projectInputFolder + L"PlugIn_Partwright_PrjInput.csv"));
     prompt.expect(message::sourceFileNotFound(folder / L"library/AnalysesLib_.csv"));
     prompt.expect(message::sourceFileNotFound(folder / L"public/AnalysesLib_Public.csv"));
     MainSession& main = start();
@@ -180,14 +181,14 @@ TEST_F(MainSessionTest, AddsTheMissingPartsOfTheProject) {
     ASSERT_EQ(sdta.size(), 3U) << "the part that is not selected stays away";
     EXPECT_EQ(sdta.at(L"RES-1").Description, L"RES 10K OHM 1% 1/10W 0603");
     EXPECT_EQ(sdta.at(L"RES-1").CatNum, L"100-7");
-    EXPECT_EQ(app.GroupAndTypeNames(sdta.at(L"RES-1").group, 0).first, L"Resistor");
+    EXPECT_EQ(app.sdta.GroupAndTypeNames(sdta.at(L"RES-1").group, 0).first, L"Resistor");
     EXPECT_EQ(sdta.at(L"CAP-1").CatNum, std::wstring(255, L'x'));
     EXPECT_EQ(sdta.at(L"CAP-9").Description, L"kept");
     EXPECT_TRUE(main.sdtaPage.designParts.contains(L"RES-1"));
 
     AsrLibrary& analyses = main.asrPage.designLibrary;
     EXPECT_EQ(analyses.size(), 3U) << "Project Only takes what is not selected, too";
-    EXPECT_EQ(app.AsrGroupAndTypeNames(analyses.at(L"RES-1").group, 0).first, L"Resistor");
+    EXPECT_EQ(app.asr.GroupAndTypeNames(analyses.at(L"RES-1").group, 0).first, L"Resistor");
 }
 
 TEST_F(MainSessionTest, AnalysesRecordsStartFromTheSdtaMaster) {
@@ -195,7 +196,7 @@ TEST_F(MainSessionTest, AnalysesRecordsStartFromTheSdtaMaster) {
                          ">,SDTA-M, Capacitor,Capacitor,R-1,cat-m,words of the master,CK,<\n");
     expectFirstStart();
     const AsrComponent& record = start().asrPage.designLibrary.at(L"R-1");
-    EXPECT_EQ(app.AsrGroupAndTypeNames(record.group, 0).first, L"Capacitor");
+    EXPECT_EQ(app.asr.GroupAndTypeNames(record.group, 0).first, L"Capacitor");
     EXPECT_EQ(record.CatNum, L"cat-m");
     EXPECT_EQ(record.Description, L"words of the master");
 }
@@ -297,7 +298,7 @@ TEST_F(MainSessionTest, OkKeepsTheLinksAndTheWindowWhileTheirTableIsWithheld) {
     };
     expectRefusal();
     EXPECT_TRUE(main.closeWithOk()) << "there is no link to lose";
-    app.datasheetLinks[L"R-1"] = L"r.pdf";
+    app.libraries.datasheetLinks[L"R-1"] = L"r.pdf";
     expectRefusal();
     EXPECT_FALSE(main.closeWithOk());
     EXPECT_FALSE(std::filesystem::exists(nativePath(folder / linkFile)));
@@ -308,7 +309,7 @@ TEST_F(MainSessionTest, OkLeavesALibraryReadWithoutGroupNamesAlone) {
     const std::string old = "sep=,\n|\n>,SDTA-M, IC,IC Linear,PRECIOUS,,,Default,<\n";
     folder.put(sdtaFile, old);
     std::filesystem::create_directory(folder.path() / "tables");
-    for (const auto& table : std::filesystem::directory_iterator(PARTWRIGHT_TABLES))
+    for (const auto& table : std::filesystem::directory_iterator(places::tables))
         if (table.path().filename() != "DescrRules.csv")
             std::filesystem::create_symlink(table.path(),
                                             folder.path() / "tables" / table.path().filename());
@@ -316,9 +317,9 @@ TEST_F(MainSessionTest, OkLeavesALibraryReadWithoutGroupNamesAlone) {
     loadAtStart(app, clock, prompt, {folder / L"tables", folder / L"public"});
     session.emplace(app, engine, prompt);
     session->start();
-    prompt.expect(
-        message::saveWouldLose(folder / sdtaFile, message::groupTableMissing(app.descrRulesPath)),
-        PromptIcon::Warning);
+    prompt.expect(message::saveWouldLose(folder / sdtaFile,
+                                         message::groupTableMissing(app.paths.descrRulesPath)),
+                  PromptIcon::Warning);
     EXPECT_FALSE(session->closeWithOk());
     EXPECT_EQ(folder.bytesOf(sdtaFile), old);
     EXPECT_NE(folder.bytesOf(analysesFile), "") << "everything else goes on";
@@ -420,7 +421,7 @@ TEST_F(MainSessionTest, ALibraryThatWasUnreadableAtFirstIsNotWrittenOver) {
         const ProjectFolder& folder_;
     } mending(folder);
     folder.block(sdtaFile);
-    loadAtStart(app, clock, mending, {pathText(PARTWRIGHT_TABLES), folder / L"public"});
+    loadAtStart(app, clock, mending, {pathText(places::tables), folder / L"public"});
     session.emplace(app, engine, mending);
     session->start();
     EXPECT_EQ(session->sdtaPage.save(false), SaveOutcome::Withheld);

@@ -13,7 +13,7 @@ using test::ScriptedPrompt;
 
 TEST(GroupChoice, PartNumbersAndGroups) {
     ScriptedPrompt prompt;
-    const auto groups = familyGroups<SdtaComponent>(test::shippedApp());
+    const auto groups = familyGroups(test::shippedApp().sdta);
     GroupChoiceSession add(GroupChoiceMode::Add, groups, 4,
                            [](std::wstring_view part) { return part == L"OLD-1"; });
     EXPECT_EQ(narrow(add.title()), "Add new component");
@@ -41,8 +41,8 @@ TEST(GroupChoice, PartNumbersAndGroups) {
 
 TEST(GroupChoice, OffersOnlyGroupsThatAPartCanLiveIn) {
     CPartwrightPlugInApp app = test::shippedApp();
-    app.asrFamilyGroups[L"OptoDevice"].push_back({20, L"Reserved.Opto"});
-    const auto groups = familyGroups<AsrComponent>(app);
+    app.asr.familyGroups[L"OptoDevice"].push_back({20, L"Reserved.Opto"});
+    const auto groups = familyGroups(app.of<AsrComponent>());
     EXPECT_FALSE(groups.contains(L"PCB"));
     for (const auto& [family, list] : groups) {
         EXPECT_FALSE(list.empty());

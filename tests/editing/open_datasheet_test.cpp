@@ -1,3 +1,4 @@
+#include "core/application.h"
 #include "core/messages.h"
 #include "editing/open_datasheet.h"
 #include "support/recording_opener.h"
@@ -37,9 +38,9 @@ TEST(OpenDatasheet, OpensTheFileOrTellsWhatIsMissing) {
         ScriptedPrompt prompt;
         if (!one.box.empty())
             prompt.expect(one.box, PromptIcon::Warning);
-        app.datasheetFolder = one.folder;
+        app.paths.datasheetFolder = one.folder;
         opener.opened.clear();
-        OpenDatasheet(app, one.link, prompt, opener);
+        OpenDatasheet(app.paths, one.link, prompt, opener);
         EXPECT_EQ(opener.opened,
                   one.opens ? std::vector<std::wstring>{file} : std::vector<std::wstring>{});
     }
@@ -47,7 +48,7 @@ TEST(OpenDatasheet, OpensTheFileOrTellsWhatIsMissing) {
     opener.answer = false;
     ScriptedPrompt prompt;
     prompt.expect(message::noProgramToOpen(file), PromptIcon::Warning);
-    OpenDatasheet(app, L"passive/R 1.pdf", prompt, opener);
+    OpenDatasheet(app.paths, L"passive/R 1.pdf", prompt, opener);
 }
 
 } // namespace partwright::test

@@ -7,6 +7,7 @@
 #include "core/text_file.h"
 #include "editing/component_table_session.h"
 #include "library/property_tables.h"
+#include "support/places.h"
 #include "support/scripted_prompt.h"
 #include "validation/validation_tables.h"
 
@@ -27,13 +28,13 @@ inline std::string narrow(std::wstring_view text) {
 inline const CPartwrightPlugInApp& shippedApp() {
     static const auto app = [] {
         auto made = std::make_unique<CPartwrightPlugInApp>();
-        made->hostTool = 1;
-        made->programFolder = withSeparator(pathText(PARTWRIGHT_TABLES));
-        ResolveFilePaths(*made, L"/nowhere/");
-        LoadGroupNames(*made);
-        LoadSdtaProperties(*made);
-        LoadAsrProperties(*made);
-        LoadColumnVisibility(*made);
+        made->paths.hostTool = 1;
+        made->paths.programFolder = withSeparator(pathText(places::tables));
+        ResolveFilePaths(made->paths, L"/nowhere/");
+        LoadGroupNames(made->paths, made->classifier, made->sdta);
+        LoadSdtaProperties(made->paths, made->sdta);
+        LoadAsrProperties(made->paths, made->asr);
+        LoadColumnVisibility(made->paths, made->asr);
         return made;
     }();
     return *app;
@@ -42,8 +43,8 @@ inline const CPartwrightPlugInApp& shippedApp() {
 inline const ValidationTables& shippedRules() {
     static const auto tables = [] {
         ValidationTables made;
-        LoadValidationRules(shippedApp().sdtaValidationRulesPath, made.rules);
-        LoadThermalValidationRules(shippedApp().sdtaThermalValidationPath, made.thermal);
+        LoadValidationRules(shippedApp().paths.sdtaValidationRulesPath, made.rules);
+        LoadThermalValidationRules(shippedApp().paths.sdtaThermalValidationPath, made.thermal);
         return made;
     }();
     return tables;
@@ -120,7 +121,7 @@ struct Dialog {
         return narrow(text);
     }
     std::string line() const { return narrow(session->descriptionLine()); }
-    bool ok() { return shown(session->ok({}, app.datasheetLinks)).accepted; }
+    bool ok() { return shown(session->ok({}, app.libraries.datasheetLinks)).accepted; }
 };
 
 using SdtaDialog = Dialog<SdtaComponent>;

@@ -31,9 +31,9 @@ std::int32_t groupOneByOne(const CPartwrightPlugInApp& app, const std::wstring& 
         return ValidateRegularExpression(text) &&
                RegularExpression(upperCase(text)).fullMatch(upper);
     };
-    for (const auto& [code, rule] : app.GroupRuleTable) {
-        const auto typical = app.GroupRefDesTable.find(code);
-        if (typical == app.GroupRefDesTable.end() || !matches(rule.rules) ||
+    for (const auto& [code, rule] : app.classifier.GroupRuleTable) {
+        const auto typical = app.classifier.GroupRefDesTable.find(code);
+        if (typical == app.classifier.GroupRefDesTable.end() || !matches(rule.rules) ||
             (!rule.excluding.empty() && matches(rule.excluding)))
             continue;
         for (const auto piece : split(typical->second, L','))
@@ -44,20 +44,20 @@ std::int32_t groupOneByOne(const CPartwrightPlugInApp& app, const std::wstring& 
 }
 
 void groups(CPartwrightPlugInApp& app, const std::wstring& description) {
-    LoadGroupNames(app);
-    app.groupNamesByCode.clear();
-    test::demand(GroupDetector(app).DetectGroup(L"R1", description, true) ==
+    LoadGroupNames(app.paths, app.classifier, app.sdta);
+    app.classifier.groupNamesByCode.clear();
+    test::demand(GroupDetector(app.classifier).DetectGroup(L"R1", description, true) ==
                      groupOneByOne(app, description),
                  "the set answers as its members");
-    static_cast<void>(GroupDetector(app).DetectGroup(description, description, false));
+    static_cast<void>(GroupDetector(app.classifier).DetectGroup(description, description, false));
 }
 
 void types(CPartwrightPlugInApp& app, const std::wstring& description) {
-    LoadManagementTable(app);
+    LoadManagementTable(app.paths, app.classifier);
     TypeKeywords keywords;
-    LoadTypeKeywords(app, keywords);
+    LoadTypeKeywords(app.paths, keywords);
     test::demand(keywords.typeKeywordMaxLength <= 255, "keywords are cut");
-    const TypeDetector detector(app, keywords, units());
+    const TypeDetector detector(app.classifier, keywords, units());
     test::LiteralClassifier literal(app, keywords, units());
     for (const std::int32_t group : {1, 10}) {
         std::int32_t fastGroup = group;
@@ -73,7 +73,7 @@ void types(CPartwrightPlugInApp& app, const std::wstring& description) {
 
 void synonyms(const CPartwrightPlugInApp& app, const std::wstring& description) {
     SynonymTable table;
-    LoadSynonyms(app, table);
+    LoadSynonyms(app.paths, table);
     const std::wstring result = table.rewrite(description);
     const bool untouched = table.size() == 0 || description.empty() || description == L"-";
     test::demand(untouched ? result == description : result.starts_with(L' '),
@@ -95,8 +95,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         lastLine == std::string::npos ? L"RES 1K" : decodeLossy(bytes.substr(lastLine + 1));
     const std::wstring path = folder.put(files[kind], bytes.substr(0, lastLine));
     CPartwrightPlugInApp app;
-    app.programFolder = folder / L"";
-    ResolveFilePaths(app, L"/public");
+    app.paths.programFolder = folder / L"";
+    ResolveFilePaths(app.paths, L"/public");
     if (kind == 0)
         groups(app, description);
     else if (kind == 3)

@@ -17,12 +17,13 @@ void tryLibrary(const std::string& input) {
     static const CPartwrightPlugInApp comma = sampleApp(L",", 4, 11);
     const CPartwrightPlugInApp& app = input.size() % 2 == 0 ? point : comma;
     const CodePage codePage = detectCodePage(input);
-    const auto read = parseLibrary<Record>(app, input, codePage).records;
+    const auto read = parseLibrary(app.of<Record>(), app.decimalMark(), input, codePage).records;
     demand(read == literalRead<Record>(app, input, codePage), "the reader equals the literal one");
 
     const auto file = formatLibrary<Record>(app, recordsByGroup(read), L"/lib.csv", {});
     demand(file.encodable, "UTF-8 holds what was read");
-    const auto again = parseLibrary<Record>(app, file.bytes, CodePage::Utf8).records;
+    const auto again =
+        parseLibrary(app.of<Record>(), app.decimalMark(), file.bytes, CodePage::Utf8).records;
     for (const auto& [key, record] : read)
         demand(again.contains(upperCase(removeAll(key, L"\r\n"))),
                "no part is lost by writing and reading");

@@ -13,7 +13,7 @@ namespace partwright::test {
 namespace {
 
 FamilyGroups stressGroups() {
-    return familyGroups<SdtaComponent>(shippedApp());
+    return familyGroups(shippedApp().of<SdtaComponent>());
 }
 
 QStringList lines(const QListWidget& list) {

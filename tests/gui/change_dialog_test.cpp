@@ -150,8 +150,8 @@ TEST(ChangeDialog, FillsAndPastesColumns) {
 
 TEST(ChangeDialog, LinksOpenAndAreClearedWithoutTouchingTheRow) {
     SdtaDriver d;
-    d.app.datasheetLinks[L"P1"] = L"scr\\p1.pdf";
-    d.app.datasheetFolder.clear();
+    d.app.libraries.datasheetLinks[L"P1"] = L"scr\\p1.pdf";
+    d.app.paths.datasheetFolder.clear();
     d.open(3, {goodThyristor(), goodThyristor()});
     d.openDialog();
     const int link = static_cast<int>(d.session->setup().datasheetColumn);
@@ -163,7 +163,7 @@ TEST(ChangeDialog, LinksOpenAndAreClearedWithoutTouchingTheRow) {
     EXPECT_EQ(d.text(1, link), "");
     EXPECT_EQ(d.grid().rowCount(), 2);
     d.press("ok");
-    EXPECT_EQ(d.app.datasheetLinks.at(L"P1"), L"");
+    EXPECT_EQ(d.app.libraries.datasheetLinks.at(L"P1"), L"");
 }
 
 TEST(ChangeDialog, FindBarAndMessageSearchAlike) {

@@ -358,7 +358,7 @@ TEST(ChangeGrid, AnEmptyGroupAndOneWithoutParametersCanBeWorked) {
 
 TEST(ChangeGrid, WithoutATypeARowTakesNoValues) {
     SdtaDriver d;
-    d.app.sdtaDefaultTypes.clear();
+    d.app.sdta.defaultTypes.clear();
     d.open(3, {});
     d.openDialog();
     whenModal(*d.dialog, [](QDialog& box) {

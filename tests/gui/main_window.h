@@ -8,6 +8,7 @@
 #include "dialogs/main_dialog.h"
 #include "editing/main_session.h"
 #include "editing/startup.h"
+#include "support/places.h"
 #include "support/project_folder.h"
 #include "support/qt_print.h"
 #include "support/recording_opener.h"
@@ -29,17 +30,17 @@ inline constexpr std::wstring_view sampleAnalyses = L"library/AnalysesLib_MotorD
 class MainWindow {
 public:
     MainWindow() {
-        std::filesystem::copy(PARTWRIGHT_SAMPLES, folder.path(),
+        std::filesystem::copy(places::samples, folder.path(),
                               std::filesystem::copy_options::recursive |
                                   std::filesystem::copy_options::overwrite_existing);
-        app.hostTool = 1;
-        app.libraryFolder = folder / L"library";
-        app.projectInputFolder = withSeparator(folder / L"input");
+        app.paths.hostTool = 1;
+        app.paths.libraryFolder = folder / L"library";
+        app.paths.projectInputFolder = withSeparator(folder / L"input");
     }
 
     CPartwrightPlugInDlg& open() {
         loadAtStart(app, clock, prompt,
-                    {tables.empty() ? pathText(PARTWRIGHT_TABLES) : tables, folder / L"public"});
+                    {tables.empty() ? pathText(places::tables) : tables, folder / L"public"});
         session.emplace(app, engine, prompt);
         session->start();
         dialog.emplace(*session, DialogServices{app, prompt, opener});

@@ -4,6 +4,7 @@
 #include "gui/main_window.h"
 #include "library/library_reader.h"
 #include "support/dark_palette.h"
+#include "support/places.h"
 #include "support/widget_sweep.h"
 
 #include <sys/resource.h>
@@ -226,7 +227,7 @@ TEST_F(MainWindowCase, SaveWritesThePageShown) {
 TEST_F(MainWindowCase, OkSavesBothLibrariesAndTheLinks) {
     folder.put(linkFile, "PartNum,FileName,\nR-1,r.pdf,\n");
     open();
-    app.datasheetLinks[L"R-2"] = L"s.pdf";
+    app.libraries.datasheetLinks[L"R-2"] = L"s.pdf";
     const auto before = folder.files();
     QTest::keyClick(&find<QLineEdit>("sdtaPath"), Qt::Key_Return); // OK is the default button
     EXPECT_EQ(dialog->result(), QDialog::Accepted);
@@ -240,7 +241,7 @@ TEST_F(MainWindowCase, OkSavesBothLibrariesAndTheLinks) {
 TEST_F(MainWindowCase, AFullDiskKeepsTheWindowOpenAndTheFilesWhole) {
     open();
     const auto before = folder.files();
-    app.datasheetLinks[std::wstring(80, L'P')] = L"s.pdf";
+    app.libraries.datasheetLinks[std::wstring(80, L'P')] = L"s.pdf";
     const auto expectFailure = [this](std::wstring_view file) {
         prompt.expect(message::failedToWrite(folder / file, L"File too large"),
                       PromptIcon::Warning);
@@ -268,13 +269,13 @@ TEST_F(MainWindowCase, FilesThatVanishedAreWrittenAnew) {
     press("ok");
     EXPECT_FALSE(dialog->isVisible()) << "a file that cannot be opened does not keep it open";
     SdtaLibrary again;
-    static_cast<void>(LoadSdtaLibrary(app, again, app.sdtaLibraryPath));
+    static_cast<void>(LoadSdtaLibrary(app, again, app.paths.sdtaLibraryPath));
     EXPECT_EQ(again.size(), session->sdtaPage.designLibrary.size());
 }
 
 TEST_F(MainWindowCase, ALibraryThatWasNotUnderstoodIsWithheld) {
     std::filesystem::create_directory(folder.path() / "tables");
-    for (const auto& table : std::filesystem::directory_iterator(PARTWRIGHT_TABLES))
+    for (const auto& table : std::filesystem::directory_iterator(places::tables))
         if (table.path().filename() != "Property_ASR_Library.csv")
             std::filesystem::create_symlink(table.path(),
                                             folder.path() / "tables" / table.path().filename());
@@ -285,7 +286,7 @@ TEST_F(MainWindowCase, ALibraryThatWasNotUnderstoodIsWithheld) {
     const auto expectRefusal = [this] {
         prompt.expect(
             message::saveWouldLose(folder / sampleAnalyses,
-                                   message::groupTableMissing(app.asrPropertyLibraryPath)),
+                                   message::groupTableMissing(app.paths.asrPropertyLibraryPath)),
             PromptIcon::Warning);
     };
     expectRefusal();

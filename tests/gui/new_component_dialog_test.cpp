@@ -7,6 +7,7 @@
 #include "dialogs/new_component_grid.h"
 #include "editing/main_session.h"
 #include "editing/startup.h"
+#include "support/places.h"
 #include "support/project_folder.h"
 #include "support/recording_opener.h"
 #include "support/scripted_prompt.h"
@@ -35,12 +36,12 @@ protected:
     /// libraries alone.
     NewComponentDialog() {
         folder.putParts("ZZ1,odd-1,,what nobody knows,100-1,Yes\nZZ2,ODD-2,,nor this,,Yes\n");
-        app.hostTool = 1;
-        app.libraryFolder = folder / L"library";
-        app.projectInputFolder = withSeparator(folder / L"input");
+        app.paths.hostTool = 1;
+        app.paths.libraryFolder = folder / L"library";
+        app.paths.projectInputFolder = withSeparator(folder / L"input");
         prompt.expect(message::sourceFileNotFound(folder / analysesFile));
         prompt.expect(message::sourceFileNotFound(folder / L"public/AnalysesLib_Public.csv"));
-        loadAtStart(app, clock, prompt, {pathText(PARTWRIGHT_TABLES), folder / L"public"});
+        loadAtStart(app, clock, prompt, {pathText(places::tables), folder / L"public"});
         session.start();
         addFreeParts(session.sdtaPage);
         addFreeParts(session.asrPage);
@@ -95,7 +96,7 @@ protected:
 } // namespace
 
 TEST_F(NewComponentDialog, FamilyAndGroupByKeyboard) {
-    app.datasheetLinks[L"ODD-1"] = L"odd.pdf";
+    app.libraries.datasheetLinks[L"ODD-1"] = L"odd.pdf";
     Grid& grid = openTable(0);
     EXPECT_EQ(dialog->windowTitle(), s("New component group assignment"));
     QStringList headers;
@@ -141,7 +142,7 @@ TEST_F(NewComponentDialog, FamilyAndGroupByKeyboard) {
     EXPECT_TRUE(session.sdtaPage.modified());
     const SdtaLibrary& library = session.sdtaPage.designLibrary;
     EXPECT_EQ(library.at(L"ODD-1").group, 0);
-    EXPECT_EQ(app.GroupAndTypeNames(library.at(L"ODD-2").group, 0).first, L"Fuse");
+    EXPECT_EQ(app.sdta.GroupAndTypeNames(library.at(L"ODD-2").group, 0).first, L"Fuse");
     EXPECT_EQ(library.at(L"ODD-2").family, FamilyNumber(L"Fuse"));
     EXPECT_TRUE(session.closeWithOk());
     EXPECT_NE(folder.bytesOf(sdtaFile).find("Fuse,Fuse,\"\"\"ODD-2\"\"\""), std::string::npos)
@@ -189,8 +190,8 @@ TEST_F(NewComponentDialog, RowsAreKnownThroughSortingAndDeletion) {
     session.sdtaPage.projectParts.emplace(L"FREE-2", L"");
     session.storeNewComponents(0, *table);
     const SdtaLibrary& library = session.sdtaPage.designLibrary;
-    EXPECT_EQ(app.GroupAndTypeNames(library.at(L"ODD-1").group, 0).first, L"Resistor");
-    EXPECT_EQ(app.GroupAndTypeNames(library.at(L"FREE-1").group, 0).first, L"Relay");
+    EXPECT_EQ(app.sdta.GroupAndTypeNames(library.at(L"ODD-1").group, 0).first, L"Resistor");
+    EXPECT_EQ(app.sdta.GroupAndTypeNames(library.at(L"FREE-1").group, 0).first, L"Relay");
     EXPECT_EQ(library.at(L"FREE-1").LPar[0], L"") << "a value of another group means nothing here";
     EXPECT_EQ(library.at(L"ODD-2").group, 0);
     for (const PartSelection* keys : {&session.sdtaPage.projectParts, &session.sdtaPage.designParts,
@@ -224,7 +225,7 @@ TEST_F(NewComponentDialog, PasteAndFillOnTheAnalysesPage) {
     press(*dialog, "ok");
     session.storeNewComponents(1, *table);
     const AsrLibrary& library = session.asrPage.designLibrary;
-    EXPECT_EQ(app.AsrGroupAndTypeNames(library.at(L"FREE-1").group, 0).first, L"Resistor");
+    EXPECT_EQ(app.asr.GroupAndTypeNames(library.at(L"FREE-1").group, 0).first, L"Resistor");
     EXPECT_FALSE(library.contains(L"FREE-2"));
     EXPECT_FALSE(session.asrPage.publicLibrary.contains(L"FREE-2"));
     EXPECT_TRUE(session.sdtaPage.designLibrary.contains(L"FREE-2"));
@@ -267,7 +268,7 @@ TEST_F(NewComponentDialog, OpensFromTheListOfEitherPage) {
 
 TEST_F(NewComponentDialog, PublicShowsAllAndCancelDropsAll) {
     session.setLibraryType(false);
-    app.datasheetLinks[L"FREE-1"] = L"free.pdf";
+    app.libraries.datasheetLinks[L"FREE-1"] = L"free.pdf";
     Grid& grid = openTable(0);
     EXPECT_EQ(grid.rowCount(), 2) << "all of the public library, none of the project";
     choose("Res");
@@ -281,7 +282,7 @@ TEST_F(NewComponentDialog, PublicShowsAllAndCancelDropsAll) {
     press(*dialog, "cancel");
     EXPECT_EQ(dialog->result(), QDialog::Rejected);
     EXPECT_EQ(session.sdtaPage.publicLibrary.at(L"FREE-1").group, 0);
-    EXPECT_EQ(app.datasheetLinks.at(L"FREE-1"), L"free.pdf");
+    EXPECT_EQ(app.libraries.datasheetLinks.at(L"FREE-1"), L"free.pdf");
 }
 
 } // namespace partwright::test

@@ -13,6 +13,7 @@
 #include "gui/change_driver.h"
 #include "gui/main_window.h"
 #include "support/dark_palette.h"
+#include "support/places.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -142,9 +143,9 @@ int main(int argc, char** argv) {
     window.app.analysisLevel = 1;
     if (parser.isSet(project)) {
         const std::filesystem::path folder = parser.value(project).toStdString();
-        std::filesystem::copy(PARTWRIGHT_SAMPLES, folder, std::filesystem::copy_options::recursive);
-        window.app.libraryFolder = pathText(folder / "library");
-        window.app.projectInputFolder = withSeparator(pathText(folder / "input"));
+        std::filesystem::copy(places::samples, folder, std::filesystem::copy_options::recursive);
+        window.app.paths.libraryFolder = pathText(folder / "library");
+        window.app.paths.projectInputFolder = withSeparator(pathText(folder / "input"));
     }
     window.open();
     shootMainWindow(window, album);

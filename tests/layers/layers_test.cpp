@@ -1,5 +1,7 @@
 // The walls between the folders of src/: each may include only what its row names.
 
+#include "support/places.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -33,7 +35,7 @@ const Rooms windowed = {"grid", "dialogs", "platform", "app"};
 TEST(Layers, EachFolderIncludesOnlyWhatItMay) {
     const std::regex include(R"re(^\s*#include\s+[<"]([^/">]+)/[^">]*[">])re");
     const std::regex toolkit(R"re(^\s*#include\s+[<"]Q)re");
-    const std::filesystem::path source(PARTWRIGHT_SOURCE);
+    const std::filesystem::path source(partwright::places::source);
     int seen = 0;
     for (const auto& file : std::filesystem::recursive_directory_iterator(source)) {
         const auto extension = file.path().extension();

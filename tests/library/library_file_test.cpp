@@ -7,6 +7,7 @@
 #include "library/library_writer.h"
 #include "library/literal_library.h"
 #include "library/sample_app.h"
+#include "support/places.h"
 #include "support/temp_folder.h"
 
 #include <gtest/gtest.h>
@@ -111,7 +112,7 @@ AsrLibrary goldenAnalyses(wchar_t mark) {
 
 template <class Record>
 void expectGolden(const char* file, const std::string& bytes) {
-    const std::string path = std::string(PARTWRIGHT_TEST_DATA) + "/library/" + file;
+    const std::string path = std::string(places::testData) + "/library/" + file;
     std::ifstream in(path, std::ios::binary);
     const std::string wanted{std::istreambuf_iterator<char>(in), {}};
     EXPECT_EQ(bytes, wanted) << path;
@@ -145,7 +146,8 @@ TYPED_TEST(LibraryFile, ComesBackUnchanged) {
         for (std::uint64_t seed = 1; seed <= 20; ++seed) {
             const auto library = generatedLibrary<TypeParam>(app, 200, seed);
             const std::string bytes = written(app, library);
-            const auto back = parseLibrary<TypeParam>(app, bytes, CodePage::Utf8);
+            const auto back =
+                parseLibrary(app.of<TypeParam>(), app.decimalMark(), bytes, CodePage::Utf8);
             expectSame<TypeParam>(back.records, library);
             EXPECT_EQ(back.report.fault, LibraryFault::None);
             EXPECT_EQ(back.report.count(), 0U);
@@ -165,8 +167,9 @@ TYPED_TEST(LibraryFile, EqualsTheLiteralOnDamagedFiles) {
                 bytes.erase(0, bytes.find("\n*") + 1); // more of the damage hits rows
             bytes = damaged("first line\n" + bytes, dice);
             const CodePage codePage = detectCodePage(bytes);
-            expectSame<TypeParam>(parseLibrary<TypeParam>(app, bytes, codePage).records,
-                                  literalRead<TypeParam>(app, bytes, codePage));
+            expectSame<TypeParam>(
+                parseLibrary(app.of<TypeParam>(), app.decimalMark(), bytes, codePage).records,
+                literalRead<TypeParam>(app, bytes, codePage));
             EXPECT_EQ(written(app, library),
                       literalWrite<TypeParam>(app, library, L"/projects/board/lib.csv"));
             if (testing::Test::HasFailure())
@@ -195,8 +198,9 @@ TEST(LibraryReader, CellsAsTheyStandInTheFile) {
         {">,SDTA-M,,unknown,p,c,d,,1,<", L"P", 0, L""},
     };
     for (const Case& row : cases) {
-        const auto library =
-            parseLibrary<SdtaComponent>(app, std::string("x\n") + row.row, CodePage::Utf8).records;
+        const auto library = parseLibrary(app.of<SdtaComponent>(), app.decimalMark(),
+                                          std::string("x\n") + row.row, CodePage::Utf8)
+                                 .records;
         ASSERT_EQ(library.size(), 1U) << row.row;
         EXPECT_EQ(library.begin()->first, row.part) << row.row;
         EXPECT_EQ(library.begin()->second.LPar[row.slot], row.value) << row.row;
@@ -212,19 +216,19 @@ TEST(LibraryReader, CellsAsTheyStandInTheFile) {
         "x,SDTA-M,,Diode group 4,p,c,d,,1,<",
     };
     for (const char* row : dropped)
-        EXPECT_TRUE(parseLibrary<SdtaComponent>(app, std::string("x\n") + row, CodePage::Utf8)
+        EXPECT_TRUE(parseLibrary(app.of<SdtaComponent>(), app.decimalMark(),
+                                 std::string("x\n") + row, CodePage::Utf8)
                         .records.empty())
             << row;
 }
 
 TEST(LibraryReader, ShortRowsKeepTheCellsBefore) {
     const auto app = sampleApp();
-    const auto library =
-        parseLibrary<SdtaComponent>(app,
-                                    "x\n>,SDTA-M,,Diode group 4,A,c,d,DiodeRect,1,2,<\n"
-                                    ">,SDTA-M,,Diode group 4,B\n",
-                                    CodePage::Utf8)
-            .records;
+    const auto library = parseLibrary(app.of<SdtaComponent>(), app.decimalMark(),
+                                      "x\n>,SDTA-M,,Diode group 4,A,c,d,DiodeRect,1,2,<\n"
+                                      ">,SDTA-M,,Diode group 4,B\n",
+                                      CodePage::Utf8)
+                             .records;
     ASSERT_EQ(library.size(), 2U);
     EXPECT_EQ(library.at(L"B").CatNum, L"c");
     EXPECT_EQ(library.at(L"B").LPar[1], L"2");
@@ -236,9 +240,9 @@ TEST(LibraryReader, LimitCountsCharactersWithoutQuotes) {
         std::string text;
         for (std::size_t i = 0; i < length; ++i)
             text += "\xC2\xB5";
-        return parseLibrary<SdtaComponent>(
-                   app, "x\n>,SDTA-M,,Diode group 4,P,\"\"\"" + text + "\"\"\",d,,1,<",
-                   CodePage::Utf8)
+        return parseLibrary(app.of<SdtaComponent>(), app.decimalMark(),
+                            "x\n>,SDTA-M,,Diode group 4,P,\"\"\"" + text + "\"\"\",d,,1,<",
+                            CodePage::Utf8)
             .records.size();
     };
     EXPECT_EQ(rows(255), 1U);
@@ -249,7 +253,8 @@ TEST(LibraryReader, RowsOfBoardsAreDroppedFromAnalyses) {
     const auto app = sampleApp();
     const std::string rows = "sep=;\n>;DORVANE;;PCB;p1;c;d;N/A;;;;<\n>;DORVANE;;Kind 21;p2;c;d;"
                              "Resistor.Fix;4,7;A,1;B;<\n";
-    const auto library = parseLibrary<AsrComponent>(app, rows, CodePage::Utf8).records;
+    const auto library =
+        parseLibrary(app.of<AsrComponent>(), app.decimalMark(), rows, CodePage::Utf8).records;
     ASSERT_EQ(library.size(), 1U);
     EXPECT_EQ(library.at(L"p2").LPar[0], L"4.7");
     EXPECT_EQ(library.at(L"p2").LPar[1], L"A,1") << "a pin keeps its mark";
@@ -262,7 +267,8 @@ TEST(LibraryReader, HugeLinesAndCellCounts) {
     const std::string large(1'000'000, 'x');
     for (const std::string& line : {">,SDTA-M,,Diode group 4,\"" + huge, large, ">," + large,
                                     "\"" + large, ">,SDTA-M" + std::string(400, ',')})
-        EXPECT_EQ(parseLibrary<SdtaComponent>(app, "x\n" + line + "\n" + row, CodePage::Utf8)
+        EXPECT_EQ(parseLibrary(app.of<SdtaComponent>(), app.decimalMark(),
+                               "x\n" + line + "\n" + row, CodePage::Utf8)
                       .records.size(),
                   1U);
 }
@@ -283,7 +289,7 @@ TEST(LibraryReader, FilesThatAreNotThere) {
     EXPECT_EQ(app.loadReports.at(result.path).fault, LibraryFault::Unreadable);
     EXPECT_EQ(SaveSdtaLibrary(app, {}, result.path).status, SaveStatus::Refused);
     analyses[L"kept"];
-    app.programFolder.clear();
+    app.paths.programFolder.clear();
     EXPECT_TRUE(LoadAnalysesLibrary(app, analyses, folder / L"none.csv").message.empty());
     EXPECT_EQ(analyses.size(), 1U);
 }
@@ -293,39 +299,42 @@ TEST(LibraryReader, AMasterCopyStandsWhileItsFileIsTheSame) {
     auto app = sampleApp();
     const std::string one = ">,SDTA-M,,Diode group 4,P1,c,d,DiodeRect,1,<\n";
     const std::wstring path = folder.put(L"lib.csv", "sep=,\n" + one);
-    const auto load = [&] {
-        return loadSdtaMaster(app, app.sdtaDesignLibrary, app.sdtaDesignReading, path).status;
+    MasterCopy<SdtaComponent>& master = app.libraries.sdtaDesignLibrary;
+    const auto load = [&] { return loadSdtaMaster(app, master, path).status; };
+    const auto first = [&] {
+        return master.records().empty() ? nullptr : &master.records().begin()->second;
     };
-    const auto isKept = [&] { // only a copy that was not read again keeps the mark
-        app.sdtaDesignLibrary[L"MARK"];
+    const auto isKept = [&] { // only a copy that was not read again keeps its record in place
+        const SdtaComponent* before = first();
         EXPECT_EQ(load(), FileStatus::Ok);
-        return app.sdtaDesignLibrary.erase(L"MARK") == 1;
+        return first() == before;
     };
     EXPECT_EQ(load(), FileStatus::Ok);
     EXPECT_TRUE(isKept());
-    EXPECT_EQ(app.sdtaDesignLibrary.size(), 1U);
+    EXPECT_EQ(master.records().size(), 1U);
 
-    SdtaLibrary publicRecords;
-    std::optional<SdtaReading> none;
-    static_cast<void>(loadSdtaMaster(app, publicRecords, none, path));
-    EXPECT_EQ(publicRecords, app.sdtaDesignLibrary) << "one file behind both libraries";
+    static_cast<void>(loadSdtaMaster(app, app.libraries.sdtaPublicLibrary, path));
+    EXPECT_EQ(app.libraries.sdtaPublicLibrary.records(), master.records())
+        << "one file behind both libraries";
 
     folder.put(L"lib.csv", "sep=,\n>,SDTA-M,,Diode group 4,P2,c,d,DiodeRect,1,<\n");
     EXPECT_FALSE(isKept());
-    EXPECT_EQ(app.sdtaDesignLibrary.begin()->first, L"P2");
-    app.groupNamesByCode.begin()->second += L" renamed";
-    app.rebuildSdtaGroups();
+    EXPECT_EQ(master.records().begin()->first, L"P2");
+    app.classifier.groupNamesByCode.begin()->second += L" renamed";
+    rebuildSdtaGroups(app.classifier, app.sdta);
     EXPECT_FALSE(isKept());
     app.decimalPoint = L",";
     EXPECT_FALSE(isKept());
-    app.forgetReadings();
+    ++app.sdta.propertiesRead;
+    EXPECT_FALSE(isKept());
+    master.replace(master.records());
     EXPECT_FALSE(isKept());
     std::filesystem::remove(nativePath(path));
     EXPECT_EQ(load(), FileStatus::Absent);
-    EXPECT_TRUE(app.sdtaDesignLibrary.empty());
+    EXPECT_TRUE(master.records().empty());
     folder.put(L"lib.csv", "sep=,\n" + one);
     EXPECT_FALSE(isKept());
-    EXPECT_EQ(app.sdtaDesignLibrary.size(), 1U);
+    EXPECT_EQ(master.records().size(), 1U);
 }
 
 TYPED_TEST(LibraryFile, IsNotSavedWhenNoGroupWasKnown) {
@@ -335,9 +344,9 @@ TYPED_TEST(LibraryFile, IsNotSavedWhenNoGroupWasKnown) {
     const std::string before = written(good, library);
     const std::wstring path = folder.put(L"lib.csv", before);
     CPartwrightPlugInApp app;
-    app.programFolder = L"/program/";
-    app.asrGroupNames.resize(35, L"N/A"); // what a table without rows leaves behind
-    app.asrGroupNames[29] = L"PCB";
+    app.paths.programFolder = L"/program/";
+    app.asr.groupNames.resize(35, L"N/A"); // what a table without rows leaves behind
+    app.asr.groupNames[29] = L"PCB";
     typename Kind<TypeParam>::Library read;
     const auto load = [&](CPartwrightPlugInApp& target) {
         if constexpr (std::is_same_v<TypeParam, SdtaComponent>)
@@ -408,7 +417,8 @@ TEST(LibraryWriter, CutsWhatTheReaderWouldRefuse) {
     SdtaLibrary library = goldenSdta(L'.');
     library.at(L"1N4148").Notes.assign(400, L'"');
     library.at(L"1N4148").LPar[0].assign(300, L'x');
-    const auto back = parseLibrary<SdtaComponent>(app, written(app, library), CodePage::Utf8);
+    const auto back = parseLibrary(app.of<SdtaComponent>(), app.decimalMark(),
+                                   written(app, library), CodePage::Utf8);
     ASSERT_EQ(back.records.count(L"1N4148"), 1U);
     EXPECT_EQ(back.records.at(L"1N4148").Notes.size(), cell::maximumLength);
     EXPECT_EQ(back.records.at(L"1N4148").LPar[0].size(), cell::maximumLength);
@@ -418,7 +428,9 @@ TEST(LibraryWriter, GrowingPercentSignsLoseNoRecord) {
     const auto app = sampleApp();
     AsrLibrary library = goldenAnalyses(L'.');
     for (int saves = 0; saves < 12; ++saves)
-        library = parseLibrary<AsrComponent>(app, written(app, library), CodePage::Utf8).records;
+        library = parseLibrary(app.of<AsrComponent>(), app.decimalMark(), written(app, library),
+                               CodePage::Utf8)
+                      .records;
     ASSERT_EQ(library.count(L"BAV99"), 1U);
     EXPECT_EQ(library.at(L"BAV99").LPar[3].size(), cell::maximumLength);
 }

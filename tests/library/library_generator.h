@@ -2,7 +2,8 @@
 
 // Libraries and damaged library files by seed.
 
-#include "core/library_kind.h"
+#include "core/application.h"
+#include "core/completion.h"
 #include "core/text.h"
 #include "support/dice.h"
 
@@ -52,17 +53,16 @@ typename Kind<Record>::Library generatedLibrary(const CPartwrightPlugInApp& app,
         record.Notes = trim(removeAll(generatedText(dice, 10), L"()"));
         do
             record.group = static_cast<std::int32_t>(1 + dice.roll(Kind<Record>::lastGroup));
-        while (app.AsrGroupAndTypeNames(record.group, 0).first == L"PCB" ||
-               namesOf<Record>(app, record.group, 0).first == notApplicableGroup);
+        while (app.asr.GroupAndTypeNames(record.group, 0).first == L"PCB" ||
+               app.of<Record>().GroupAndTypeNames(record.group, 0).first == notApplicableGroup);
         record.family = FamilyNumber(Kind<Record>::family(record.group));
-        const auto& lists = Kind<Record>::groupTypes(app);
-        const auto types = lists.find(namesOf<Record>(app, record.group, 0).first);
-        if (types != lists.end() && types->second.size() > 1)
-            record.type = static_cast<std::int32_t>(1 + dice.roll(types->second.size() - 1));
+        const std::size_t types = app.of<Record>().typesOf(record.group).size();
+        if (types > 1)
+            record.type = static_cast<std::int32_t>(1 + dice.roll(types - 1));
         const Names columns = Kind<Record>::columns(record.group);
         for (std::size_t c = 0; c < columns.size(); ++c)
             record.LPar[c] = generatedValue<Record>(dice, columns[c], app.decimalMark());
-        app.UpdateCompletion(record);
+        UpdateCompletion(app.of<Record>(), record);
         library[record.PartNum] = record;
     }
     return library;

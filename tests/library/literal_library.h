@@ -241,19 +241,17 @@ bool literalRecord(const CPartwrightPlugInApp& app, const std::vector<std::wstri
     record.Description = literalUnquoted(row[5]);
     std::replace(record.Description.begin(), record.Description.end(), L';', L',');
     if (row[2] != L"0")
-        record.group = analyses ? app.AsrGroupNumber(row[2]) : app.GroupNumber(row[2]);
+        record.group = analyses ? app.asr.GroupNumber(row[2]) : app.sdta.GroupNumber(row[2]);
     std::wstring family = row[1];
     if (analyses || family.empty() || record.group != 0)
         family = Kind<Record>::family(record.group);
     record.family = FamilyNumber(family);
     std::wstring type = row[6];
     std::replace(type.begin(), type.end(), L';', L',');
-    const auto& lists = Kind<Record>::groupTypes(app);
-    const auto types = lists.find(namesOf<Record>(app, record.group, 0).first);
-    if (types != lists.end())
-        for (std::size_t i = types->second.size(); i-- > 0;)
-            if (types->second[i].name == type)
-                record.type = static_cast<std::int32_t>(i);
+    const auto types = app.of<Record>().typesOf(record.group);
+    for (std::size_t i = types.size(); i-- > 0;)
+        if (types[i].name == type)
+            record.type = static_cast<std::int32_t>(i);
     const Names columns = Kind<Record>::columns(record.group);
     for (std::size_t i = 0; i < columns.size(); ++i)
         record.LPar[i] =
@@ -286,7 +284,7 @@ typename Kind<Record>::Library literalRead(const CPartwrightPlugInApp& app,
     constexpr bool analyses = std::is_same_v<Record, AsrComponent>;
     const wchar_t* const kind = analyses ? L"DORVANE" : L"SDTA-M";
     typename Kind<Record>::Library library;
-    const CompletionRules<Record> rules(app);
+    const CompletionRules<Record> rules(app.of<Record>());
     const auto lines = literalLines(bytes, codePage);
     const wchar_t separator = literalSeparator(lines, kind);
     std::vector<std::wstring> header(35);
@@ -370,17 +368,17 @@ template <class Record>
 std::wstring literalRow(const CPartwrightPlugInApp& app, const Record& record, wchar_t separator) {
     constexpr bool analyses = std::is_same_v<Record, AsrComponent>;
     const std::wstring s(1, separator);
-    const auto [group, typeName] = namesOf<Record>(app, record.group, record.type);
+    const auto [group, typeName] = app.of<Record>().GroupAndTypeNames(record.group, record.type);
     std::wstring family(analyses ? L"" : FamilyOfSdtaGroup(record.group));
-    if (const auto name = app.asrGroupFamily.find(record.group);
-        analyses && name != app.asrGroupFamily.end())
+    if (const auto name = app.asr.groupFamily.find(record.group);
+        analyses && name != app.asr.groupFamily.end())
         family = trim(name->second);
     if (family.empty() && record.family > 0 && record.family < 21)
         family = familyNames()[static_cast<std::size_t>(record.family)];
     std::wstring type(typeName);
     const bool resolved = analyses ? record.type == 0 : type == L"Default";
     if (resolved && record.group > 0)
-        type = namesOf<Record>(app, record.group, 1).second;
+        type = app.of<Record>().GroupAndTypeNames(record.group, 1).second;
     std::wstring row = L">" + s + (analyses ? L"DORVANE" + s : L"SDTA-M" + s + L" ") + family + s +
                        std::wstring(group) + s + literalQuoted(upperCase(record.PartNum)) + s +
                        literalQuoted(record.CatNum) + s + literalQuoted(record.Description) + s +

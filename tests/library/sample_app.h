@@ -28,29 +28,29 @@ inline CPartwrightPlugInApp sampleApp(std::wstring decimalPoint = L".",
                                       std::int32_t asrGroups = lastAsrGroup) {
     CPartwrightPlugInApp app;
     app.decimalPoint = std::move(decimalPoint);
-    app.programFolder = L"/program/";
+    app.paths.programFolder = L"/program/";
     for (std::int32_t code = 1; code <= sdtaGroups; ++code)
-        app.groupNamesByCode[code] =
+        app.classifier.groupNamesByCode[code] =
             std::wstring(FamilyOfSdtaGroup(code)) + L" group " + std::to_wstring(code);
-    app.rebuildSdtaGroups();
+    rebuildSdtaGroups(app.classifier, app.sdta);
     for (std::int32_t code = 1; code <= asrGroups; ++code) {
         const bool gap = ColumnsOfAsrGroup(code).empty() && code != 29;
-        app.asrGroupNames.push_back(gap          ? std::wstring(notApplicableGroup)
-                                    : code == 29 ? L"PCB"
-                                                 : L"Kind " + std::to_wstring(code));
+        app.asr.groupNames.push_back(gap          ? std::wstring(notApplicableGroup)
+                                     : code == 29 ? L"PCB"
+                                                  : L"Kind " + std::to_wstring(code));
         if (!gap)
-            app.asrGroupFamily[code] = FamilyOfAsrGroup(code);
+            app.asr.groupFamily[code] = FamilyOfAsrGroup(code);
     }
-    app.rebuildAsrTypes();
-    for (const auto& [group, types] : app.sdtaGroupTypes)
+    app.asr.rebuildTypes();
+    for (const auto& [group, types] : app.sdta.groupTypes)
         for (const TypeEntry& type : types)
-            app.sdtaProperties[{group, type.name}] = sampleRow<SdtaPropertyRow>(group, type.name);
-    for (const auto& [group, types] : app.asrGroupTypes)
+            app.sdta.properties[{group, type.name}] = sampleRow<SdtaPropertyRow>(group, type.name);
+    for (const auto& [group, types] : app.asr.groupTypes)
         for (const TypeEntry& type : types)
-            app.asrProperties[{group, type.name}] = sampleRow<AsrPropertyRow>(group, type.name);
+            app.asr.properties[{group, type.name}] = sampleRow<AsrPropertyRow>(group, type.name);
     for (std::int32_t code = 1; code <= asrGroups; ++code) {
-        app.asrColumnsForRapid[code].fill(code % 2);
-        app.asrColumnsForAsr[code][1] = 1;
+        app.asr.columnsForRapid[code].fill(code % 2);
+        app.asr.columnsForAsr[code][1] = 1;
     }
     return app;
 }

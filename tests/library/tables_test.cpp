@@ -1,6 +1,7 @@
 // The project input file and the tables beside the program, from a file in a folder to the
 // application's tables.
 
+#include "core/application.h"
 #include "core/messages.h"
 #include "core/paths.h"
 #include "library/project_input.h"
@@ -32,14 +33,14 @@ public:
 class Tables : public testing::Test {
 protected:
     Tables() {
-        app.programFolder = folder / L"";
-        app.libraryFolder = folder / L"lib";
-        app.projectInputFolder = folder / L"";
-        ResolveFilePaths(app, folder / L"public");
+        app.paths.programFolder = folder / L"";
+        app.paths.libraryFolder = folder / L"lib";
+        app.paths.projectInputFolder = folder / L"";
+        ResolveFilePaths(app.paths, folder / L"public");
     }
     LoadResult project(std::string_view bytes) {
         folder.put(projectInputName, bytes);
-        return LoadProjectInput(app, clock);
+        return LoadProjectInput(app.paths, app.partList, clock);
     }
     TempFolder folder;
     CPartwrightPlugInApp app;
@@ -49,8 +50,8 @@ protected:
 } // namespace
 
 TEST_F(Tables, ProjectInput) {
-    EXPECT_EQ(LoadProjectInput(app, clock).status, FileStatus::Absent);
-    EXPECT_EQ(app.projectInputPresent, 0);
+    EXPECT_EQ(LoadProjectInput(app.paths, app.partList, clock).status, FileStatus::Absent);
+    EXPECT_EQ(app.partList.projectInputPresent, 0);
     const LoadResult result = project("\xEF\xBB\xBF"
                                       "R9,before,the,header,,Yes\r\n"
                                       "  #Project filename: C:\\Work\\My Board.v2.DSN\r\n"
@@ -61,20 +62,21 @@ TEST_F(Tables, ProjectInput) {
                                       "R1,pn1,,again,-,Yes\r\n"
                                       "R4,pn4,m,d,Empty");
     EXPECT_EQ(result.status, FileStatus::Ok);
-    EXPECT_EQ(app.projectInputPresent, 1);
-    EXPECT_EQ(app.projectName, L"My Board.v2");
-    EXPECT_EQ(app.columnPartNumber, L"P/N");
-    EXPECT_EQ(app.columnManufacturer, L"MFG");
-    EXPECT_EQ(app.columnDescription, L"DESCR");
-    EXPECT_EQ(app.columnCatalogNumber, L"CPN");
-    EXPECT_EQ(app.selectedCount, 3) << "a repeated designator counts twice";
-    ASSERT_EQ(app.projectEntries.size(), 3U);
-    EXPECT_EQ(app.projectEntries.at(L"R1").values.at(L"P/N"), L"pn1");
-    EXPECT_EQ(app.ProjectValue(L"R1", L"CPN"), L"") << "a hyphen stands for no value";
-    EXPECT_EQ(app.ProjectValue(L"R3", L"mfg"), L"") << "a broken field is empty";
-    EXPECT_EQ(app.ProjectValue(L"R3", L"DESCR"), L"fine") << "and the next ones keep their places";
-    EXPECT_EQ(app.projectEntries.at(L"R4").selected, 0);
-    EXPECT_EQ(app.ProjectValue(L"R4", L"CPN"), L"");
+    EXPECT_EQ(app.partList.projectInputPresent, 1);
+    EXPECT_EQ(app.paths.projectName, L"My Board.v2");
+    EXPECT_EQ(app.partList.columnPartNumber, L"P/N");
+    EXPECT_EQ(app.partList.columnManufacturer, L"MFG");
+    EXPECT_EQ(app.partList.columnDescription, L"DESCR");
+    EXPECT_EQ(app.partList.columnCatalogNumber, L"CPN");
+    EXPECT_EQ(app.partList.selectedCount, 3) << "a repeated designator counts twice";
+    ASSERT_EQ(app.partList.projectEntries.size(), 3U);
+    EXPECT_EQ(app.partList.projectEntries.at(L"R1").values.at(L"P/N"), L"pn1");
+    EXPECT_EQ(app.partList.ProjectValue(L"R1", L"CPN"), L"") << "a hyphen stands for no value";
+    EXPECT_EQ(app.partList.ProjectValue(L"R3", L"mfg"), L"") << "a broken field is empty";
+    EXPECT_EQ(app.partList.ProjectValue(L"R3", L"DESCR"), L"fine")
+        << "and the next ones keep their places";
+    EXPECT_EQ(app.partList.projectEntries.at(L"R4").selected, 0);
+    EXPECT_EQ(app.partList.ProjectValue(L"R4", L"CPN"), L"");
     EXPECT_EQ(clock.pauses, 0);
 }
 
@@ -89,24 +91,24 @@ TEST_F(Tables, ProjectNamesAndHeaders) {
                  {"#Project filename: \\.x", L""}};
     for (const auto& row : cases) {
         project(std::string(row.line) + "\n\n");
-        EXPECT_EQ(app.projectName, row.name) << row.line;
+        EXPECT_EQ(app.paths.projectName, row.name) << row.line;
     }
     project("#REFDES;P/N;MFG;DESCR;CPN;SELECT\nR1;p;;;;Yes\n");
-    EXPECT_TRUE(app.projectEntries.empty()) << "the separator of this file is the comma";
+    EXPECT_TRUE(app.partList.projectEntries.empty()) << "the separator of this file is the comma";
     project("#refdes,P/N,MFG,DESCR,CPN,SELECT\nR1,p,,,,Yes\n");
-    EXPECT_TRUE(app.projectEntries.empty());
+    EXPECT_TRUE(app.partList.projectEntries.empty());
     project("#REFDES;P/N;MFG;DESCR;CPN;SELECT\nR1;p;;;;Yes\nsep=;");
-    EXPECT_EQ(app.projectEntries.size(), 1U) << "wherever the separator line stands";
+    EXPECT_EQ(app.partList.projectEntries.size(), 1U) << "wherever the separator line stands";
     project("#REFDES,P/N,MFG,DESCR,CPN,SELECT");
-    EXPECT_TRUE(app.projectEntries.empty());
+    EXPECT_TRUE(app.partList.projectEntries.empty());
 }
 
 TEST_F(Tables, LockedProjectInputIsTriedFiveTimes) {
     std::filesystem::create_directory(nativePath(folder / projectInputName));
-    const LoadResult result = LoadProjectInput(app, clock);
+    const LoadResult result = LoadProjectInput(app.paths, app.partList, clock);
     EXPECT_EQ(clock.pauses, 4);
-    EXPECT_EQ(result.message, message::failedToOpen(app.projectInputPath));
-    EXPECT_EQ(app.projectInputPresent, 1);
+    EXPECT_EQ(result.message, message::failedToOpen(app.paths.projectInputPath));
+    EXPECT_EQ(app.partList.projectInputPresent, 1);
     clock.onPause = [&] {
         if (clock.pauses < 6)
             return;
@@ -114,13 +116,13 @@ TEST_F(Tables, LockedProjectInputIsTriedFiveTimes) {
         folder.put(projectInputName, "#REFDES,P/N,MFG,DESCR,CPN,SELECT\nR1,p\n");
         clock.onPause = nullptr;
     };
-    EXPECT_TRUE(LoadProjectInput(app, clock).message.empty());
+    EXPECT_TRUE(LoadProjectInput(app.paths, app.partList, clock).message.empty());
     EXPECT_EQ(clock.pauses, 6) << "the second pause of this time saw the file";
-    EXPECT_EQ(app.projectEntries.size(), 1U);
+    EXPECT_EQ(app.partList.projectEntries.size(), 1U);
 }
 
 TEST_F(Tables, SdtaProperties) {
-    EXPECT_EQ(LoadSdtaProperties(app).status, FileStatus::Absent);
+    EXPECT_EQ(LoadSdtaProperties(app.paths, app.sdta).status, FileStatus::Absent);
     folder.put(L"Property_SDTA_Library.csv",
                "TypeName,GroupName,GroupDescription,LPAR1.Name,LPAR1.Message,LPAR1.Valid,"
                "LPAR2.Valid,LPAR3.Valid,LPAR4.Valid,LPAR99.Name,LPAR0.Name,LPAR14.Name\n"
@@ -128,9 +130,9 @@ TEST_F(Tables, SdtaProperties) {
                "Short,G,D,It's\n"
                "NoGroup\n"
                "\n");
-    EXPECT_EQ(LoadSdtaProperties(app).status, FileStatus::Ok);
-    ASSERT_EQ(app.sdtaProperties.size(), 2U);
-    const SdtaPropertyRow& row = app.sdtaProperties.at({L"G", L"T"});
+    EXPECT_EQ(LoadSdtaProperties(app.paths, app.sdta).status, FileStatus::Ok);
+    ASSERT_EQ(app.sdta.properties.size(), 2U);
+    const SdtaPropertyRow& row = app.sdta.properties.at({L"G", L"T"});
     EXPECT_EQ(row.names[1], L"Pw");
     EXPECT_EQ(row.messages[1], L"NU");
     EXPECT_EQ(row.valid[1], 7);
@@ -139,11 +141,12 @@ TEST_F(Tables, SdtaProperties) {
     EXPECT_EQ(row.valid[4], 2147483647);
     EXPECT_EQ(row.valid[5], SdtaPropertyRow::noValidation);
     EXPECT_EQ(row.names[14], L"");
-    EXPECT_EQ(app.sdtaProperties.at({L"G", L"Short"}).names[1], L"Its");
-    std::filesystem::remove(nativePath(app.sdtaPropertyLibraryPath));
-    std::filesystem::create_directory(nativePath(app.sdtaPropertyLibraryPath));
-    EXPECT_EQ(LoadSdtaProperties(app).message, message::failedToOpen(app.sdtaPropertyLibraryPath));
-    EXPECT_EQ(app.sdtaProperties.size(), 2U);
+    EXPECT_EQ(app.sdta.properties.at({L"G", L"Short"}).names[1], L"Its");
+    std::filesystem::remove(nativePath(app.paths.sdtaPropertyLibraryPath));
+    std::filesystem::create_directory(nativePath(app.paths.sdtaPropertyLibraryPath));
+    EXPECT_EQ(LoadSdtaProperties(app.paths, app.sdta).message,
+              message::failedToOpen(app.paths.sdtaPropertyLibraryPath));
+    EXPECT_EQ(app.sdta.properties.size(), 2U);
 }
 
 TEST_F(Tables, AsrPropertiesMakeTheGroupList) {
@@ -154,90 +157,90 @@ TEST_F(Tables, AsrPropertiesMakeTheGroupList) {
                "Diode,4,Rectifier,d,T2,f\n"
                "Board,29,Wrong name,d,T,f\n"
                "Bad,0,Zero,d,T,f\nBad,-1,Minus,d,T,f\nBad,2000000000,Huge,d,T,f\n");
-    EXPECT_EQ(LoadAsrProperties(app).status, FileStatus::Ok);
-    EXPECT_EQ(app.asrGroupNames.size(), 35U);
-    EXPECT_EQ(app.asrGroupNames[0], L"Not defined");
-    EXPECT_EQ(app.asrGroupNames[3], L"N/A");
-    EXPECT_EQ(app.asrGroupNames[4], L"Rectifier");
-    EXPECT_EQ(app.asrGroupNames[29], L"PCB");
-    EXPECT_EQ(app.asrGroupNames[34], L"Mechanical");
-    EXPECT_EQ(app.asrFamilyGroups.at(L"Diode").size(), 1U);
-    EXPECT_EQ(app.asrGroupFamily.at(4), L"Diode");
-    EXPECT_EQ(app.asrGroupTypes.at(L"Rectifier").at(1).name, L"IC.Dig.Others");
-    const AsrPropertyRow& row = app.asrProperties.at({L"Rectifier", L"T1"});
+    EXPECT_EQ(LoadAsrProperties(app.paths, app.asr).status, FileStatus::Ok);
+    EXPECT_EQ(app.asr.groupNames.size(), 35U);
+    EXPECT_EQ(app.asr.groupNames[0], L"Not defined");
+    EXPECT_EQ(app.asr.groupNames[3], L"N/A");
+    EXPECT_EQ(app.asr.groupNames[4], L"Rectifier");
+    EXPECT_EQ(app.asr.groupNames[29], L"PCB");
+    EXPECT_EQ(app.asr.groupNames[34], L"Mechanical");
+    EXPECT_EQ(app.asr.familyGroups.at(L"Diode").size(), 1U);
+    EXPECT_EQ(app.asr.groupFamily.at(4), L"Diode");
+    EXPECT_EQ(app.asr.groupTypes.at(L"Rectifier").at(1).name, L"IC.Dig.Others");
+    const AsrPropertyRow& row = app.asr.properties.at({L"Rectifier", L"T1"});
     EXPECT_EQ(row.names[1], L"Pw, \"max\"");
     EXPECT_EQ(row.valid[1], 0) << "an empty code that the row reaches";
     EXPECT_EQ(row.names[24], L"L");
-    EXPECT_EQ(app.asrProperties.at({L"Rectifier", L"T2"}).valid[1], AsrPropertyRow::noValidation);
-    app.programFolder.clear();
-    EXPECT_EQ(LoadAsrProperties(app).status, FileStatus::Absent);
-    EXPECT_EQ(app.asrGroupNames.size(), 35U);
+    EXPECT_EQ(app.asr.properties.at({L"Rectifier", L"T2"}).valid[1], AsrPropertyRow::noValidation);
+    app.paths.programFolder.clear();
+    EXPECT_EQ(LoadAsrProperties(app.paths, app.asr).status, FileStatus::Absent);
+    EXPECT_EQ(app.asr.groupNames.size(), 35U);
 }
 
 TEST_F(Tables, ColumnVisibility) {
     folder.put(L"LibColVisibility_Ext.csv", "GroupID,LParID_RAPID,LParID_ASR\n4,1,0\n4,24,25\n"
                                             "4,-3,99\n0,1,1\n2000000000,1,1\n5,,2\n");
-    EXPECT_EQ(LoadColumnVisibility(app).status, FileStatus::Ok);
+    EXPECT_EQ(LoadColumnVisibility(app.paths, app.asr).status, FileStatus::Ok);
     LevelColumns rapid{};
     rapid[1] = rapid[24] = 1;
-    EXPECT_EQ(app.asrColumnsForRapid.at(4), rapid);
-    EXPECT_EQ(app.asrColumnsForAsr.at(4), LevelColumns{});
-    EXPECT_EQ(app.asrColumnsForAsr.at(5)[2], 1);
-    EXPECT_EQ(app.asrColumnsForRapid.size(), 2U);
+    EXPECT_EQ(app.asr.columnsForRapid.at(4), rapid);
+    EXPECT_EQ(app.asr.columnsForAsr.at(4), LevelColumns{});
+    EXPECT_EQ(app.asr.columnsForAsr.at(5)[2], 1);
+    EXPECT_EQ(app.asr.columnsForRapid.size(), 2U);
 }
 
 TEST_F(Tables, GroupNames) {
     folder.put(L"DescrRules.csv", "BiCod,NameGroup,Description,Rules,RulesExcluding,TipicalRefDes\n"
                                   "2,Linear,,\"(OP|AMP),x\",DIG,U\n1,Digital,,DIG.*,,\n"
                                   "3,Broken,,(,,D\n4,No rule,,,,D\n0,Zero,,X,,\n1001,Far,,X,,\n");
-    EXPECT_EQ(LoadGroupNames(app).status, FileStatus::Ok);
-    EXPECT_EQ(app.sdtaGroupNames,
+    EXPECT_EQ(LoadGroupNames(app.paths, app.classifier, app.sdta).status, FileStatus::Ok);
+    EXPECT_EQ(app.sdta.groupNames,
               (std::vector<std::wstring>{L"Not defined", L"Digital", L"Linear"}));
-    EXPECT_EQ(app.GroupRuleTable.at(2).rules, L"(OP|AMP),x");
-    EXPECT_EQ(app.GroupRuleTable.at(2).excluding, L"DIG");
-    EXPECT_EQ(app.GroupRefDesTable, (std::map<std::int32_t, std::wstring>{{2, L"U"}}));
-    EXPECT_EQ(app.sdtaGroupTypes.at(L"Linear").at(1).name, L"LIN/DF/BIP");
-    std::filesystem::remove(nativePath(app.descrRulesPath));
-    EXPECT_EQ(LoadGroupNames(app).status, FileStatus::Absent);
-    EXPECT_EQ(app.sdtaGroupNames.size(), 3U) << "records in memory keep their groups";
+    EXPECT_EQ(app.classifier.GroupRuleTable.at(2).rules, L"(OP|AMP),x");
+    EXPECT_EQ(app.classifier.GroupRuleTable.at(2).excluding, L"DIG");
+    EXPECT_EQ(app.classifier.GroupRefDesTable, (std::map<std::int32_t, std::wstring>{{2, L"U"}}));
+    EXPECT_EQ(app.sdta.groupTypes.at(L"Linear").at(1).name, L"LIN/DF/BIP");
+    std::filesystem::remove(nativePath(app.paths.descrRulesPath));
+    EXPECT_EQ(LoadGroupNames(app.paths, app.classifier, app.sdta).status, FileStatus::Absent);
+    EXPECT_EQ(app.sdta.groupNames.size(), 3U) << "records in memory keep their groups";
 }
 
 TEST_F(Tables, DefaultValues) {
     folder.put(L"SDTA_Default_LPar.csv",
                "ID_Family,ID_Type,LPar1,LPar2,LPar14,LPar15\n#10,1,comment\n10,1,a,,b,c\n"
                "10,2,a\n10,1,last,wins\n0,1,x\n");
-    EXPECT_EQ(LoadSdtaDefaultLPar(app).status, FileStatus::Ok);
-    ASSERT_EQ(app.sdtaDefaultLPar.size(), 2U);
-    EXPECT_EQ(app.sdtaDefaultLPar.at({10, 1}).LPar[0], L"last");
-    EXPECT_EQ(app.sdtaDefaultLPar.at({10, 1}).LPar[13], L"");
+    EXPECT_EQ(LoadSdtaDefaultLPar(app.paths, app.sdta).status, FileStatus::Ok);
+    ASSERT_EQ(app.sdta.defaultLPar.size(), 2U);
+    EXPECT_EQ(app.sdta.defaultLPar.at({10, 1}).LPar[0], L"last");
+    EXPECT_EQ(app.sdta.defaultLPar.at({10, 1}).LPar[13], L"");
     folder.put(L"ASR_Default_LPar.csv", "ID_Family,ID_Type,LPar24\n4,1,z\n");
-    EXPECT_EQ(LoadAsrDefaultLPar(app).status, FileStatus::Ok);
-    EXPECT_EQ(app.asrDefaultLPar.at({4, 1}).LPar[23], L"z");
+    EXPECT_EQ(LoadAsrDefaultLPar(app.paths, app.asr).status, FileStatus::Ok);
+    EXPECT_EQ(app.asr.defaultLPar.at({4, 1}).LPar[23], L"z");
 }
 
 TEST_F(Tables, ManagementTable) {
     folder.put(L"SDTA_ASR_MGT.csv",
                "Some title\n#x\nText_Key,MethodID,BiCod,TypeID,Type Name\n\n#key,14,1,1,n\n"
                "SCR,14,3,1,SCR\nLED,20,18,1,Opto.Dev\nTRIAC,14,3,2,\nBAD,14,0,1,x\n");
-    EXPECT_EQ(LoadManagementTable(app).status, FileStatus::Ok);
-    ASSERT_EQ(app.DirectKeyTable.at(14).size(), 2U);
-    EXPECT_EQ(app.DirectKeyTable.at(14)[1].text, L"TRIAC");
-    EXPECT_EQ(app.DirectKeyTable.at(14)[1].type, 2);
-    EXPECT_EQ(app.DirectKeyTable.at(20)[0].typeName, L"Opto.Dev");
+    EXPECT_EQ(LoadManagementTable(app.paths, app.classifier).status, FileStatus::Ok);
+    ASSERT_EQ(app.classifier.DirectKeyTable.at(14).size(), 2U);
+    EXPECT_EQ(app.classifier.DirectKeyTable.at(14)[1].text, L"TRIAC");
+    EXPECT_EQ(app.classifier.DirectKeyTable.at(14)[1].type, 2);
+    EXPECT_EQ(app.classifier.DirectKeyTable.at(20)[0].typeName, L"Opto.Dev");
 }
 
 TEST_F(Tables, ConversionOfGroupCodes) {
     std::int32_t family = 0;
-    EXPECT_EQ(ConvertBiCode(app, 1, family), noBiCode);
+    EXPECT_EQ(ConvertBiCode(app.classifier, 1, family), noBiCode);
     folder.put(L"Conv_BiCode.csv", "Method,NameID,Family,ID_BiCod\n14,1,2,100\n14,4,3,101\n"
                                    "14,5,9,102\n20,9,3,200\n20,7,3,201\n20,30,5,100\n,1,1,1\n");
-    EXPECT_EQ(LoadConvBiCode(app).status, FileStatus::Ok);
-    EXPECT_EQ(ConvertBiCode(app, 1, family), 30);
+    EXPECT_EQ(LoadConvBiCode(app.paths, app.classifier).status, FileStatus::Ok);
+    EXPECT_EQ(ConvertBiCode(app.classifier, 1, family), 30);
     EXPECT_EQ(family, 5);
-    EXPECT_EQ(ConvertBiCode(app, 4, family), 7) << "the lowest code of the family";
+    EXPECT_EQ(ConvertBiCode(app.classifier, 4, family), 7) << "the lowest code of the family";
     EXPECT_EQ(family, 3);
-    EXPECT_EQ(ConvertBiCode(app, 5, family), noBiCode);
-    EXPECT_EQ(ConvertBiCode(app, 6, family), noBiCode);
+    EXPECT_EQ(ConvertBiCode(app.classifier, 5, family), noBiCode);
+    EXPECT_EQ(ConvertBiCode(app.classifier, 6, family), noBiCode);
 }
 
 } // namespace partwright::test

@@ -17,6 +17,7 @@
 // fault, "2@1:" the cell to go to. "Method M" stands for the name of the method at work.
 
 #include "core/vocabulary.h"
+#include "support/places.h"
 
 #include <gtest/gtest.h>
 
@@ -77,7 +78,7 @@ public:
     virtual ~AnalysesCases() = default;
 
     void run(const std::string& file) {
-        std::ifstream stream(std::string(PARTWRIGHT_TEST_DATA "/validation/") + file);
+        std::ifstream stream(std::string(places::testData) + "/validation/" + file);
         ASSERT_TRUE(stream.is_open()) << file;
         std::size_t number = 0;
         for (std::string line; std::getline(stream, line);) {

@@ -64,7 +64,7 @@ TEST(CompiledRulesCheck, FindsWhatTheEngineDropsInSilence) {
         ASSERT_EQ(findings.size(), 1U) << testing::PrintToString(one.text);
         EXPECT_EQ(findings[0].file, L"ParamRuleTable");
         EXPECT_EQ(findings[0].column, one.column);
-        EXPECT_THAT(findings[0].text, testing::HasSubstr(one.text));
+        EXPECT_THAT(std::wstring(findings[0].finding.summary()), testing::HasSubstr(one.text));
     }
 }
 
@@ -85,9 +85,9 @@ TEST(CompiledRulesCheck, AllPairsAndUnitsAreAskedFor) {
     checkCompiledRules(tables, all);
     EXPECT_EQ(all.front().file, L"UnitTable");
     EXPECT_EQ(all.front().column, L"V");
-    EXPECT_THAT(all.front().text, testing::HasSubstr(L"\"kV\""));
+    EXPECT_THAT(all.front().finding.summary(), testing::HasSubstr(L"\"kV\""));
     EXPECT_TRUE(std::any_of(all.begin(), all.end(), [](const TableFinding& finding) {
-        return finding.text == L"14/10/35: no row for the type";
+        return finding.finding.summary() == L"14/10/35: no row for the type";
     }));
 }
 

@@ -2,6 +2,7 @@
 // gives one finding at its place.
 
 #include "cli/program.h"
+#include "support/places.h"
 #include "support/temp_folder.h"
 
 #include <gmock/gmock.h>
@@ -67,10 +68,10 @@ std::size_t lineOf(const std::string& bytes, std::string_view begin) {
 class TableCheck : public testing::Test {
 protected:
     static void SetUpTestSuite() {
-        for (const auto& entry : fs::directory_iterator(PARTWRIGHT_TABLES))
+        for (const auto& entry : fs::directory_iterator(places::tables))
             if (entry.path().extension() == ".csv")
                 fs::copy(entry.path(), folder().path());
-        fs::copy(fs::path(PARTWRIGHT_TEST_DATA) / "tablecheck/library.glb",
+        fs::copy(fs::path(places::testData) / "tablecheck/library.glb",
                  folder().path() / "GLibData.glb");
     }
 
@@ -113,7 +114,7 @@ protected:
 };
 
 TEST(ShippedTables, AreClean) {
-    const Answer answer = runTables(PARTWRIGHT_TABLES, {});
+    const Answer answer = runTables(places::tables, {});
     EXPECT_EQ(answer.text, "0 findings\n");
     EXPECT_EQ(answer.code, 0);
 }
@@ -122,10 +123,10 @@ const std::string longExpression = "|" + std::string(1001, 'X') + ")([^A-Z0-9].*
 
 TEST(Coverage, StandsInTheDocumentation) {
     constexpr std::string_view mark = "<!-- coverage -->\n";
-    const std::string page = bytesOf(PARTWRIGHT_COVERAGE_PAGE);
+    const std::string page = bytesOf(places::coveragePage);
     const auto begin = page.find(mark);
     ASSERT_NE(begin, std::string::npos);
-    const Answer answer = runTables(PARTWRIGHT_TABLES, {"--coverage"});
+    const Answer answer = runTables(places::tables, {"--coverage"});
     EXPECT_EQ(answer.code, 0);
     EXPECT_EQ(page.substr(begin + mark.size()), answer.text)
         << "put the answer of \"partwright-cli tables --coverage\" behind the mark in "

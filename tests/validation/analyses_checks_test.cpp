@@ -29,6 +29,7 @@ class Cases final : public test::AnalysesCases {
 
     AnalysesRow rowOf(const Table& table, const Row& source, std::size_t number) {
         AnalysesRow row;
+        row.index = number - 1;
         row.number = number;
         row.isFull = source.isFull;
         row.isHidden = source.isHidden;
@@ -56,13 +57,13 @@ class Cases final : public test::AnalysesCases {
             expect(L"n/a", commit.answer);
             break;
         case CommitDecision::Accepted:
-            EXPECT_TRUE(answer.boxes.empty());
+            EXPECT_TRUE(answer.finding.texts.empty());
             expect(L"fine", commit.answer);
             break;
         case CommitDecision::Refused:
-            expect(test::joinBoxes(answer.boxes), commit.answer);
+            expect(test::joinBoxes(answer.finding.texts), commit.answer);
         }
-        EXPECT_EQ(answer.text, commit.textBehind);
+        EXPECT_EQ(answer.text.value_or(commit.text), commit.textBehind);
     }
 
     void ok(const Table& table, const std::vector<Row>& sources,
@@ -71,10 +72,8 @@ class Cases final : public test::AnalysesCases {
         for (const Row& source : sources)
             rows.push_back(rowOf(table, source, rows.size() + 1));
         const AnalysesChecks checks(tableOf(table));
-        const PassResult result = checks.atOk(rows);
-        expect(result ? test::stopText(result->rows, result->goesToCell ? result->position : 0,
-                                       result->boxes)
-                      : L"fine",
+        const auto result = checks.atOk(rows);
+        expect(result ? test::stopText(result->rows, result->position, result->texts) : L"fine",
                answer);
         // Row by row the steps find the same first words, when one row alone is at fault.
         if (rows.size() != 1)
@@ -82,14 +81,15 @@ class Cases final : public test::AnalysesCases {
         const auto steps = checks.everyStep(rows[0]);
         ASSERT_EQ(steps.empty(), !result.has_value());
         if (result) {
-            EXPECT_EQ(steps[0].finding.boxes, result->boxes);
+            EXPECT_EQ(steps[0].texts, result->texts);
         }
     }
 
     void strict(const Table& table, std::size_t position, const std::wstring& text,
                 const std::wstring& answer) override {
-        expect(CheckListCell(table.group, L"", position, text, L'.', PinNames::Numbers).message,
-               answer);
+        const auto found =
+            CheckListCell(table.group, L"", position, text, L'.', PinNames::Numbers).finding;
+        expect(found ? found->texts.front() : L"", answer);
     }
 
     std::list<Words> cells_;

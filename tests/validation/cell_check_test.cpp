@@ -1,4 +1,5 @@
 #include "library/rule_table.h"
+#include "support/places.h"
 #include "support/temp_folder.h"
 #include "validation/cell_check.h"
 #include "validation/validation_tables.h"
@@ -57,22 +58,23 @@ TEST(CellCheck, RuleByReference) {
     for (const Case& c : cases) {
         CellQuestion question = cell(c.value, c.reference);
         question.choices = &list;
-        const CellFinding finding = CheckCellByRule(question, rules, L'.');
-        EXPECT_EQ(finding.passed, c.passed) << narrow(c.value) << " " << c.reference;
-        EXPECT_EQ(finding.line.has_value(), !c.passed);
-        EXPECT_EQ(narrow(finding.line.value_or(L"")), narrow(c.line));
-        EXPECT_EQ(narrow(finding.faultBox), narrow(c.box));
-        EXPECT_TRUE(finding.refusalBox.empty());
+        const auto finding = CheckCellByRule(question, rules, L'.');
+        ASSERT_EQ(!finding, c.passed) << narrow(c.value) << " " << c.reference;
+        if (!finding)
+            continue;
+        EXPECT_EQ(finding->line, c.line);
+        EXPECT_EQ(narrow(finding->tableFault), narrow(c.box));
+        EXPECT_TRUE(finding->texts.empty());
     }
-    EXPECT_FALSE(CheckCellByRule(cell(L"5", 8), rules, L'.').passed);
-    EXPECT_TRUE(CheckCellByRule(cell(L"0,7", 11), rules, L',').passed); // "0.5" is read in any land
+    EXPECT_TRUE(CheckCellByRule(cell(L"5", 8), rules, L'.'));
+    EXPECT_FALSE(CheckCellByRule(cell(L"0,7", 11), rules, L',')); // "0.5" is read in any land
     CellQuestion noRow = cell(L"5", 7);
     noRow.reference.reset();
-    EXPECT_EQ(CheckCellByRule(noRow, rules, L'.').line, L"");
+    EXPECT_EQ(CheckCellByRule(noRow, rules, L'.')->line, L"");
     CellQuestion type = cell(L"B", -1000);
     type.isType = true;
     type.choices = &list;
-    EXPECT_EQ(CheckCellByRule(type, rules, L'.').line, L" /B/ Must be from list");
+    EXPECT_EQ(CheckCellByRule(type, rules, L'.')->line, L" /B/ Must be from list");
 }
 
 TEST(CellCheck, QuietIsLenientAndCommitIsNot) {
@@ -89,27 +91,28 @@ TEST(CellCheck, QuietIsLenientAndCommitIsNot) {
                                            {L"N/A", true, false},
                                            {L"", false, true}}) {
         const CellQuestion question = cell(c.value, 7);
-        const CellFinding quiet = CheckCellQuiet(question, rules, L'.');
-        const CellFinding commit = CheckCellOnCommit(question, rules, L'.');
-        EXPECT_EQ(quiet.passed, c.quiet) << narrow(c.value);
-        EXPECT_EQ(commit.passed, c.commit) << narrow(c.value);
-        EXPECT_TRUE(quiet.refusalBox.empty());
-        EXPECT_EQ(narrow(commit.refusalBox), c.commit ? "" : "Value Type or Range Error.");
+        const auto quiet = CheckCellQuiet(question, rules, L'.');
+        const auto commit = CheckCellOnCommit(question, rules, L'.');
+        EXPECT_EQ(!quiet, c.quiet) << narrow(c.value);
+        EXPECT_TRUE(!quiet || quiet->texts.empty());
+        ASSERT_EQ(!commit, c.commit) << narrow(c.value);
+        if (commit) {
+            EXPECT_EQ(commit->texts, std::vector<std::wstring>{L"Value Type or Range Error."});
+        }
     }
-    EXPECT_FALSE(CheckCellQuiet(cell(L"", 7), rules, L'.').line); // an empty cell is no fault
+    EXPECT_FALSE(CheckCellQuiet(cell(L"", 7), rules, L'.')->line); // an empty cell is no fault
 
     CellQuestion question = cell(L"50", 7);
     question.type = L"";
-    EXPECT_FALSE(CheckCellOnCommit(question, rules, L'.').passed);
-    EXPECT_TRUE(CheckCellOnCommit(question, rules, L'.').refusalBox.empty());
+    EXPECT_TRUE(CheckCellOnCommit(question, rules, L'.').value().texts.empty());
     question = cell(L"50", 7);
     question.isPinList = true;
-    EXPECT_TRUE(CheckCellQuiet(question, rules, L'.').passed);
-    EXPECT_TRUE(CheckCellOnCommit(question, rules, L'.').passed);
+    EXPECT_FALSE(CheckCellQuiet(question, rules, L'.'));
+    EXPECT_FALSE(CheckCellOnCommit(question, rules, L'.'));
     question = cell(L"50", 7);
     question.isChoice = true;
-    EXPECT_FALSE(CheckCellQuiet(question, rules, L'.').passed);
-    EXPECT_TRUE(CheckCellOnCommit(question, rules, L'.').passed);
+    EXPECT_TRUE(CheckCellQuiet(question, rules, L'.'));
+    EXPECT_FALSE(CheckCellOnCommit(question, rules, L'.'));
 }
 
 TEST(ValidationTables, ReadByNameAndReplaceByKey) {
@@ -139,7 +142,7 @@ TEST(ValidationTables, ReadByNameAndReplaceByKey) {
 }
 
 TEST(ValidationTables, ShippedTablesAnswerEveryReference) {
-    const std::wstring folder = std::wstring(pathText(PARTWRIGHT_TABLES)) + L"/";
+    const std::wstring folder = std::wstring(pathText(places::tables)) + L"/";
     ValidationRules shipped;
     ThermalRules thermal;
     LoadValidationRules(folder + L"SDTALibraryValidationRules.csv", shipped);
@@ -164,7 +167,8 @@ TEST(ValidationTables, ShippedTablesAnswerEveryReference) {
                 if (text == L"NU" || reference < 0 || reference > lastRuleReference)
                     continue;
                 EXPECT_TRUE(shipped.contains(reference)) << row.line << " " << narrow(text);
-                EXPECT_TRUE(CheckCellByRule(cell(L"5", reference), shipped, L'.').faultBox.empty());
+                const auto found = CheckCellByRule(cell(L"5", reference), shipped, L'.');
+                EXPECT_TRUE(!found || found->tableFault.empty());
             }
 }
 
