@@ -44,8 +44,9 @@ nlohmann::ordered_json json(const LibraryFinding& finding) {
 /// What was not taken of the two files of a kind, told as findings.
 template <class Record>
 void addLoadFindings(const CPartwrightPlugInApp& app, std::vector<LibraryFinding>& findings) {
-    for (const auto* path : {&Kind<Record>::designPath(app), &Kind<Record>::publicPath(app)})
-        if (const auto report = app.loadReports.find(*path); report != app.loadReports.end()) {
+    for (const auto* path : {&app.paths.designPath<Record>(), &app.paths.publicPath<Record>()})
+        if (const auto report = app.libraries.loadReports.find(*path);
+            report != app.libraries.loadReports.end()) {
             auto found = loadFindings(Kind<Record>::name, report->first, report->second);
             std::move(found.begin(), found.end(), std::back_inserter(findings));
         }

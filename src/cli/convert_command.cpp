@@ -34,7 +34,7 @@ int convert(Tables& tables, const ConvertOptions& options) {
                            PromptIcon::None);
         return Usage;
     }
-    LoadReport& report = tables.app.loadReports[in];
+    LoadReport& report = tables.app.libraries.loadReports[in];
     tellReport(tables.prompt, in, report);
     const bool lost = report.losses() > 0 && !options.dropUnread;
     if (lost && isSameFile(in, out)) {
@@ -44,7 +44,7 @@ int convert(Tables& tables, const ConvertOptions& options) {
     }
     // The copy is made whatever it lacks, since the original stays; the exit code tells.
     report.dropsAllowed = true;
-    tables.app.loadReports[out] = report;
+    tables.app.libraries.loadReports[out] = report;
     const bool saved = saveLibraryFile<Record>(tables.app, library, out, false, tables.prompt) ==
                        SaveOutcome::Saved;
     return saved && !lost ? Fine : Findings;

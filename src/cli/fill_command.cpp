@@ -61,7 +61,7 @@ bool fillPage(Project& project, LibraryPageSession<Record>& page, const FillOpti
 /// agreed to.
 template <class Record>
 bool refuses(Project& project, const LibraryPageSession<Record>& page, bool dropUnread) {
-    LoadReport& report = project.app.loadReports[page.libraryPath()];
+    LoadReport& report = project.app.libraries.loadReports[page.libraryPath()];
     report.dropsAllowed = dropUnread;
     const std::size_t lines =
         droppedLines<Record>(report, recordsByGroup<Record>(page.workingLibrary()));
@@ -81,10 +81,10 @@ int runFill(const PlaceOptions& place, const FillOptions& options, Streams strea
     if (project.prompt.unreadableTable(project.app.libraries))
         return Usage;
     const bool both = !options.sdta && !options.analyses;
-    const bool sdtaRefuses = (options.sdta || both) &&
-                             refuses(project, project.session.sdtaPage, options.dropUnread);
-    const bool asrRefuses = (options.analyses || both) &&
-                            refuses(project, project.session.asrPage, options.dropUnread);
+    const bool sdtaRefuses =
+        (options.sdta || both) && refuses(project, project.session.sdtaPage, options.dropUnread);
+    const bool asrRefuses =
+        (options.analyses || both) && refuses(project, project.session.asrPage, options.dropUnread);
     if ((sdtaRefuses || asrRefuses) && !options.dryRun)
         return Findings;
     bool written = true;

@@ -45,14 +45,14 @@ Project::Project(const PlaceOptions& place, Streams streams)
     loadAtStart(app, clock_, prompt, startOptions(place));
     session.start();
     tellMissingGroups(app, prompt);
-    for (const auto& [path, report] : app.loadReports)
+    for (const auto& [path, report] : app.libraries.loadReports)
         tellReport(prompt, path, report);
 }
 
 void tellReport(Prompt& prompt, std::wstring_view path, const LoadReport& report) {
     // A file that cannot be opened, and group names that nobody knows, were told of before.
-    const bool isTold = report.fault == LibraryFault::Unreadable ||
-                        report.fault == LibraryFault::NoGroupNames;
+    const bool isTold =
+        report.fault == LibraryFault::Unreadable || report.fault == LibraryFault::NoGroupNames;
     if (!isTold && (report.fault != LibraryFault::None || report.count() > 0))
         prompt.tell(message::loadSummary(path, report), PromptIcon::None);
 }

@@ -2,9 +2,9 @@
 
 // Wide text and the bytes of files; bytes that were read are always written back as they were.
 //
-// A file is UTF-8 when it is ASCII or one of its lines is valid UTF-8 with a character beyond ASCII.
-// A byte of such a file that is no UTF-8 (some tool appended in another code page) stands in the
-// text as U+DC80 + (byte - 0x80), which no valid text holds. A file without such a line is
+// A file is UTF-8 when it is ASCII or one of its lines is valid UTF-8 with a character beyond
+// ASCII. A byte of such a file that is no UTF-8 (some tool appended in another code page) stands in
+// the text as U+DC80 + (byte - 0x80), which no valid text holds. A file without such a line is
 // Windows-1252, in which every byte has a meaning.
 
 #include <string>

@@ -5,6 +5,7 @@
 
 #include "core/encoding.h"
 #include "core/library_kind.h"
+#include "core/load_report.h"
 #include "core/records.h"
 
 #include <cstdint>
@@ -16,15 +17,6 @@
 #include <vector>
 
 namespace partwright {
-
-/// Why a library that was read must not be written back.
-enum class LibraryFault {
-    None,
-    /// Data rows were met while no group name was known.
-    NoGroupNames,
-    /// The file is there and could not be read.
-    Unreadable,
-};
 
 /// All that the records read from a library file depend on.
 struct LibraryReading {
@@ -63,8 +55,8 @@ struct Libraries {
     MasterCopy<AsrComponent> asrDesignLibrary;
     MasterCopy<AsrComponent> asrPublicLibrary;
     DatasheetLinks datasheetLinks;
-    /// Of the four library files and of the link table, by path.
-    std::map<std::wstring, LibraryFault, std::less<>> faults;
+    /// What was not taken of the four library files and of the link table, by path.
+    std::map<std::wstring, LoadReport, std::less<>> loadReports;
 
     template <class Record>
     [[nodiscard]] MasterCopy<Record>& designLibrary() {

@@ -52,8 +52,7 @@ void LoadReport::close() {
 }
 
 void LoadReport::fileWritten(const std::set<std::wstring>& superseded) {
-    std::erase_if(keptLines,
-                  [&](const KeptLine& line) { return superseded.contains(line.part); });
+    std::erase_if(keptLines, [&](const KeptLine& line) { return superseded.contains(line.part); });
     const std::vector<LoadEntry> before = std::exchange(entries_, {});
     count_ = drops_ = losses_ = 0;
     dropsAllowed = false;

@@ -70,10 +70,9 @@ std::wstring wrongColumns(std::size_t line, std::wstring_view group) {
                  L" does not have the columns of the group below it, ", group, L"."});
 }
 
-std::wstring groupNotInTable(std::size_t line, std::wstring_view group,
-                             std::wstring_view tablePath) {
+std::wstring groupNotInTable(std::size_t line, std::wstring_view group) {
     return join({L"Line ", std::to_wstring(line), L" and those below it are of the group ", group,
-                 L", which this table does not have:\n", tablePath});
+                 L", which the table of groups does not have."});
 }
 
 std::wstring gapInGroupTable(std::int32_t code, std::size_t line, std::wstring_view tablePath) {

@@ -56,8 +56,7 @@ inline constexpr std::wstring_view fileNotUnderstood =
     L"No row of this file was understood; is it the other kind of library, or was its first line "
     L"lost?";
 [[nodiscard]] std::wstring wrongColumns(std::size_t line, std::wstring_view group);
-[[nodiscard]] std::wstring groupNotInTable(std::size_t line, std::wstring_view group,
-                                           std::wstring_view tablePath);
+[[nodiscard]] std::wstring groupNotInTable(std::size_t line, std::wstring_view group);
 /// The table of groups has no row for a group that the program has columns for.
 [[nodiscard]] std::wstring gapInGroupTable(std::int32_t code, std::size_t line,
                                            std::wstring_view tablePath);

@@ -147,8 +147,8 @@ std::vector<LibraryFinding> loadFindings(std::wstring_view library, std::wstring
     if (report.fault != LibraryFault::None)
         add({}, report.faultText);
     for (const LoadEntry& entry : report.entries())
-        add(entry.part, message::entryText({entry.line, entry.cause, {}, entry.name,
-                                            entry.otherLine}));
+        add(entry.part,
+            message::entryText({entry.line, entry.cause, {}, entry.name, entry.otherLine}));
     if (report.count() > report.entries().size())
         add({}, message::furtherLines(report.count() - report.entries().size()));
     return findings;

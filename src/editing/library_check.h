@@ -53,8 +53,7 @@ extern template std::vector<LibraryFinding> checkLibrary<AsrComponent>(const CPa
                                                                        AnalysisLevel);
 
 /// What was not taken of a library's file, under the rule "load".
-[[nodiscard]] std::vector<LibraryFinding> loadFindings(std::wstring_view library,
-                                                       std::wstring_view path,
-                                                       const LoadReport& report);
+[[nodiscard]] std::vector<LibraryFinding>
+loadFindings(std::wstring_view library, std::wstring_view path, const LoadReport& report);
 
 } // namespace partwright

@@ -23,7 +23,7 @@ SaveOutcome saveLibraryFile(const CPartwrightPlugInApp& app,
                             const typename Kind<Record>::Library& library, std::wstring_view path,
                             bool announce, Prompt& prompt) {
     const RecordList<Record> records = recordsByGroup<Record>(library);
-    LoadReport& report = app.loadReports[std::wstring(path)];
+    LoadReport& report = app.libraries.loadReports[std::wstring(path)];
     SaveForm form = SaveForm::Kept;
     SaveResult result = write(app, records, path, form);
     while (result.status == SaveStatus::WouldDrop || result.status == SaveStatus::Unencodable) {

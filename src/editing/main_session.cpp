@@ -104,12 +104,12 @@ bool MainSession::closeWithOk() {
 }
 
 bool MainSession::saveLinks() {
-    LinkSaveResult saved = SaveDatasheetLinks(app_);
+    LinkSaveResult saved = SaveDatasheetLinks(app_.paths, app_.libraries);
     if (saved.status == SaveStatus::WouldDrop) {
         if (!prompt_.ask(message::caption, saved.message))
             return false;
-        app_.loadReports[datasheetLinksPath(app_)].dropsAllowed = true;
-        saved = SaveDatasheetLinks(app_);
+        app_.libraries.loadReports[datasheetLinksPath(app_.paths)].dropsAllowed = true;
+        saved = SaveDatasheetLinks(app_.paths, app_.libraries);
     }
     if (!saved.message.empty())
         prompt_.tell(saved.message, PromptIcon::Warning);

@@ -224,8 +224,8 @@ Record LibraryPageSession<Record>::newRecord(std::wstring_view partNumber,
                                              std::wstring_view designators) const {
     Record record;
     record.PartNum = partNumber;
-    record.CatNum = projectText(app_, designators, app_.columnCatalogNumber);
-    record.Description = projectText(app_, designators, app_.columnDescription);
+    record.CatNum = projectText(app_, designators, app_.partList.columnCatalogNumber);
+    record.Description = projectText(app_, designators, app_.partList.columnDescription);
     return record;
 }
 

@@ -95,18 +95,20 @@ void loadAnalysesLibraries(CPartwrightPlugInApp& app, Prompt& prompt) {
 }
 
 void reloadSdtaLibraries(CPartwrightPlugInApp& app, Prompt& prompt) {
-    const auto earlier = app.loadReports;
+    const auto earlier = app.libraries.loadReports;
     loadSdtaLibraries(app, prompt);
     for (const auto& [path, report] : earlier)
         if (report.fault != LibraryFault::None)
-            app.loadReports[path] = report;
-    app.forgetReadings(); // each library is read twice in a run, not more often
+            app.libraries.loadReports[path] = report;
+    // Each library is read twice in a run, not more often.
+    app.libraries.sdtaDesignLibrary.forgetReading();
+    app.libraries.sdtaPublicLibrary.forgetReading();
 }
 
 PartSelection partsOfProject(const PartList& list, bool onlySelected) {
     PartSelection parts;
-    for (const auto& [designator, entry] : app.projectEntries) {
-        const std::wstring part = asReadBack(app.ProjectValue(designator, app.columnPartNumber));
+    for (const auto& [designator, entry] : list.projectEntries) {
+        const std::wstring part = asReadBack(list.ProjectValue(designator, list.columnPartNumber));
         if (part.empty() || (onlySelected && entry.selected == 0))
             continue;
         std::wstring& designators = parts[part];

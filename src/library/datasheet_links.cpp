@@ -27,8 +27,8 @@ std::wstring linkCell(std::wstring_view text) {
     return L'"' + replaceAll(line, L"\"", L"\"\"") + L'"';
 }
 
-/// The cells of a line, trimmed. Names of files have apostrophes, and quotes that are doubled inside
-/// of a cell in quotes.
+/// The cells of a line, trimmed. Names of files have apostrophes, and quotes that are doubled
+/// inside of a cell in quotes.
 std::vector<std::wstring> linkCells(std::wstring_view line) {
     std::vector<std::wstring> cells;
     while (!line.empty()) {
@@ -156,36 +156,36 @@ std::wstring datasheetLinksPath(const ProjectPaths& paths) {
     return withSeparator(paths.libraryFolder) + std::wstring(tableName);
 }
 
-LoadResult LoadDatasheetLinks(CPartwrightPlugInApp& app) {
-    const std::wstring path = datasheetLinksPath(app);
+LoadResult LoadDatasheetLinks(const ProjectPaths& paths, Libraries& libraries) {
+    const std::wstring path = datasheetLinksPath(paths);
     const TextFile file = readTextFile(path);
     LoadReport report;
     if (file.status == FileStatus::OpenFailed)
         report.setFault(LibraryFault::Unreadable, message::fileUnreadable());
     else if (file.status == FileStatus::Ok)
-        app.datasheetLinks = LinkParser(file.form.codePage, report).run(file.bytes);
-    app.loadReports.insert_or_assign(path, std::move(report));
+        libraries.datasheetLinks = LinkParser(file.form.codePage, report).run(file.bytes);
+    libraries.loadReports.insert_or_assign(path, std::move(report));
     return resultOf(file.status, path);
 }
 
-LinkSaveResult SaveDatasheetLinks(CPartwrightPlugInApp& app) {
-    const std::wstring path = datasheetLinksPath(app);
-    LoadReport& report = app.loadReports[path];
+LinkSaveResult SaveDatasheetLinks(const ProjectPaths& paths, Libraries& libraries) {
+    const std::wstring path = datasheetLinksPath(paths);
+    const DatasheetLinks& links = libraries.datasheetLinks;
+    LoadReport& report = libraries.loadReports[path];
     if (report.fault != LibraryFault::None)
         return {SaveStatus::Refused, message::saveWouldLose(path, report.faultText)};
-    for (const auto& [part, file] : app.datasheetLinks)
+    for (const auto& [part, file] : links)
         if (!file.empty() &&
             linkCells(linkLine(part, file)) != std::vector<std::wstring>{part, file})
             return {SaveStatus::Refused, message::linkNotReadBack(path, part, file)};
     if (report.drops() > 0 && !report.dropsAllowed)
         return {SaveStatus::WouldDrop, message::savingWillDrop(path, report.drops())};
-    const WriteResult written =
-        writeTextFile(path, formatLinks(app.datasheetLinks, report, formOnDisk(path)));
+    const WriteResult written = writeTextFile(path, formatLinks(links, report, formOnDisk(path)));
     if (written.status == WriteStatus::OpenFailed)
         return {SaveStatus::OpenFailed, message::failedToOpenForWriting(path)};
     if (written.status == WriteStatus::WriteFailed)
         return {SaveStatus::WriteFailed, message::failedToWrite(path, written.reason)};
-    report.fileWritten(supersededParts(report, app.datasheetLinks));
+    report.fileWritten(supersededParts(report, links));
     return {};
 }
 

@@ -28,6 +28,6 @@ struct LinkSaveResult {
 
 /// Writes the links that name a file. The table keeps the form it has on disk, unless that cannot
 /// hold a character: then it becomes UTF-8.
-[[nodiscard]] LinkSaveResult SaveDatasheetLinks(CPartwrightPlugInApp& app);
+[[nodiscard]] LinkSaveResult SaveDatasheetLinks(const ProjectPaths& paths, Libraries& libraries);
 
 } // namespace partwright

@@ -3,7 +3,8 @@
 #include "core/cell_text.h"
 #include "core/completion.h"
 #include "core/decimal_mark.h"
-#include "core/messages.h"
+#include "core/text.h"
+#include "core/text_file.h"
 #include "library/field_scanner.h"
 #include "library/library_dialect.h"
 #include "library/load_observer.h"
@@ -75,14 +76,14 @@ bool isHalf(std::string_view line, std::string_view rest) {
 template <class Record>
 class LibraryParser {
 public:
-    LibraryParser(const CPartwrightPlugInApp& app, std::string bytes, CodePage codePage,
-                  bool lists)
-        : app_(app), bytes_(std::move(bytes)), codePage_(codePage), lists_(lists),
+    LibraryParser(const Definitions<Record>& definitions, wchar_t decimalMark, std::string bytes,
+                  CodePage codePage, bool lists)
+        : definitions_(definitions), bytes_(std::move(bytes)), codePage_(codePage), lists_(lists),
           rowKind_(narrow(Dialect<Record>::rowKind, codePage)),
-          separator_(separatorOf(bytes_, rowKind_)), mark_(app.decimalMark()),
+          separator_(separatorOf(bytes_, rowKind_)), mark_(decimalMark),
           droppedGroup_(narrow(Dialect<Record>::droppedGroup, codePage)),
-          notDefined_(narrow(notDefinedName, codePage)),
-          row_(separator_, codePage, rowKind_), observer_(row_, separator_, codePage),
+          notDefined_(narrow(notDefinedName, codePage)), row_(separator_, codePage, rowKind_),
+          observer_(row_, separator_, codePage),
           hasZeros_(lists && bytes_.find('\0') != std::string::npos) {}
 
     [[nodiscard]] ParsedLibrary<Record> run();
@@ -107,7 +108,7 @@ private:
     void tellTwins();
     static void keepRowsOfRecords(const Library& records, LoadReport& report);
 
-    const CPartwrightPlugInApp& app_;
+    const Definitions<Record>& definitions_;
     std::string bytes_;
     CodePage codePage_;
     bool lists_;
@@ -164,8 +165,8 @@ char LibraryParser<Record>::separatorOf(std::string_view bytes, std::string_view
 
 template <class Record>
 void LibraryParser<Record>::prepare() {
-    rules_.emplace(app_);
-    const auto count = static_cast<std::int32_t>(Kind<Record>::groupNames(app_).size());
+    rules_.emplace(definitions_);
+    const auto count = static_cast<std::int32_t>(definitions_.groupNames.size());
     for (std::int32_t number = 0; number < std::max(count, 1); ++number)
         addPlan(number);
     groups_.seal();
@@ -179,14 +180,13 @@ void LibraryParser<Record>::addPlan(std::int32_t number) {
     plan.columns = Kind<Record>::columns(number);
     for (std::size_t i = 0; i < plan.columns.size(); ++i)
         plan.pins[i] = Dialect<Record>::encodesValues && isPinColumn(plan.columns[i]);
-    const std::wstring_view name = namesOf<Record>(app_, number, 0).first;
-    plan.name = name;
-    const auto types = Kind<Record>::groupTypes(app_).find(name);
-    if (types != Kind<Record>::groupTypes(app_).end())
-        for (std::size_t i = 0; i < types->second.size(); ++i)
-            plan.types.add(narrow(types->second[i].name, codePage_), static_cast<std::int32_t>(i));
+    plan.name = definitions_.GroupAndTypeNames(number, 0).first;
+    const auto types = definitions_.typesOf(number);
+    for (std::size_t i = 0; i < types.size(); ++i)
+        plan.types.add(narrow(types[i].name, codePage_), static_cast<std::int32_t>(i));
     plan.types.seal();
     plans_.push_back(std::move(plan));
+    const std::wstring_view name = plans_.back().name;
     if (number > 0 && name != L"0") // "0" is written for no group
         groups_.add(narrow(name, codePage_), number);
 }
@@ -213,11 +213,10 @@ ParsedLibrary<Record> LibraryParser<Record>::run() {
             observer_.repeated(LoadCause::Repeated, lines_[dropped], records_.key(dropped),
                                lines_[next]);
     });
-    if (metRows_ && !Dialect<Record>::knowsGroups(app_))
-        observer_.setFault(LibraryFault::NoGroupNames,
-                           message::groupTableMissing(Dialect<Record>::groupTable(app_)));
+    if (metRows_ && !Dialect<Record>::knowsGroups(definitions_))
+        observer_.setFault(LibraryFault::NoGroupNames, {});
     if (lists_) {
-        result.report = observer_.close(!result.records.empty(), Dialect<Record>::groupTable(app_));
+        result.report = observer_.close(!result.records.empty());
         keepRowsOfRecords(result.records, result.report);
     }
     return result;
@@ -452,14 +451,16 @@ void LibraryParser<Record>::tellTwins() {
 } // namespace
 
 template <class Record>
-ParsedLibrary<Record> parseLibrary(const CPartwrightPlugInApp& app, std::string bytes,
-                                   CodePage codePage, Listing listing) {
-    return LibraryParser<Record>(app, std::move(bytes), codePage, listing == Listing::On).run();
+ParsedLibrary<Record> parseLibrary(const Definitions<Record>& definitions, wchar_t decimalMark,
+                                   std::string bytes, CodePage codePage, Listing listing) {
+    return LibraryParser<Record>(definitions, decimalMark, std::move(bytes), codePage,
+                                 listing == Listing::On)
+        .run();
 }
 
-template ParsedLibrary<SdtaComponent>
-parseLibrary<SdtaComponent>(const CPartwrightPlugInApp&, std::string, CodePage, Listing);
-template ParsedLibrary<AsrComponent>
-parseLibrary<AsrComponent>(const CPartwrightPlugInApp&, std::string, CodePage, Listing);
+template ParsedLibrary<SdtaComponent> parseLibrary(const Definitions<SdtaComponent>&, wchar_t,
+                                                   std::string, CodePage, Listing);
+template ParsedLibrary<AsrComponent> parseLibrary(const Definitions<AsrComponent>&, wchar_t,
+                                                  std::string, CodePage, Listing);
 
 } // namespace partwright

@@ -2,14 +2,15 @@
 
 // The content of a library file as records, and what of it was not taken. Pure: no file is touched.
 //
-//   ParsedLibrary<SdtaComponent> library = parseLibrary<SdtaComponent>(app, bytes, codePage);
+//   ParsedLibrary<SdtaComponent> library = parseLibrary(app.of<SdtaComponent>(), app.decimalMark(),
+//   bytes, codePage);
 //
 // Line 1 is never a row. Lines are told apart by their first field: header row, data row, frame of
 // the file; anything else is a remark. Of two rows of one part the later one counts. Lines that
 // carry what no record has (remarks, rows of another kind, rows with a cell that is too long) are
 // kept for the writer as they stand.
 
-#include "core/library_kind.h"
+#include "core/definitions.h"
 #include "core/load_report.h"
 
 #include <string>
@@ -30,11 +31,12 @@ enum class Listing {
 
 /// `bytes` without a byte-order mark.
 template <class Record>
-[[nodiscard]] ParsedLibrary<Record> parseLibrary(const CPartwrightPlugInApp& app, std::string bytes,
+[[nodiscard]] ParsedLibrary<Record> parseLibrary(const Definitions<Record>& definitions,
+                                                 wchar_t decimalMark, std::string bytes,
                                                  CodePage codePage, Listing listing = Listing::On);
-extern template ParsedLibrary<SdtaComponent>
-parseLibrary<SdtaComponent>(const CPartwrightPlugInApp&, std::string, CodePage, Listing);
-extern template ParsedLibrary<AsrComponent>
-parseLibrary<AsrComponent>(const CPartwrightPlugInApp&, std::string, CodePage, Listing);
+extern template ParsedLibrary<SdtaComponent> parseLibrary(const Definitions<SdtaComponent>&,
+                                                          wchar_t, std::string, CodePage, Listing);
+extern template ParsedLibrary<AsrComponent> parseLibrary(const Definitions<AsrComponent>&, wchar_t,
+                                                         std::string, CodePage, Listing);
 
 } // namespace partwright

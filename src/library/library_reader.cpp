@@ -9,6 +9,22 @@ namespace partwright {
 
 namespace {
 
+/// The words of a fault that lies with the table of groups.
+template <class Record>
+void tellGroupFault(const CPartwrightPlugInApp& app, LoadReport& report) {
+    const std::wstring& table = Dialect<Record>::groupTable(app.paths);
+    if (report.fault == LibraryFault::NoGroupNames) {
+        report.faultText = message::groupTableMissing(table);
+    } else if (const auto& gap = app.of<Record>().gap;
+               gap && report.fault != LibraryFault::Unreadable) {
+        // Whatever else was found follows from this.
+        report.fault = LibraryFault::GroupTable;
+        report.faultText = message::gapInGroupTable(gap->code, gap->line, table);
+    } else if (report.fault == LibraryFault::GroupTable) {
+        report.faultText.append(L"\n").append(table);
+    }
+}
+
 /// Puts the records of a file that was read into the target, which is empty.
 template <class Record>
 void takeRecords(CPartwrightPlugInApp& app, typename Kind<Record>::Library& target, TextFile& file,
@@ -23,7 +39,8 @@ void takeRecords(CPartwrightPlugInApp& app, typename Kind<Record>::Library& targ
         target = std::move(parsed.records);
         report = std::move(parsed.report);
     }
-    app.loadReports.insert_or_assign(result.path, std::move(report));
+    tellGroupFault<Record>(app, report);
+    app.libraries.loadReports.insert_or_assign(result.path, std::move(report));
 }
 
 template <class Record>
@@ -70,8 +87,8 @@ LoadResult LoadAnalysesLibrary(CPartwrightPlugInApp& app, AsrLibrary& target,
                                std::wstring_view path) {
     if (app.paths.programFolder.empty()) {
         if (!path.empty() && fileExists(path)) // not read, so never to be written over
-            app.loadReports[std::wstring(path)].setFault(LibraryFault::Unreadable,
-                                                         message::fileUnreadable());
+            app.libraries.loadReports[std::wstring(path)].setFault(LibraryFault::Unreadable,
+                                                                   message::fileUnreadable());
         return {};
     }
     LoadResult result = loadLibrary<AsrComponent>(

@@ -10,6 +10,7 @@
 //   if (!result.message.empty())
 //       prompt.tell(result.message, PromptIcon::None);
 
+#include "core/application.h"
 #include "library/library_parser.h"
 #include "library/load_result.h"
 

@@ -391,14 +391,16 @@ SaveResult saveLibrary(const CPartwrightPlugInApp& app, std::span<const Record* 
                        const std::wstring& path, SaveForm wanted) {
     SaveResult result;
     result.path = path;
-    const auto found = app.loadReports.find(path);
-    const LoadReport report = found == app.loadReports.end() ? LoadReport() : found->second;
+    static const LoadReport nothing;
+    const auto found = app.libraries.loadReports.find(path);
+    const LoadReport& report = found == app.libraries.loadReports.end() ? nothing : found->second;
     if (report.fault != LibraryFault::None) {
         result.status = SaveStatus::Refused;
         result.message = message::saveWouldLose(path, report.faultText);
         return result;
     }
-    if (const std::size_t lines = droppedLines(report, records); lines > 0 && !report.dropsAllowed) {
+    if (const std::size_t lines = droppedLines(report, records);
+        lines > 0 && !report.dropsAllowed) {
         result.status = SaveStatus::WouldDrop;
         result.message = message::savingWillDrop(path, lines);
         return result;
@@ -476,8 +478,8 @@ std::set<std::wstring> supersededParts(const LoadReport& report,
 
 template std::set<std::wstring>
 supersededParts<SdtaComponent>(const LoadReport&, std::span<const SdtaComponent* const>);
-template std::set<std::wstring>
-supersededParts<AsrComponent>(const LoadReport&, std::span<const AsrComponent* const>);
+template std::set<std::wstring> supersededParts<AsrComponent>(const LoadReport&,
+                                                              std::span<const AsrComponent* const>);
 
 template <class Record>
 std::size_t droppedLines(const LoadReport& report, std::span<const Record* const> records) {
@@ -542,14 +544,14 @@ SaveResult SaveSdtaLibrary(const CPartwrightPlugInApp& app,
                            std::span<const SdtaComponent* const> records, std::wstring_view path,
                            SaveForm wanted) {
     return saveLibrary<SdtaComponent>(
-        app, records, path.empty() ? app.sdtaLibraryPath : std::wstring(path), wanted);
+        app, records, path.empty() ? app.paths.sdtaLibraryPath : std::wstring(path), wanted);
 }
 
 SaveResult SaveAnalysesLibrary(const CPartwrightPlugInApp& app,
                                std::span<const AsrComponent* const> records, std::wstring_view path,
                                SaveForm wanted) {
-    return saveLibrary<AsrComponent>(app, records,
-                                     path.empty() ? app.asrLibraryPath : std::wstring(path), wanted);
+    return saveLibrary<AsrComponent>(
+        app, records, path.empty() ? app.paths.asrLibraryPath : std::wstring(path), wanted);
 }
 
 std::wstring GroupHeaderRow(const CPartwrightPlugInApp& app, std::int32_t group) {

@@ -73,18 +73,20 @@ struct FormattedLibrary {
 };
 
 /// The content of a library file at `path`; the path stands in its banner. Lines that were kept
-/// when the file was read stand behind the last group, but for rows of parts that have a record now.
+/// when the file was read stand behind the last group, but for rows of parts that have a record
+/// now.
 template <class Record>
-[[nodiscard]] FormattedLibrary formatLibrary(const CPartwrightPlugInApp& app,
-                                             std::span<const Record* const> records,
-                                             std::wstring_view path, TextForm form,
-                                             const LoadReport& report = {});
-extern template FormattedLibrary
-formatLibrary<SdtaComponent>(const CPartwrightPlugInApp&, std::span<const SdtaComponent* const>,
-                             std::wstring_view, TextForm, const LoadReport&);
-extern template FormattedLibrary
-formatLibrary<AsrComponent>(const CPartwrightPlugInApp&, std::span<const AsrComponent* const>,
-                            std::wstring_view, TextForm, const LoadReport&);
+[[nodiscard]] FormattedLibrary
+formatLibrary(const CPartwrightPlugInApp& app, std::span<const Record* const> records,
+              std::wstring_view path, TextForm form, const LoadReport& report = {});
+extern template FormattedLibrary formatLibrary<SdtaComponent>(const CPartwrightPlugInApp&,
+                                                              std::span<const SdtaComponent* const>,
+                                                              std::wstring_view, TextForm,
+                                                              const LoadReport&);
+extern template FormattedLibrary formatLibrary<AsrComponent>(const CPartwrightPlugInApp&,
+                                                             std::span<const AsrComponent* const>,
+                                                             std::wstring_view, TextForm,
+                                                             const LoadReport&);
 
 /// Parts of kept rows that have a record now, so that the row leaves the file.
 template <class Record>
@@ -112,7 +114,7 @@ extern template std::size_t droppedLines<AsrComponent>(const LoadReport&,
 [[nodiscard]] SaveResult SaveAnalysesLibrary(const CPartwrightPlugInApp& app,
                                              std::span<const AsrComponent* const> records,
                                              std::wstring_view path = {},
-                                         SaveForm form = SaveForm::Kept);
+                                             SaveForm form = SaveForm::Kept);
 
 /// Single rows as they stand in a file, without a line end.
 [[nodiscard]] std::wstring GroupHeaderRow(const CPartwrightPlugInApp& app, std::int32_t group);

@@ -1,5 +1,6 @@
 #include "library/load_observer.h"
 
+#include "core/cell_text.h"
 #include "core/messages.h"
 #include "library/field_scanner.h"
 #include "library/library_dialect.h"
@@ -27,9 +28,8 @@ bool isEqual(std::string_view bytes, std::wstring_view ascii) {
 
 /// Nothing but separators and blanks, in quotes or not: what a spreadsheet makes of an empty line.
 bool isBlankLine(std::string_view line) {
-    return std::all_of(line.begin(), line.end(), [](char c) {
-        return isFieldBlank(c) || c == ',' || c == ';' || c == '"';
-    });
+    return std::all_of(line.begin(), line.end(),
+                       [](char c) { return isFieldBlank(c) || c == ',' || c == ';' || c == '"'; });
 }
 
 } // namespace
@@ -193,8 +193,9 @@ void LoadObserver::note(LoadCause cause, std::wstring part, std::wstring name) {
     report_.add({line_, cause, std::move(part), std::move(name)});
 }
 
-std::wstring LoadObserver::partOf(std::string_view cell) const {
-    return asReadBack(decode(trimQuotes(cell), codePage_));
+std::wstring LoadObserver::partOf(std::string_view text) const {
+    constexpr std::size_t enough = (cell::maximumLength + 2) * 4; // bytes, in UTF-8
+    return asReadBack(decode(trimQuotes(text.substr(0, enough)), codePage_));
 }
 
 void LoadObserver::closeSection() {
@@ -207,7 +208,7 @@ void LoadObserver::closeSection() {
     }
 }
 
-LoadReport LoadObserver::close(bool hasRecords, std::wstring_view groupTable) {
+LoadReport LoadObserver::close(bool hasRecords) {
     closeSection();
     const bool isEmptyLibrary = sawEnd_ && rows_ == boards_;
     if (hasContent_ && !hasRecords && !isEmptyLibrary)
@@ -215,8 +216,8 @@ LoadReport LoadObserver::close(bool hasRecords, std::wstring_view groupTable) {
     if (!wrongColumns_.empty())
         report_.setFault(LibraryFault::WrongColumns, wrongColumns_);
     if (unknownGroupLine_ != 0)
-        report_.setFault(LibraryFault::GroupTable, message::groupNotInTable(
-                                                       unknownGroupLine_, unknownGroup_, groupTable));
+        report_.setFault(LibraryFault::GroupTable,
+                         message::groupNotInTable(unknownGroupLine_, unknownGroup_));
     if (hasContent_ && !sawEnd_ && !sawHalf_)
         note(LoadCause::NoEnd, {});
     report_.close();

@@ -69,8 +69,8 @@ public:
     void taken(const TakenRow& row);
     void repeated(LoadCause cause, std::size_t line, std::wstring part, std::size_t otherLine);
 
-    /// The whole file was read; `groupTable` is where the names of the groups come from.
-    [[nodiscard]] LoadReport close(bool hasRecords, std::wstring_view groupTable);
+    /// The whole file was read.
+    [[nodiscard]] LoadReport close(bool hasRecords);
 
 private:
     struct Section {
@@ -90,7 +90,7 @@ private:
     [[nodiscard]] bool isFrame(std::string_view mark, std::string_view rest);
     void closeSection();
     void note(LoadCause cause, std::wstring part, std::wstring name = {});
-    [[nodiscard]] std::wstring partOf(std::string_view cell) const;
+    [[nodiscard]] std::wstring partOf(std::string_view text) const;
 
     const RowCells& row_;
     char separator_;

@@ -90,7 +90,8 @@ LoadResult LoadProjectInput(ProjectPaths& paths, PartList& parts, Clock& clock) 
     return result;
 }
 
-void parseProjectInput(CPartwrightPlugInApp& app, std::string_view bytes, CodePage codePage) {
+void parseProjectInput(ProjectPaths& paths, PartList& parts, std::string_view bytes,
+                       CodePage codePage) {
     const auto separator = static_cast<wchar_t>(namedSeparator(bytes).value_or(','));
     const std::wstring_view header = separator == L';' ? L"#REFDES;P/N;MFG;DESCR;CPN;SELECT"
                                                        : L"#REFDES,P/N,MFG,DESCR,CPN,SELECT";

@@ -64,8 +64,8 @@ std::optional<std::string_view> RowCells::mended(std::string_view from, std::str
     const auto open = from.starts_with(threeQuotes) ? std::optional(count_) : openCell();
     if (open) {
         const char* const start = starts_[*open];
-        const std::string_view rest(start, static_cast<std::size_t>(from.data() - start) +
-                                               from.size());
+        const std::string_view rest(start,
+                                    static_cast<std::size_t>(from.data() - start) + from.size());
         const std::size_t limit = *open == count_ ? rest.size() : rest.size() - from.size() + end;
         const auto closing = closingQuotes(rest.substr(0, limit));
         // Quotes end one cell only, so that going back to an earlier cell comes to an end.
@@ -79,13 +79,19 @@ std::optional<std::string_view> RowCells::mended(std::string_view from, std::str
     }
     if (from.front() == '"')
         return std::nullopt;
-    return dropTrailingBlanks(from.substr(0, end));
+    const std::string_view field = dropTrailingBlanks(from.substr(0, end));
+    if (field.back() != '"')
+        return field;
+    // One quote a side is taken off a cell; this one belongs to the text.
+    scratch_.assign(1, '"').append(field) += '"';
+    return scratch_;
 }
 
 /// The last cell so far that began with three quotes and did not end with any.
 std::optional<std::size_t> RowCells::openCell() const {
     for (std::size_t i = count_; i-- > 0;) {
-        const std::string_view text(starts_[i], static_cast<std::size_t>(starts_[i + 1] - starts_[i]));
+        const std::string_view text(starts_[i],
+                                    static_cast<std::size_t>(starts_[i + 1] - starts_[i]));
         if (text.starts_with(threeQuotes) && !cells_[i].ends_with('"'))
             return i;
     }

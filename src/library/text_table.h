@@ -76,8 +76,8 @@ void SplitTokens(std::wstring_view text, std::vector<std::wstring>& out);
 [[nodiscard]] std::wstring ToCsvCell(std::wstring_view value, wchar_t separator,
                                      bool percentDoubled);
 
-/// The separator that a "sep=" names: the character at position 4 of its line, if that is "," or ";".
-/// A line that begins so goes before one that only holds it; none when no line names one.
+/// The separator that a "sep=" names: the character at position 4 of its line, if that is "," or
+/// ";". A line that begins so goes before one that only holds it; none when no line names one.
 [[nodiscard]] std::optional<char> namedSeparator(std::string_view bytes);
 
 /// "1-3,7" -> 1, 2, 3, 7. List mark "," or ";", range mark "-" or ":". A falling range and an

@@ -143,7 +143,8 @@ TEST(TextFile, Reading) {
                                                                  "a\r\nb"));
     EXPECT_EQ(file.bytes, "a\r\nb");
     EXPECT_EQ(file.form, (TextForm{CodePage::Utf8, LineEnd::CrLf}));
-    EXPECT_EQ(formOnDisk(folder.put(L"old", "\xE9\n")), (TextForm{CodePage::Windows1252, LineEnd::Lf}));
+    EXPECT_EQ(formOnDisk(folder.put(L"old", "\xE9\n")),
+              (TextForm{CodePage::Windows1252, LineEnd::Lf}));
     EXPECT_EQ(formOnDisk(folder / L"none"), newFileForm());
     LineReader reader(std::string_view("a\r\n\nb\rc\r\nd\0e\n\r", 14));
     std::vector<std::string> lines;

@@ -126,6 +126,8 @@ private:
         field = line_.substr(start, end - start);
         while (!field.empty() && static_cast<char32_t>(field.back()) <= 32)
             field.pop_back();
+        if (!field.empty() && field.back() == L'"')
+            field = L'"' + field + L'"';
         return line_[start] != L'"';
     }
     [[nodiscard]] std::size_t endOfCell(std::size_t from) const {
@@ -272,8 +274,8 @@ inline bool literalHalf(const std::vector<std::wstring>& lines, std::size_t row)
         if (!literalTrimmed(lines[i]).empty())
             return false;
     std::wstring line = lines[row];
-    while (!line.empty() && (static_cast<char32_t>(line.back()) <= 32 || line.back() == L',' ||
-                             line.back() == L';'))
+    while (!line.empty() &&
+           (static_cast<char32_t>(line.back()) <= 32 || line.back() == L',' || line.back() == L';'))
         line.pop_back();
     return line.empty() || line.back() != L'<';
 }

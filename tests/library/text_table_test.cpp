@@ -119,7 +119,7 @@ TEST(LibraryRow, Separator) {
         {"sep=;\n", ';'},
         {"a\nb\nsep=|x\nsep=;\n", ';'}, // "|" is no separator
         {"a sep=2mm\nsep=;\n", ';'},
-        {"1234;sep=", ';'}, // position 4 of the line, wherever the mark stands
+        {"1234;sep=", ';'},          // position 4 of the line, wherever the mark stands
         {"1234,sep=\rsep=;\r", ';'}, // a line that begins so goes before
         {"", std::nullopt},
         {"x\nsep=", std::nullopt},
