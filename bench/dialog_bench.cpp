@@ -85,7 +85,7 @@ void changeTypes(benchmark::State& state) {
         rows[i] = i * 10;
     CComponentGrid& grid = window.dialog.grid();
     for (auto _ : state) {
-        grid.show(window.session->fill({0, typeColumn}, rows, L"BIP_Switching"));
+        grid.show(window.session->fill({{{0, typeColumn}, L"BIP_Switching"}}, rows, 1));
         window.repaint();
         state.PauseTiming();
         if (grid.text(11, static_cast<int>(typeColumn)) != QLatin1String("BIP_Switching"))

@@ -46,7 +46,7 @@ void changeTypes(benchmark::State& state) {
         rows[i] = i * 10;
     const auto session = bench.open(bench.records);
     for (auto _ : state) {
-        auto outcome = session->fill({0, typeColumn}, rows, L"BIP_Switching");
+        auto outcome = session->fill({{{0, typeColumn}, L"BIP_Switching"}}, rows, 1);
         state.PauseTiming();
         if (outcome.changedRows.size() != rows.size() || session->table().isComplete(0))
             std::abort();

@@ -56,6 +56,8 @@ void addLoadFindings(const CPartwrightPlugInApp& app, std::vector<LibraryFinding
 
 int runCheck(const PlaceOptions& place, const CheckOptions& options, Streams streams) {
     Project project(place, streams);
+    if (!project.isThere())
+        return Usage;
     MainSession& session = project.session;
     // Parts that the libraries lack are unfilled ones in the window, so they are here.
     for (int index = 0; index < MainSession::pageCount; ++index) {
@@ -79,6 +81,7 @@ int runCheck(const PlaceOptions& place, const CheckOptions& options, Streams str
             printText(streams.out, finding);
     if (!place.json)
         streams.out << findings.size() << (findings.size() == 1 ? " finding" : " findings") << '\n';
+    project.tellLookedAt();
     if (project.prompt.unreadable())
         return Usage;
     return findings.empty() ? Fine : Findings;

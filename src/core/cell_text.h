@@ -15,6 +15,9 @@ inline constexpr std::wstring_view shownNoValue = L"-";
 inline constexpr std::wstring_view notApplicable = L"N/A";
 inline constexpr std::wstring_view storedNotApplicable = L"-2";
 
+/// A library file has this where a value has a hyphen, so no text of ours may hold it.
+inline constexpr wchar_t fileHyphen = L'\\';
+
 /// Longest text that a cell keeps; a library row with a longer one could not be read back.
 inline constexpr std::size_t maximumLength = 255;
 

@@ -24,6 +24,61 @@ std::wstring completenessStatus(std::int32_t uncompleted, std::int32_t total) {
                  uncompleted > 1 ? L"s" : L"", L" of ", std::to_wstring(total), L" total"});
 }
 
+namespace {
+
+std::wstring counted(std::size_t count, std::wstring_view one, std::wstring_view many) {
+    return join({std::to_wstring(count), L" ", count == 1 ? one : many});
+}
+
+} // namespace
+
+std::wstring fillDone(std::wstring_view command, std::size_t parts, std::size_t filled,
+                      std::size_t replaced, std::size_t emptied) {
+    if (parts == 0)
+        return join({command, L": no value was changed."});
+    return join({command, L": ", counted(parts, L"part", L"parts"), L", ",
+                 counted(filled, L"value", L"values"), L" filled, ", std::to_wstring(replaced),
+                 L" replaced, ", std::to_wstring(emptied), L" emptied."});
+}
+
+std::wstring fillTakenBack(std::wstring_view command, std::size_t restored, std::size_t kept) {
+    std::wstring text = join(
+        {command, L" taken back: ", counted(restored, L"part is", L"parts are"), L" as before."});
+    if (kept != 0)
+        text += join(
+            {L" ", counted(kept, L"part was", L"parts were"), L" changed since and left alone."});
+    return text;
+}
+
+std::wstring fillNeedsTables(const std::vector<std::wstring>& paths) {
+    std::wstring text = L"Nothing was filled: without these tables values would be missing or come "
+                        L"from the wrong rules.";
+    for (const std::wstring& path : paths)
+        text += join({L"\n", path});
+    return text;
+}
+
+std::wstring noPartList(std::wstring_view path) {
+    return join({L"There is no part list: ", path});
+}
+
+std::wstring noPartListHeader(std::wstring_view path) {
+    return join(
+        {L"No line \"#REFDES,P/N,MFG,DESCR,CPN,SELECT\" was found in the part list: ", path});
+}
+
+std::wstring lookedAt(const std::vector<LookedAt>& files) {
+    std::wstring text = L"Looked at ";
+    for (std::size_t i = 0; i < files.size(); ++i)
+        text += join({i == 0 ? L"" : L", ", counted(files[i].records, L"record", L"records"),
+                      L" of ", files[i].path});
+    return text;
+}
+
+std::wstring noFolder(std::wstring_view option, std::wstring_view path) {
+    return join({L"The folder of ", option, L" is not there: ", path});
+}
+
 std::wstring failedToOpen(std::wstring_view path) {
     return join({failedToOpenStart, path, L"."});
 }
@@ -208,12 +263,35 @@ std::wstring cellBeginsWithRowEnd(std::wstring_view header) {
     return join({header, L" can't begin with \"<\""});
 }
 
+std::wstring backslashBecomesHyphen(std::wstring_view header) {
+    return join({header, L" can't hold \"\\\", which is kept as \"-\""});
+}
+
+std::wstring ruleWithDash(std::wstring_view rule) {
+    return join({rule, L" \"-\" is allowed."});
+}
+
+std::wstring cellAndComplaint(std::wstring_view part, std::wstring_view header,
+                              std::wstring_view complaint) {
+    return join({part, L", ", header, L": ", trim(complaint)});
+}
+
+std::wstring pastedBreakRules(std::size_t broken, std::size_t pasted, std::wstring_view first) {
+    return join({std::to_wstring(broken), L" of ", std::to_wstring(pasted), L" pasted values ",
+                 broken == 1 ? L"breaks its rule; first: " : L"break their rule; first: ", first});
+}
+
 std::wstring powerShouldBeBelow(std::wstring_view limit) {
     return join({L"For the selected type power should be < ", limit});
 }
 
 std::wstring powerShouldBeAtLeast(std::wstring_view limit) {
     return join({L"For the selected type power should be >= ", limit});
+}
+
+std::wstring dropChanges(std::size_t components) {
+    return join({L"Drop the changes to ", std::to_wstring(components),
+                 components == 1 ? L" component?" : L" components?"});
 }
 
 std::wstring selectedForDeletion(std::size_t rows) {
@@ -261,6 +339,10 @@ std::wstring datasheetFolderMissing(std::wstring_view folder) {
 
 std::wstring fileMissing(std::wstring_view path) {
     return join({L"File \"", path, L"\" does not exist."});
+}
+
+std::wstring linkLeavesFolder(std::wstring_view link) {
+    return join({L"The link \"", link, L"\" leads out of the folder of data sheets."});
 }
 
 std::wstring noProgramToOpen(std::wstring_view path) {

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace partwright::message {
 
@@ -30,6 +31,28 @@ inline constexpr std::wstring_view confirmAutoFill =
 
 /// How many of the counted components are uncompleted.
 [[nodiscard]] std::wstring completenessStatus(std::int32_t uncompleted, std::int32_t total);
+
+/// What an auto-fill command did: parts that changed, and texts that were filled, replaced and
+/// emptied.
+[[nodiscard]] std::wstring fillDone(std::wstring_view command, std::size_t parts,
+                                    std::size_t filled, std::size_t replaced, std::size_t emptied);
+/// An auto-fill command was taken back; `kept` parts were changed since and stay as they are.
+[[nodiscard]] std::wstring fillTakenBack(std::wstring_view command, std::size_t restored,
+                                         std::size_t kept);
+/// Auto-fill would work without a table that it rests on.
+[[nodiscard]] std::wstring fillNeedsTables(const std::vector<std::wstring>& paths);
+/// The part list that a start looked for is not there.
+[[nodiscard]] std::wstring noPartList(std::wstring_view path);
+/// The part list has no header line, so no part was read from it.
+[[nodiscard]] std::wstring noPartListHeader(std::wstring_view path);
+/// A library file and how many records a command looked at.
+struct LookedAt {
+    std::wstring_view path;
+    std::size_t records = 0;
+};
+[[nodiscard]] std::wstring lookedAt(const std::vector<LookedAt>& files);
+/// A folder that a command line named is not there.
+[[nodiscard]] std::wstring noFolder(std::wstring_view option, std::wstring_view path);
 
 /// A file is there and cannot be opened for reading.
 [[nodiscard]] std::wstring failedToOpen(std::wstring_view path);
@@ -104,6 +127,15 @@ inline constexpr std::wstring_view longDescription = L"Description can't exceed 
 [[nodiscard]] std::wstring longCell(std::wstring_view header);
 /// The mark that would end a library row.
 [[nodiscard]] std::wstring cellBeginsWithRowEnd(std::wstring_view header);
+/// The mark that a library file has in place of hyphens.
+[[nodiscard]] std::wstring backslashBecomesHyphen(std::wstring_view header);
+/// A rule in its own words, where it takes a lone "-" as well.
+[[nodiscard]] std::wstring ruleWithDash(std::wstring_view rule);
+[[nodiscard]] std::wstring cellAndComplaint(std::wstring_view part, std::wstring_view header,
+                                            std::wstring_view complaint);
+/// `first` is what cellAndComplaint() says of the first of them.
+[[nodiscard]] std::wstring pastedBreakRules(std::size_t broken, std::size_t pasted,
+                                            std::wstring_view first);
 [[nodiscard]] std::wstring powerShouldBeBelow(std::wstring_view limit);
 [[nodiscard]] std::wstring powerShouldBeAtLeast(std::wstring_view limit);
 
@@ -124,6 +156,7 @@ inline constexpr std::wstring_view notApplicableHint = L"  (Not applicable for s
 inline constexpr std::wstring_view typeChangeHint =
     L"  <Type Changing results in clearing all data>";
 inline constexpr std::wstring_view chooseTypeFirst = L"You must choose Type first time";
+inline constexpr std::wstring_view noCellBreaksItsRule = L"No cell breaks its rule.";
 
 // --- Change Component dialogs: rows --------------------------------------------------------------
 
@@ -138,6 +171,8 @@ inline constexpr std::wstring_view emptyPartNumberCell = L"Part Number cell is e
 inline constexpr std::wstring_view selectRowInTable =
     L"You should select a row in the Component Table.";
 
+/// Asked when Escape would close a table.
+[[nodiscard]] std::wstring dropChanges(std::size_t components);
 [[nodiscard]] std::wstring selectedForDeletion(std::size_t rows);
 [[nodiscard]] std::wstring partlyDeletable(std::size_t blocked, std::size_t deletable);
 [[nodiscard]] std::wstring allBlocked(std::size_t rows);
@@ -168,6 +203,8 @@ inline constexpr std::wstring_view datasheetFolderNotDefined =
 
 [[nodiscard]] std::wstring datasheetFolderMissing(std::wstring_view folder);
 [[nodiscard]] std::wstring fileMissing(std::wstring_view path);
+/// The link leads to a file outside of the folder.
+[[nodiscard]] std::wstring linkLeavesFolder(std::wstring_view link);
 /// The file is there, but the desktop has no program for it.
 [[nodiscard]] std::wstring noProgramToOpen(std::wstring_view path);
 

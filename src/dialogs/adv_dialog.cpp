@@ -3,6 +3,7 @@
 #include "core/cell_text.h"
 #include "dialogs/look.h"
 #include "dialogs/qt_text.h"
+#include "editing/clean_text.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -69,6 +70,8 @@ CAdvDlg::CAdvDlg(GroupChoiceSession& session, Prompt& prompt, const QString& par
     column->addLayout(buttons);
 
     showFamilies();
+    families_->setEnabled(session_.asksGroup());
+    groups_->setEnabled(session_.asksGroup());
     connect(families_, &QListWidget::currentRowChanged, this, [this](int row) {
         session_.chooseFamily(static_cast<std::size_t>(row));
         showGroups();
@@ -100,6 +103,23 @@ void CAdvDlg::addPartNumber(QVBoxLayout* column, const QString& partNumber) {
     row->addWidget(label);
     row->addWidget(partNumber_, 1);
     column->addLayout(row);
+    partNumberLine_ = new QLabel(this);
+    partNumberLine_->setObjectName(QStringLiteral("partNumberLine"));
+    look::paintAlarm(*partNumberLine_);
+    partNumberLine_->hide();
+    column->addWidget(partNumberLine_);
+    connect(partNumber_, &QLineEdit::textEdited, this, &CAdvDlg::cleanPartNumber);
+}
+
+void CAdvDlg::cleanPartNumber() {
+    const CleanText clean = partwright::cleanPartNumber(engineText(partNumber_->text()));
+    partNumberLine_->setText(qtText(clean.complaint.value_or(std::wstring())));
+    partNumberLine_->setVisible(clean.complaint.has_value());
+    if (!clean.complaint)
+        return;
+    const int cursor = partNumber_->cursorPosition();
+    partNumber_->setText(qtText(clean.text));
+    partNumber_->setCursorPosition(cursor);
 }
 
 QVBoxLayout* CAdvDlg::makeList(const QString& caption, QListWidget* list) {
@@ -125,13 +145,13 @@ void CAdvDlg::showGroups() {
     groups_->clear();
     for (const FamilyGroup& group : session_.groups())
         groups_->addItem(qtText(group.name));
-    ok_->setEnabled(groups_->count() > 0);
+    ok_->setEnabled(groups_->count() > 0 || !session_.asksGroup());
     if (groups_->count() > 0)
         groups_->setCurrentRow(static_cast<int>(session_.group()));
 }
 
 void CAdvDlg::accept() {
-    if (session_.accept(partNumber_->text().toStdWString(), prompt_)) {
+    if (session_.accept(engineText(partNumber_->text()), prompt_)) {
         QDialog::accept();
         return;
     }

@@ -12,6 +12,7 @@
 
 #include <QDialog>
 
+class QLabel;
 class QLineEdit;
 class QListWidget;
 class QPushButton;
@@ -33,6 +34,8 @@ public Q_SLOTS:
 
 private:
     void addPartNumber(QVBoxLayout* column, const QString& partNumber);
+    /// What cannot be in a part number is replaced while it is typed, and said.
+    void cleanPartNumber();
     QVBoxLayout* makeList(const QString& caption, QListWidget* list);
     void showFamilies();
     void showGroups();
@@ -40,6 +43,7 @@ private:
     GroupChoiceSession& session_;
     Prompt& prompt_;
     QLineEdit* partNumber_ = nullptr;
+    QLabel* partNumberLine_ = nullptr;
     QListWidget* families_ = nullptr;
     QListWidget* groups_ = nullptr;
     QPushButton* ok_ = nullptr;

@@ -275,7 +275,7 @@ void CComChange1::calculate() {
         calculator, session_.table().text(*row, partNumberColumn),
         [this, row] { return PowerCalculator::cellsOf(session_, *row); }, this);
     if (dialog.exec() == QDialog::Accepted)
-        grid_->show(session_.storeResults(*row, calculator.results()));
+        grid_->showChange(session_.storeResults(*row, calculator.results()));
 }
 
 } // namespace partwright

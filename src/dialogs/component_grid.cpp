@@ -285,8 +285,15 @@ bool CComponentGrid::validateCell(int row, int col, const QString& text) {
     return outcome.accepted;
 }
 
+void CComponentGrid::showChange(const TableOutcome& outcome) {
+    show(outcome);
+    const auto current = currentSessionCell();
+    if (current && !outcome.line && !isEditing())
+        show(session_.lookAgain(*current));
+}
+
 void CComponentGrid::cellCommitted(int, int, const QString&) {
-    show(session_.RefreshAllRowFlags());
+    showChange(session_.RefreshAllRowFlags());
 }
 
 void CComponentGrid::cellTextModified(int row, int col) {
@@ -314,7 +321,8 @@ void CComponentGrid::fillFinished(CellPos source, const CellRange& range) {
         if (!isRowHidden(row))
             rows.push_back(sessionCell(row, 1).row);
     const WaitCursor wait;
-    show(session_.fill(std::exchange(filled_, {}), std::move(rows)));
+    showChange(session_.fill(std::exchange(filled_, {}), std::move(rows),
+                             static_cast<std::size_t>(source.row)));
     clearSelection();
     scrollTo(source.row, source.col);
 }
@@ -334,7 +342,7 @@ void CComponentGrid::pasteCell(int row, int col, const QString& text) {
 
 void CComponentGrid::pasteFinished(const CellRange&) {
     const WaitCursor wait;
-    show(session_.paste(std::exchange(pasted_, {})));
+    showChange(session_.paste(std::exchange(pasted_, {})));
 }
 
 bool CComponentGrid::doubleClick(int row, int col) {
@@ -357,7 +365,7 @@ bool CComponentGrid::keyPressed(QKeyEvent* event) {
             return true;
         const auto current = currentSessionCell();
         if (current && current->column == session_.setup().datasheetColumn)
-            show(session_.clearLink(current->row));
+            showChange(session_.clearLink(current->row));
         else
             deleteSelectedRows();
         return true;
@@ -398,8 +406,8 @@ void CComponentGrid::showMove(const TableOutcome& outcome) {
     if (!rows.empty() &&
         (!current || std::find(rows.begin(), rows.end(), current->row) == rows.end()))
         setCurrentCell(gridRow(rows.front()), current ? gridColumn(current->column) : 1);
-    else if (current && outcome.removedRows.empty() && outcome.insertedRows.empty())
-        currentCellMoved(currentCell()->row, currentCell()->col);
+    else if (current)
+        show(session_.lookAgain(*currentSessionCell()));
 }
 
 void CComponentGrid::rowsSorted(int) {

@@ -28,6 +28,9 @@ public:
 
     /// Shows what a verb gave; its boxes come last.
     void show(const TableOutcome& outcome);
+    /// The same for a verb that changed cells: unless it has a line of its own, the line speaks
+    /// about what the current cell holds now.
+    void showChange(const TableOutcome& outcome);
     using QWidget::show;
 
     /// The session's cell under the grid's current one; none in an empty table.

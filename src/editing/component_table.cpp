@@ -1,26 +1,38 @@
 #include "editing/component_table.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace partwright {
 
 namespace {
 
-/// Each step keeps whole rows; so many changes can be taken back.
 constexpr std::size_t maximumSteps = 200;
+constexpr std::size_t maximumKeptBytes = std::size_t{160} << 20;
 
 } // namespace
 
 void ComponentTable::load(TableRow row) {
     rows_.push_back(std::move(row));
     const std::size_t last = rows_.size() - 1;
+    unjudged_.push_back(last);
     if ((text(last, fullColumn) == fullMark) != isComplete(last))
         mark(last);
 }
 
 void ComponentTable::write(std::size_t row, std::size_t column, std::wstring_view text) {
-    rows_[row].cells[column] = text;
+    std::wstring& cell = rows_[row].cells[column];
     mark(row);
+    if (cell == text)
+        return;
+    // The flag follows from the other cells, and a row that came with the step goes with it.
+    const bool isOwn = open_ && !open_->in.empty() && open_->in.back() == row;
+    if (open_ && !isOwn && column != fullColumn)
+        open_->cells.keep({row, column}, cell);
+    cell = text;
+    if (column != fullColumn)
+        unjudge(row);
 }
 
 void ComponentTable::mark(std::size_t row) {
@@ -54,21 +66,44 @@ std::vector<std::size_t> ComponentTable::refreshFlags() {
     return changed;
 }
 
+void ComponentTable::judge(std::size_t row, ColumnSet broken) {
+    brokenCells_ += broken.count();
+    if (rows_[row].broken)
+        brokenCells_ -= rows_[row].broken->count();
+    rows_[row].broken = broken;
+}
+
+void ComponentTable::unjudge(std::size_t row) {
+    if (!rows_[row].broken)
+        return; // it waits already
+    brokenCells_ -= rows_[row].broken->count();
+    rows_[row].broken.reset();
+    unjudged_.push_back(row);
+}
+
+std::optional<std::size_t> ComponentTable::takeUnjudged() {
+    while (!unjudged_.empty()) {
+        const std::size_t row = unjudged_.back();
+        unjudged_.pop_back();
+        if (!rows_[row].broken)
+            return row;
+    }
+    return std::nullopt;
+}
+
 void ComponentTable::beginStep() {
     open_.emplace();
 }
 
-void ComponentTable::keep(std::size_t row) {
-    if (open_->changed.empty() || open_->changed.back().first != row)
-        open_->changed.emplace_back(row, rows_[row]);
-}
-
 std::size_t ComponentTable::append(TableRow row) {
     rows_.push_back(std::move(row));
-    rows_.back().isMarked = false;
-    mark(rows_.size() - 1);
-    open_->in.push_back(rows_.size() - 1);
-    return rows_.size() - 1;
+    const std::size_t last = rows_.size() - 1;
+    rows_[last].isMarked = false;
+    rows_[last].broken.reset();
+    mark(last);
+    unjudged_.push_back(last);
+    open_->in.push_back(last);
+    return last;
 }
 
 void ComponentTable::remove(const std::vector<std::size_t>& rows) {
@@ -77,19 +112,30 @@ void ComponentTable::remove(const std::vector<std::size_t>& rows) {
 }
 
 void ComponentTable::depart(DepartedPart part) {
-    if (!open_->departed)
-        open_->departed = departed_;
     departed_.push_back(std::move(part));
+    ++open_->departed;
 }
 
 void ComponentTable::endStep() {
     if (!open_->isEmpty()) {
+        open_->cells.close();
+        keptBytes_ += open_->cells.bytes();
         undo_.push_back(std::move(*open_));
-        redo_.clear();
-        if (undo_.size() > maximumSteps)
-            undo_.erase(undo_.begin());
+        while (!redo_.empty())
+            drop(redo_);
+        trim();
     }
     open_.reset();
+}
+
+void ComponentTable::drop(std::vector<Step>& steps) {
+    keptBytes_ -= steps.front().cells.bytes();
+    steps.erase(steps.begin());
+}
+
+void ComponentTable::trim() {
+    while (undo_.size() > maximumSteps || (undo_.size() > 1 && keptBytes_ > maximumKeptBytes))
+        drop(undo_);
 }
 
 void ComponentTable::cancelStep() {
@@ -98,28 +144,26 @@ void ComponentTable::cancelStep() {
 }
 
 ComponentTable::Change ComponentTable::undo() {
-    Step step = std::move(undo_.back());
-    undo_.pop_back();
-    Change change = exchange(step);
-    redo_.push_back(std::move(step));
-    return change;
+    return move(undo_, redo_);
 }
 
 ComponentTable::Change ComponentTable::redo() {
-    Step step = std::move(redo_.back());
-    redo_.pop_back();
+    return move(redo_, undo_);
+}
+
+ComponentTable::Change ComponentTable::move(std::vector<Step>& from, std::vector<Step>& to) {
+    Step step = std::move(from.back());
+    from.pop_back();
+    keptBytes_ -= step.cells.bytes();
     Change change = exchange(step);
-    undo_.push_back(std::move(step));
+    keptBytes_ += step.cells.bytes();
+    to.push_back(std::move(step));
     return change;
 }
 
 ComponentTable::Change ComponentTable::exchange(Step& step) {
     Change change;
-    for (auto& [at, kept] : step.changed) {
-        std::swap(rows_[at], kept);
-        rows_[at].isMarked = true;
-        change.changed.push_back(at);
-    }
+    change.changed = exchangeCells(step.cells);
     change.removed = std::move(step.in);
     for (auto& [at, row] : step.out) {
         row.isMarked = true;
@@ -129,10 +173,42 @@ ComponentTable::Change ComponentTable::exchange(Step& step) {
     putIn(std::move(step.out));
     step.out = std::move(taken);
     step.in = change.inserted;
-    if (step.departed)
-        std::swap(*step.departed, departed_);
+    exchangeDeparted(step);
     regatherMarks();
     return change;
+}
+
+/// What is kept now is in the other order, so the next exchange goes the right way by itself.
+std::vector<std::size_t> ComponentTable::exchangeCells(KeptCells& cells) {
+    std::vector<std::size_t> changed;
+    KeptCells now;
+    for (std::size_t place = cells.size(); place-- > 0;) {
+        const CellAt at = cells.at(place);
+        std::wstring& cell = rows_[at.row].cells[at.column];
+        now.keep(at, cell);
+        cell = cells.text(place);
+        rows_[at.row].isMarked = true;
+        unjudge(at.row);
+        if (changed.empty() || changed.back() != at.row)
+            changed.push_back(at.row);
+    }
+    now.close();
+    cells = std::move(now);
+    std::sort(changed.begin(), changed.end());
+    changed.erase(std::unique(changed.begin(), changed.end()), changed.end());
+    return changed;
+}
+
+void ComponentTable::exchangeDeparted(Step& step) {
+    if (!step.back.empty()) {
+        for (DepartedPart& part : step.back)
+            departed_.push_back(std::move(part));
+        step.back.clear();
+    } else if (step.departed != 0) {
+        const auto first = departed_.end() - static_cast<std::ptrdiff_t>(step.departed);
+        step.back.assign(std::make_move_iterator(first), std::make_move_iterator(departed_.end()));
+        departed_.erase(first, departed_.end());
+    }
 }
 
 ComponentTable::IndexedRows ComponentTable::takeOut(const std::vector<std::size_t>& rows) {
@@ -143,6 +219,7 @@ ComponentTable::IndexedRows ComponentTable::takeOut(const std::vector<std::size_
     std::size_t next = 0;
     for (std::size_t from = to; from < rows_.size(); ++from) {
         if (next < rows.size() && rows[next] == from) {
+            unjudge(from);
             taken.emplace_back(from, std::move(rows_[from]));
             ++next;
         } else {
@@ -171,9 +248,13 @@ void ComponentTable::putIn(IndexedRows&& rows) {
 
 void ComponentTable::regatherMarks() {
     marked_.clear();
-    for (std::size_t row = 0; row < rows_.size(); ++row)
+    unjudged_.clear();
+    for (std::size_t row = 0; row < rows_.size(); ++row) {
         if (rows_[row].isMarked)
             marked_.push_back(row);
+        if (!rows_[row].broken)
+            unjudged_.push_back(row);
+    }
 }
 
 } // namespace partwright

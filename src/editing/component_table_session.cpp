@@ -45,6 +45,31 @@ bool ComponentTableSession<Record>::isOpened(std::wstring_view part) const {
 }
 
 template <class Record>
+std::size_t ComponentTableSession<Record>::changedComponents() const {
+    std::size_t changed = table_.departed().size();
+    std::size_t still = 0; // records that have not been deleted
+    for (const DepartedPart& part : table_.departed())
+        still += part.row.isNew ? 0 : 1;
+    auto next = records_.begin();
+    for (std::size_t at = 0; at < table_.rowCount(); ++at) {
+        const TableRow& row = table_.row(at);
+        if (row.isNew) {
+            ++changed;
+            continue;
+        }
+        ++still;
+        const bool isNext = next != records_.end() && next->first == row.part();
+        const auto record = isNext ? next : records_.find(row.part());
+        next = std::next(record);
+        TableRow before =
+            rowOfRecord(setup(), record->first, record->second, app_.libraries.datasheetLinks);
+        before.cells[fullColumn] = row.cells[fullColumn]; // follows from the others
+        changed += before.cells == row.cells ? 0 : 1;
+    }
+    return changed + records_.size() - still;
+}
+
+template <class Record>
 FamilyGroups ComponentTableSession<Record>::familyGroups() const {
     return partwright::familyGroups(app_.of<Record>());
 }

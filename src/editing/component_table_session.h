@@ -40,6 +40,7 @@ public:
 
 protected:
     [[nodiscard]] bool isOpened(std::wstring_view part) const override;
+    [[nodiscard]] std::size_t changedComponents() const override;
 
 private:
     void StoreRowsToRecords();

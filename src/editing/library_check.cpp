@@ -13,7 +13,6 @@ namespace partwright {
 
 namespace {
 
-constexpr auto notFound = std::wstring_view::npos;
 constexpr std::wstring_view valueRule = L"single value";
 constexpr std::wstring_view completenessRule = L"completeness";
 constexpr std::wstring_view loadRule = L"load";
@@ -106,14 +105,12 @@ std::vector<LibraryFinding> checkLibrary(const CPartwrightPlugInApp& app,
                                          const ValidationTables& rules, AnalysisLevel level) {
     using Entry = typename Kind<Record>::Library::value_type;
     std::map<std::int32_t, std::vector<const Entry*>> groups;
-    for (const Entry& entry : library)
-        groups[entry.second.group].push_back(&entry);
+    for (const Entry& entry : library) {
+        const std::int32_t group = entry.second.group;
+        groups[app.of<Record>().isInUse(group) ? group : 0].push_back(&entry);
+    }
     std::vector<LibraryFinding> findings;
     for (const auto& [group, entries] : groups) {
-        // Below 0 a record was given up; codes that are not in use are shown nowhere.
-        if (group < 0 ||
-            app.of<Record>().GroupAndTypeNames(group, 0).first.find(notApplicableGroup) != notFound)
-            continue;
         GroupCheck check(Kind<Record>::name, makeTableSetup<Record>(app, group, level), rules,
                          findings);
         check.table().reserve(entries.size());
@@ -141,8 +138,8 @@ std::vector<LibraryFinding> loadFindings(std::wstring_view library, std::wstring
         LibraryFinding& finding = findings.emplace_back();
         finding.library = library;
         finding.part = part;
-        finding.rule = loadRule;
-        finding.text = std::wstring(path).append(L": ").append(text);
+        finding.finding = refusal(std::wstring(path).append(L": ").append(text));
+        finding.finding.rule = loadRule;
     };
     if (report.fault != LibraryFault::None)
         add({}, report.faultText);

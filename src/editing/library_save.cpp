@@ -19,7 +19,7 @@ SaveResult write(const CPartwrightPlugInApp& app, std::span<const AsrComponent* 
 } // namespace
 
 template <class Record>
-SaveOutcome saveLibraryFile(const CPartwrightPlugInApp& app,
+SaveOutcome saveLibraryFile(CPartwrightPlugInApp& app,
                             const typename Kind<Record>::Library& library, std::wstring_view path,
                             bool announce, Prompt& prompt) {
     const RecordList<Record> records = recordsByGroup<Record>(library);
@@ -55,9 +55,9 @@ SaveOutcome saveLibraryFile(const CPartwrightPlugInApp& app,
     return SaveOutcome::Saved;
 }
 
-template SaveOutcome saveLibraryFile<SdtaComponent>(const CPartwrightPlugInApp&, const SdtaLibrary&,
+template SaveOutcome saveLibraryFile<SdtaComponent>(CPartwrightPlugInApp&, const SdtaLibrary&,
                                                     std::wstring_view, bool, Prompt&);
-template SaveOutcome saveLibraryFile<AsrComponent>(const CPartwrightPlugInApp&, const AsrLibrary&,
+template SaveOutcome saveLibraryFile<AsrComponent>(CPartwrightPlugInApp&, const AsrLibrary&,
                                                    std::wstring_view, bool, Prompt&);
 
 } // namespace partwright

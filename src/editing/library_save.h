@@ -23,15 +23,14 @@ enum class SaveOutcome {
 
 /// Sorts the records by group and writes them. With `announce` a success is told.
 template <class Record>
-SaveOutcome saveLibraryFile(const CPartwrightPlugInApp& app,
+SaveOutcome saveLibraryFile(CPartwrightPlugInApp& app,
                             const typename Kind<Record>::Library& records, std::wstring_view path,
                             bool announce, Prompt& prompt);
 
-extern template SaveOutcome saveLibraryFile<SdtaComponent>(const CPartwrightPlugInApp&,
+extern template SaveOutcome saveLibraryFile<SdtaComponent>(CPartwrightPlugInApp&,
                                                            const SdtaLibrary&, std::wstring_view,
                                                            bool, Prompt&);
-extern template SaveOutcome saveLibraryFile<AsrComponent>(const CPartwrightPlugInApp&,
-                                                          const AsrLibrary&, std::wstring_view,
-                                                          bool, Prompt&);
+extern template SaveOutcome saveLibraryFile<AsrComponent>(CPartwrightPlugInApp&, const AsrLibrary&,
+                                                          std::wstring_view, bool, Prompt&);
 
 } // namespace partwright

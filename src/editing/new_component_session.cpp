@@ -3,6 +3,7 @@
 #include "core/messages.h"
 #include "core/text.h"
 #include "core/vocabulary.h"
+#include "editing/clean_text.h"
 #include "editing/row_deletion.h"
 #include "library/part_key.h"
 
@@ -160,10 +161,10 @@ void GroupChoiceSession::chooseFamily(std::size_t place) {
 }
 
 bool GroupChoiceSession::accept(std::wstring_view partNumber, Prompt& prompt) {
-    if (group_ >= groups().size())
+    if (asksGroup() && group_ >= groups().size())
         return false;
     if (asksPartNumber()) {
-        const std::wstring part = asReadBack(onOneLine(partNumber));
+        const std::wstring part = asReadBack(cleanPartNumber(partNumber).text);
         if (part.empty() || isTaken_(part)) {
             prompt.tell(part.empty() ? message::enterPartNumber : message::duplicatePartNumber,
                         PromptIcon::None);
@@ -171,6 +172,8 @@ bool GroupChoiceSession::accept(std::wstring_view partNumber, Prompt& prompt) {
         }
         result_.partNumber = part;
     }
+    if (!asksGroup())
+        return true;
     const FamilyGroup& group = groups()[group_];
     result_.family = familyNumberOf(families_[family_].key);
     result_.group = group.code;
@@ -264,7 +267,7 @@ NewComponentSession<Record>::NewComponentSession(const CPartwrightPlugInApp& app
         row.manufacturer = record.Manufacturer;
         row.notes = record.Notes;
         row.used = designatorsOf(key);
-        if (record.group > 0)
+        if (app_.of<Record>().isInUse(record.group))
             row.family = Kind<Record>::family(record.group);
         else if (record.family > 0 &&
                  static_cast<std::size_t>(record.family) < familyNames().size())

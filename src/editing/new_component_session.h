@@ -49,6 +49,8 @@ public:
 
     [[nodiscard]] std::wstring_view title() const;
     [[nodiscard]] bool asksPartNumber() const { return mode_ != GroupChoiceMode::ChangeGroup; }
+    /// A copy goes where its original is; family and group are shown all the same.
+    [[nodiscard]] bool asksGroup() const { return mode_ != GroupChoiceMode::Copy; }
     [[nodiscard]] const std::vector<Family>& families() const { return families_; }
     [[nodiscard]] std::size_t family() const { return family_; }
     /// Of the chosen family.

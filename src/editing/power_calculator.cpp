@@ -93,7 +93,9 @@ const std::wstring& PowerCalculator::setField(CalculatorField field, std::wstrin
     std::wstring& text = fields_[static_cast<std::size_t>(field)];
     text.clear();
     bool hasMark = false;
-    for (const wchar_t c : typed) {
+    for (const wchar_t typedChar : typed) {
+        // The key pad and data sheets have a point whatever the locale's mark is.
+        const wchar_t c = typedChar == L'.' ? mark_ : typedChar;
         if (c == mark_ ? !std::exchange(hasMark, true) : isDigit(c))
             text += c;
     }

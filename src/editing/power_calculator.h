@@ -59,7 +59,8 @@ public:
     void setPlace(ReferencePlace place) { place_ = place; }
 
     [[nodiscard]] const std::wstring& field(CalculatorField field) const;
-    /// Digits and one decimal mark are kept of what was typed; what stays is the field's text.
+    /// Digits and one decimal mark are kept of what was typed, a point being the mark in every
+    /// locale; what stays is the field's text.
     const std::wstring& setField(CalculatorField field, std::wstring_view typed);
     [[nodiscard]] const std::wstring& status() const { return status_; }
 

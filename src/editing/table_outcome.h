@@ -29,8 +29,6 @@ struct Box {
 struct TableOutcome {
     /// False: the edit was refused and its editor stays open with its text; OK did not end.
     bool accepted = true;
-    /// The editor's text took effect at once; the cell holds it already.
-    bool isCommitted = false;
     /// What the editor must show in place of its text.
     std::optional<std::wstring> editorText;
     /// New text of the description line.

@@ -6,12 +6,11 @@
 // drops the work.
 //
 //   TableOutcome outcome = session.modify({row, typeColumn}, L"SCR");   // while the list is open
-//   outcome = session.commit({row, typeColumn}, L"SCR");                // Enter, Tab, a click away
+//   outcome = session.commit({row, typeColumn}, L"SCR", 1);             // Enter, Tab, a click away
 //   ...show the outcome..., then session.present(outcome);              // its boxes
 //
-// An editor calls modify() at every change of its text, then commit(), which may refuse, or
-// cancelEdit() when its text is dropped. A change of Type takes effect while the list is open: it
-// clears the parameters of its row and runs once; dropping the editor brings the row back.
+// An open editor is a CellEdit, the judge of its text a CellJudge; cells that break their rule are
+// found by CellMarks.
 //
 // Rows are counted from 0 in the order of the records, whatever the order on the screen is; verbs
 // that go through the table on the screen take that order, an empty one being the order of the
@@ -19,16 +18,17 @@
 
 #include "core/ports/prompt.h"
 #include "core/records.h"
+#include "editing/cell_edit.h"
+#include "editing/cell_judge.h"
+#include "editing/cell_marks.h"
 #include "editing/component_table.h"
-#include "editing/table_checks.h"
 #include "editing/table_outcome.h"
+#include "editing/table_search.h"
 #include "library/datasheet_links.h"
-#include "validation/cell_check.h"
 #include "validation/validation_tables.h"
 
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -38,9 +38,6 @@
 namespace partwright {
 
 using RowOrder = std::span<const std::size_t>;
-
-/// Longest catalogue number that the dialogs take.
-inline constexpr std::size_t maximumCatalogNumber = 20;
 
 /// What a page lends to the dialogs that it opens. Nothing may be left out.
 struct TablePlace {
@@ -68,6 +65,9 @@ struct CellText {
     std::wstring text;
 };
 
+/// A paste takes texts as they are, or makes of them what typing would.
+enum class PasteAs { Text, Typed };
+
 class TableSession {
 public:
     TableSession(TableSetup setup, const ValidationTables& rules, TablePlace place, Prompt& prompt);
@@ -78,43 +78,50 @@ public:
     [[nodiscard]] const ComponentTable& table() const { return table_; }
     [[nodiscard]] const TableSetup& setup() const { return table_.setup(); }
     [[nodiscard]] std::wstring title() const;
-    /// The red line below the table.
-    [[nodiscard]] const std::wstring& descriptionLine() const { return line_; }
 
     // --- What a cell is
-    [[nodiscard]] bool isReadOnly(std::size_t column) const;
+    [[nodiscard]] bool isReadOnly(std::size_t column) const {
+        return this->column(column).isReadOnly();
+    }
     /// A parameter that does not apply to the row's type is disabled.
     [[nodiscard]] bool isEnabled(CellAt at) const;
     /// The list that the cell drops down; null when it has none.
     [[nodiscard]] const ChoiceList* choices(CellAt at) const;
+    /// What the parameter means and what its rule asks for; empty for other columns.
+    [[nodiscard]] std::wstring explanation(CellAt at) const;
+    [[nodiscard]] CellMarks& marks() { return marks_; }
 
     // --- Moving and looking
     /// The cell became current.
     TableOutcome selectCell(CellAt at);
+    /// Cells changed: the line speaks about what the current one holds now. No box is told twice.
+    TableOutcome lookAgain(CellAt at);
     /// Ctrl+F: the whole row of the current cell.
     TableOutcome selectWholeRow(std::optional<CellAt> current);
-    /// "column_mode_direction_text": the column counted from 0 at the part number; mode 0 whole
-    /// text, 1 part of it, 2 its beginning; direction other than 0 backward.
+    /// F8: the next cell that bears a mark.
+    TableOutcome nextMark(std::optional<CellAt> current, RowOrder order, bool isBackward);
+    /// A request as parseQuery() takes it; a box tells that nothing was found.
     TableOutcome search(std::wstring_view request, std::optional<CellAt> current, RowOrder order);
+    /// Nothing found leaves the answer empty, without a box.
+    std::optional<TableSearch::Hit> find(const TableQuery& query, std::optional<CellAt> current,
+                                         RowOrder order);
     /// Shows the boxes of an outcome.
     void present(const TableOutcome& outcome);
     /// The rows that an outcome selects are on the screen: the next cell has its own line again.
     void rowsShown() { holdsLine_ = false; }
 
-    // --- Editing a cell
-    TableOutcome modify(CellAt at, std::wstring_view text);
-    /// `shownRow` is the row's number on the screen, which messages name; 0 when it is that of the
-    /// records' order.
-    TableOutcome commit(CellAt at, std::wstring_view text, std::size_t shownRow = 0);
-    TableOutcome cancelEdit();
+    // --- Editing a cell; `shownRow` is the row's number on the screen, which messages name
+    TableOutcome modify(CellAt at, std::wstring_view text) { return edit_.modify(at, text); }
+    TableOutcome commit(CellAt at, std::wstring_view text, std::size_t shownRow) {
+        return edit_.commit(at, text, shownRow);
+    }
+    TableOutcome cancelEdit() { return edit_.cancel(); }
 
     // --- Many cells
     /// Drags cells of one row, with what their editors show, over rows of their columns.
-    TableOutcome fill(std::vector<CellText> sources, std::vector<std::size_t> rows);
-    TableOutcome fill(CellAt source, std::vector<std::size_t> rows, std::wstring_view text) {
-        return fill({{source, std::wstring(text)}}, std::move(rows));
-    }
-    TableOutcome paste(std::vector<CellText> cells);
+    TableOutcome fill(std::vector<CellText> sources, std::vector<std::size_t> rows,
+                      std::size_t shownRow);
+    TableOutcome paste(std::vector<CellText> cells, PasteAs as = PasteAs::Text);
     TableOutcome storeLink(std::size_t row, std::wstring_view file);
     TableOutcome clearLink(std::size_t row);
     /// Results of the power calculator by column; disabled cells stay.
@@ -138,6 +145,8 @@ public:
     /// Checks all rows; when nothing stops it, the rows are stored to the records and the links to
     /// the table of links.
     virtual TableOutcome ok(RowOrder order, DatasheetLinks& links) = 0;
+    /// Asks before the changes of the table are dropped, if there are any.
+    [[nodiscard]] bool mayDrop();
 
     // --- Flags and the way back
     void RecheckRowFlag(CellAt at, TableOutcome& outcome);
@@ -153,73 +162,45 @@ protected:
     /// The dialog was opened with the part.
     [[nodiscard]] virtual bool isOpened(std::wstring_view part) const = 0;
 
+    /// Components that differ from what the dialog was opened with.
+    [[nodiscard]] virtual std::size_t changedComponents() const = 0;
+
     ComponentTable table_;
     /// Parts that the dialog was opened with.
     std::size_t openedParts_ = 0;
 
 private:
-    /// A Type editor whose change of the row is already done, in an open step.
-    struct TypeEdit {
-        CellAt at;
-        std::wstring applied;
-    };
-    struct CleanText {
-        std::wstring text;
-        std::optional<std::wstring> complaint;
-    };
+    enum class Taken { No, Same, Changed };
 
     [[nodiscard]] const TableColumn& column(std::size_t column) const {
         return setup().columns[column];
     }
-    [[nodiscard]] bool isChoice(std::size_t column) const {
-        return this->column(column).choices != ColumnChoices::None;
-    }
     /// The rows of an order; an empty one is that of the rows.
     [[nodiscard]] std::vector<std::size_t> rowsIn(RowOrder order) const;
     [[nodiscard]] std::wstring lineFor(CellAt at) const;
-    [[nodiscard]] CleanText clean(std::size_t column, std::wstring_view text) const;
+    /// What the property tables say of the row's parameter.
+    [[nodiscard]] std::wstring meaning(CellAt at) const;
 
-    void setLine(TableOutcome& outcome, std::wstring line);
-    void take(TableOutcome& outcome, std::optional<Finding> finding);
-    /// OK ends here: the cell that the words are about becomes current.
-    void stop(TableOutcome& outcome, Finding finding);
     void takeFlags(TableOutcome& outcome);
     TableOutcome afterMove(ComponentTable::Change change);
-
     /// Drops an editor that was left open, then opens a step.
     void beginStep();
-    void endStep();
-    /// The row's parameters cleared and set up for a type, in an open step.
-    void ChangeRowType(std::size_t row, std::wstring_view type);
-    void changeRowProcess(std::size_t row, std::wstring_view process);
-    void ClearRowForType(std::size_t row);
-    void ApplyTypeDefaults(std::size_t row, std::wstring_view type);
-    void followProcess(std::size_t row, std::wstring_view type);
-
-    void modifyType(CellAt at, std::wstring_view text, TableOutcome& outcome);
-    void commitType(CellAt at, std::wstring_view text, TableOutcome& outcome);
-    void commitChoice(CellAt at, std::wstring_view text, TableOutcome& outcome);
-    void commitValue(CellAt at, std::wstring text, std::size_t shownRow, TableOutcome& outcome);
-    /// Whether a parameter or a free text is accepted; puts the text that is to be stored in place
-    /// of `text`.
-    void judge(CellAt at, std::wstring& text, std::size_t shownRow, TableOutcome& outcome);
-    void applyTypeEdit(CellAt at, std::wstring_view text);
     void storeText(CellAt at, std::wstring_view text, TableOutcome& outcome);
-    [[nodiscard]] bool mayFill(CellText& source, TableOutcome& outcome);
-    bool fillCell(CellAt at, std::wstring_view text);
-    bool pasteCell(const CellText& cell, TableOutcome& outcome);
+    [[nodiscard]] bool mayFill(CellText& source, std::size_t shownRow, TableOutcome& outcome);
+    Taken fillCell(CellAt at, std::wstring_view text);
+    Taken pasteCell(const CellText& cell, PasteAs as, TableOutcome& outcome);
+    void tellPasted(const std::vector<CellAt>& pasted, TableOutcome& outcome);
     void announce(const std::wstring& part);
 
-    const ValidationTables& rules_;
-    std::unique_ptr<TableChecks> checks_;
+    CellJudge judge_;
+    CellEdit edit_;
+    CellMarks marks_;
+    TableSearch search_;
     TablePlace place_;
     Prompt& prompt_;
-    std::wstring line_;
     /// The line that a stop of OK wrote outlives the selection of its row.
     bool holdsLine_ = false;
     bool isFaultBoxOpen_ = false;
-    std::optional<TypeEdit> typeEdit_;
-    std::size_t searchStart_ = 0;
 };
 
 } // namespace partwright

@@ -64,6 +64,12 @@ struct TableColumn {
     ColumnChoices choices = ColumnChoices::None;
     /// LPar number; 0 when the column is no parameter.
     std::size_t parameter = 0;
+
+    /// Takes no text from the user.
+    [[nodiscard]] bool isReadOnly() const {
+        return kind == ColumnKind::RowNumber || kind == ColumnKind::PartNumber ||
+               kind == ColumnKind::Full || kind == ColumnKind::Used;
+    }
 };
 
 /// All that sets the table of one kind of library apart from the other's.

@@ -69,8 +69,10 @@ bool CGridWnd::openEditor(Start start, const QString& typed) {
         dropDownEntered(current->row, current->col);
         openList(typed);
     } else if (start == Start::Empty) {
-        editor->setText(typed);
-        announceModified();
+        // Over the cell's text, so that the editor's own undo brings that back.
+        editor->setText(text(current->row, current->col));
+        editor->selectAll();
+        editor->insert(typed);
     } else {
         editor->selectAll();
     }

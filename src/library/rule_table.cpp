@@ -106,6 +106,15 @@ RuleTable readRuleTable(std::wstring_view path, const RuleTableForm& form) {
     return ruleTableOf(readTextFile(path), form);
 }
 
+bool hasHeader(std::wstring_view path, std::wstring_view column) {
+    const TextFile file = readTextFile(path);
+    LineReader reader(file.bytes);
+    for (std::string_view line; reader.next(line);)
+        if (SplitHeader(decode(line, file.form.codePage), delimiter).contains(column))
+            return true;
+    return false;
+}
+
 LoadResult resultOf(FileStatus status, std::wstring_view path) {
     LoadResult result{status, std::wstring(path), {}};
     if (status == FileStatus::OpenFailed)

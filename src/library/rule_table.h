@@ -74,6 +74,10 @@ struct RuleTable {
 [[nodiscard]] RuleTable ruleTableOf(const TextFile& file, const RuleTableForm& form);
 [[nodiscard]] RuleTable readRuleTable(std::wstring_view path, const RuleTableForm& form);
 
+/// True when the file can be read and one of its lines is a header that names the column. A table
+/// may stand without rows; without its header it is no table.
+[[nodiscard]] bool hasHeader(std::wstring_view path, std::wstring_view column);
+
 /// The result of a loader whose table was read: a table that cannot be opened is told of.
 [[nodiscard]] LoadResult resultOf(FileStatus status, std::wstring_view path);
 [[nodiscard]] LoadResult resultOf(const RuleTable& table, std::wstring_view path);

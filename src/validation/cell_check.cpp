@@ -23,7 +23,9 @@ std::optional<Finding> CheckCellByRule(const CellQuestion& cell, const Validatio
     if (!cell.reference)
         return failure({});
     if (cell.isType || *cell.reference > lastRuleReference) {
-        if (cell.choices != nullptr && cell.choices->holds(cell.value))
+        // A group without types has nothing to choose from.
+        const bool isOpen = cell.isType && cell.choices != nullptr && cell.choices->empty();
+        if (isOpen || (cell.choices != nullptr && cell.choices->holds(cell.value)))
             return std::nullopt;
         return failure(message::mustBeFromList(cell.value));
     }

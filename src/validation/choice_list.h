@@ -28,6 +28,7 @@ public:
     void add(std::wstring_view name, std::wstring_view description);
 
     [[nodiscard]] const std::vector<Choice>& choices() const { return choices_; }
+    [[nodiscard]] bool empty() const { return choices_.empty(); }
     /// Place of a name, from 1; 0 when it is not an entry.
     [[nodiscard]] std::size_t position(std::wstring_view name) const;
     [[nodiscard]] bool holds(std::wstring_view name) const { return position(name) != 0; }

@@ -71,7 +71,7 @@ class DialogCases final : public test::AnalysesCases {
         const CellAt at{0, L(commit.position)};
         const std::wstring before = d.session->table().text(0, at.column);
         d.session->modify(at, commit.text);
-        const TableOutcome outcome = d.session->commit(at, commit.text);
+        const TableOutcome outcome = d.session->commit(at, commit.text, 1);
         const std::wstring& after = d.session->table().text(0, at.column);
         const bool isOpen = commit.answer == L"open";
         if (outcome.accepted)
@@ -147,7 +147,7 @@ TEST(AnalysesDialog, AValueIsStoredInTheUnitOfItsColumn) {
     EXPECT_EQ(narrow(s.table().text(0, L(5))), "10");
     // What follows works on the new text, and the editor stays open with it.
     const std::wstring before = s.table().text(0, L(1));
-    const TableOutcome refused = s.commit({0, L(1)}, L"900G");
+    const TableOutcome refused = s.commit({0, L(1)}, L"900G", 1);
     EXPECT_FALSE(refused.accepted);
     EXPECT_EQ(refused.editorText, L"900000000000");
     EXPECT_EQ(textsOf(refused), std::vector<std::wstring>{L"Value Type or Range Error."});
@@ -156,8 +156,7 @@ TEST(AnalysesDialog, AValueIsStoredInTheUnitOfItsColumn) {
     EXPECT_TRUE(d.type({0, s.setup().manufacturerColumn}, L"3M"));
     EXPECT_EQ(narrow(s.table().text(0, s.setup().manufacturerColumn)), "3M");
     // A fill spreads the normalised text, and one step takes it back.
-    EXPECT_EQ(d.shown(s.fill({0, L(5)}, {1, 2}, L"22u")).changedRows,
-              (std::vector<std::size_t>{1, 2}));
+    EXPECT_EQ(d.fill({0, L(5)}, {1, 2}, L"22u").changedRows, (std::vector<std::size_t>{1, 2}));
     EXPECT_EQ(narrow(s.table().text(2, L(5))), "22");
     s.undo();
     EXPECT_EQ(narrow(s.table().text(2, L(5))), "");
@@ -204,14 +203,14 @@ TEST(AnalysesDialog, FillAndLookStandOnTheSameChecks) {
     s.selectCell({0, L(2)});
     EXPECT_EQ(d.line().find("out of range"), std::string::npos);
     d.prompt.expect(L"Wrong dash separators order!");
-    EXPECT_FALSE(d.shown(s.fill({0, L(2)}, {1}, L"1--2")).accepted);
+    EXPECT_FALSE(d.fill({0, L(2)}, {1}, L"1--2").accepted);
     d.prompt.expect(L"'N/A' is illegal in this cell.");
-    EXPECT_FALSE(d.shown(s.fill({0, L(2)}, {1}, L"N/A")).accepted);
+    EXPECT_FALSE(d.fill({0, L(2)}, {1}, L"N/A").accepted);
     EXPECT_FALSE(s.canUndo());
-    EXPECT_TRUE(d.shown(s.fill({0, L(2)}, {1}, L"A1-A2")).accepted);
+    EXPECT_TRUE(d.fill({0, L(2)}, {1}, L"A1-A2").accepted);
     EXPECT_EQ(narrow(s.table().text(1, L(2))), "A1-A2");
     // Pins of a group without lists have rules like any value.
-    EXPECT_TRUE(s.commit({0, L(1)}, L"4.7k").accepted);
+    EXPECT_TRUE(s.commit({0, L(1)}, L"4.7k", 1).accepted);
     EXPECT_EQ(narrow(s.table().text(0, L(1))), "4700");
 }
 
@@ -317,6 +316,7 @@ public:
 
 private:
     bool isOpened(std::wstring_view) const override { return false; }
+    std::size_t changedComponents() const override { return 0; }
 };
 
 TEST(AnalysesDialog, AStopAtACellGoesThere) {
@@ -349,13 +349,13 @@ TEST(AnalysesDialog, CheckBoxes) {
     HandMadeSession s(std::move(setup), d.rules, d.prompt);
     const auto typed = [&](std::wstring_view type) {
         s.modify({0, typeColumn}, type);
-        EXPECT_TRUE(s.commit({0, typeColumn}, type).accepted);
+        EXPECT_TRUE(s.commit({0, typeColumn}, type, 1).accepted);
         return narrow(s.table().text(0, calc));
     };
     EXPECT_EQ(typed(L"IC.General.OneSpl"), "");
     EXPECT_EQ(typed(L"IC.PinLibrary"), "1");
-    EXPECT_TRUE(s.commit({0, calc}, L"0").accepted);
-    EXPECT_TRUE(s.commit({0, calc - 1}, L"1").accepted);
+    EXPECT_TRUE(s.commit({0, calc}, L"0", 1).accepted);
+    EXPECT_TRUE(s.commit({0, calc - 1}, L"1", 1).accepted);
 
     auto& stored = d.open(9, {{1, {}}});
     EXPECT_TRUE(d.type({0, typeColumn}, L"IC.General.OneSpl"));

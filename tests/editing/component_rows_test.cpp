@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <numeric>
+
 namespace partwright {
 namespace {
 
@@ -120,6 +122,63 @@ TEST(ComponentRows, AddCopyAndChangeGroup) {
     EXPECT_EQ(narrow(moves.at(L"P1").LPar[0]), "-2");
     EXPECT_EQ(narrow(moves.at(L"TWIN").LPar[0]), "-2");
     EXPECT_EQ(narrow(moves.at(L"FAR").LPar[0]), ""); // it was never a capacitor
+}
+
+TEST(ComponentRows, AGroupWithoutTypesTakesANewPart) {
+    SdtaDialog d;
+    auto& s = d.open(25, {});
+    d.shown(s.add({L"NEW", 25, L"", 18}));
+    EXPECT_EQ(narrow(s.table().type(0)), "Default");
+    d.shown(s.selectCell({0, typeColumn}));
+    EXPECT_EQ(d.line().find("from list"), std::string::npos) << d.line();
+    EXPECT_FALSE(s.marks().isMarked({0, typeColumn}));
+    EXPECT_TRUE(d.type({0, s.setup().lastParameter}, L"-"));
+}
+
+TEST(ComponentRows, DroppingAsksWhenComponentsDiffer) {
+    SdtaDialog d;
+    d.projectParts.clear();
+    auto& s = d.open(3, std::vector<SdtaDialog::Part>(5, goodThyristor()));
+    d.shown(s.selectCell({0, typeColumn + 1})); // Full is worked out anew
+    EXPECT_TRUE(s.mayDrop());
+    EXPECT_TRUE(d.type({1, typeColumn + 1}, L"9"));
+    d.prompt.expectQuestion(L"Drop the changes to 1 component?", no);
+    EXPECT_FALSE(s.mayDrop());
+    EXPECT_TRUE(d.type({1, typeColumn + 1}, L"10")); // as it was
+    EXPECT_TRUE(s.mayDrop());
+    d.shown(s.add({L"NEW", 3, L"Diode SCR", 3}));
+    d.shown(s.changeGroup(2, {L"", 7, L"Transistor Bipolar", 4}));
+    d.prompt.expectQuestion(L"You have selected 1 row for deletion.\nChoose Yes to delete or No to "
+                            L"exit.",
+                            yes);
+    d.shown(s.deleteRows({0}));
+    EXPECT_TRUE(d.type({0, typeColumn + 1}, L"8"));
+    d.prompt.expectQuestion(L"Drop the changes to 4 components?", yes);
+    EXPECT_TRUE(s.mayDrop());
+    while (s.canUndo())
+        d.shown(s.undo());
+    EXPECT_TRUE(s.mayDrop());
+}
+
+TEST(ComponentRows, UndoKeepsCellsNotRows) {
+    constexpr std::size_t rows = 10'000;
+    SdtaDialog d;
+    auto& s = d.open(3, std::vector<SdtaDialog::Part>(rows, goodThyristor()));
+    std::vector<std::size_t> all(rows);
+    std::iota(all.begin(), all.end(), std::size_t{0});
+    for (int step = 0; step < 200; ++step)
+        d.fill({0, typeColumn + 1}, all, std::to_wstring(1001 + step));
+    EXPECT_LT(s.table().keptBytes(), std::size_t{200} << 20);
+    int steps = 0;
+    for (; s.canUndo(); ++steps)
+        d.shown(s.undo());
+    EXPECT_EQ(steps, 200);
+    EXPECT_EQ(narrow(s.table().text(rows - 1, typeColumn + 1)), "10");
+    // Texts as long as cells can be leave room for fewer steps, never for none.
+    for (int step = 0; step < 30; ++step)
+        d.fill({0, s.setup().notesColumn}, all, std::wstring(250, L'a' + (step & 1)));
+    EXPECT_LT(s.table().keptBytes(), std::size_t{200} << 20);
+    EXPECT_TRUE(s.canUndo());
 }
 
 TEST(ComponentRows, OkAsksOnceAndStopsAtTheFirstFault) {
@@ -344,12 +403,12 @@ TEST(ComponentRows, UndoAndRedoWalkBothWays) {
                          {{dice.roll(rows), typeColumn}, L"CE"}});
                 break;
             case 1:
-                s.fill({row, typeColumn}, {0, row}, L"Custom");
+                d.fill({row, typeColumn}, {0, row}, L"Custom");
                 break;
             case 2:
                 s.modify({row, typeColumn}, L"CA");
                 if (dice.roll(2) == 0)
-                    s.commit({row, typeColumn}, L"CA");
+                    s.commit({row, typeColumn}, L"CA", row + 1);
                 else
                     s.cancelEdit();
                 break;

@@ -4,6 +4,7 @@
 #include "core/messages.h"
 #include "core/paths.h"
 #include "editing/main_session.h"
+#include "editing/new_component_session.h"
 #include "editing/startup.h"
 #include "support/places.h"
 #include "support/project_folder.h"
@@ -11,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <optional>
 #include <set>
 
@@ -199,6 +201,34 @@ TEST_F(MainSessionTest, AnalysesRecordsStartFromTheSdtaMaster) {
     EXPECT_EQ(app.asr.GroupAndTypeNames(record.group, 0).first, L"Capacitor");
     EXPECT_EQ(record.CatNum, L"cat-m");
     EXPECT_EQ(record.Description, L"words of the master");
+}
+
+TEST_F(MainSessionTest, EveryPartIsReachedAndClassifiedOnceItsTwinIs) {
+    folder.putParts("BT1,ODD-1,,what nobody knows,,Yes\n");
+    expectFirstStart();
+    MainSession& main = start();
+    for (int page = 0; page < MainSession::pageCount; ++page) {
+        const std::vector<GroupCount> lines = main.page(page).counts();
+        const auto line = std::find_if(lines.begin(), lines.end(),
+                                       [](const GroupCount& one) { return one.quantity != 0; });
+        ASSERT_NE(line, lines.end()) << page;
+        EXPECT_EQ(line->name, L"Not defined");
+        EXPECT_EQ(main.page(page).openNewComponents()->rows().size(), 1U);
+    }
+    AsrComponent& record = main.asrPage.designLibrary.at(L"ODD-1");
+    record.Manufacturer = L"ACME";
+    record.Notes = L"typed";
+    main.asrPage.refresh();
+    EXPECT_EQ(record.group, 1) << "nothing is known that was not known before";
+
+    const auto table = main.sdtaPage.openNewComponents();
+    table->setFamily(0, L"Resistor");
+    table->setGroup(0, L"Resistor");
+    main.storeNewComponents(0, *table);
+    main.sdtaPage.save(false);
+    main.asrPage.refresh();
+    EXPECT_EQ(app.asr.GroupAndTypeNames(record.group, 0).first, L"Resistor");
+    EXPECT_EQ(record.Manufacturer + L"|" + record.Notes, L"ACME|typed");
 }
 
 TEST_F(MainSessionTest, NoRefreshClassifiesTheSameTextTwice) {

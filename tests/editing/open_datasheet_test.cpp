@@ -32,6 +32,10 @@ TEST(OpenDatasheet, OpensTheFileOrTellsWhatIsMissing) {
         {sheets, L"a.pdf", L"File \"" + sheets + L"/a.pdf\" does not exist.", false},
         {sheets, L"passive", L"File \"" + sheets + L"/passive\" does not exist.", false},
         {sheets, L"passive\\R 1.pdf", L"", true},
+        {sheets, L"passive/../../x.pdf",
+         L"The link \"passive/../../x.pdf\" leads out of the folder of data sheets.", false},
+        {sheets, L"..\\x.pdf", L"The link \"..\\x.pdf\" leads out of the folder of data sheets.",
+         false},
         {sheets + L"/", L"passive/R 1.pdf", L"", true},
     };
     for (const Case& one : cases) {

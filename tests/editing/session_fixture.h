@@ -106,12 +106,13 @@ struct Dialog {
     /// Shows an outcome's boxes and hands it on.
     TableOutcome shown(TableOutcome outcome) {
         session->present(outcome);
+        line_ = outcome.line.value_or(line_);
         return outcome;
     }
     /// As a person types: every change of the text, then Enter.
     bool type(CellAt at, std::wstring_view text) {
         shown(session->modify(at, text));
-        return shown(session->commit(at, text)).accepted;
+        return shown(session->commit(at, text, at.row + 1)).accepted;
     }
     /// The parameters of a row, joined by blanks.
     std::string row(std::size_t row) const {
@@ -120,8 +121,17 @@ struct Dialog {
             text += L" " + session->table().text(row, c);
         return narrow(text);
     }
-    std::string line() const { return narrow(session->descriptionLine()); }
+    /// As the user drags one cell over rows.
+    TableOutcome fill(CellAt source, std::vector<std::size_t> rows, std::wstring_view text) {
+        return shown(
+            session->fill({{source, std::wstring(text)}}, std::move(rows), source.row + 1));
+    }
+    /// The line below the table.
+    std::string line() const { return narrow(line_); }
     bool ok() { return shown(session->ok({}, app.libraries.datasheetLinks)).accepted; }
+
+private:
+    std::wstring line_;
 };
 
 using SdtaDialog = Dialog<SdtaComponent>;

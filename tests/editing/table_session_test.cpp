@@ -98,7 +98,7 @@ TEST(TableSession, RefusalsKeepTheStoredText) {
     };
     const std::string before = d.row(0);
     for (const Case& c : cases) {
-        s.selectCell({0, partNumberColumn});
+        d.shown(s.selectCell({0, partNumberColumn}));
         if (!c.box.empty())
             d.prompt.expect(c.box);
         EXPECT_FALSE(d.type({0, c.column}, c.text));
@@ -178,14 +178,106 @@ TEST(TableSession, TextsAreCutToWhatAFileGivesBack) {
              {descriptionColumn, L"<5 mm", L"<5 mm", ""},
              {notes, longText, cut, "Notes can't exceed 255 characters"},
              {notes, L" <<end", L"end", "Notes can't begin with \"<\""},
+             {notes, L"C:\\dir", L"C:-dir", "Notes can't hold \"\\\", which is kept as \"-\""},
+             {s.setup().datasheetColumn, L"scr\\1.pdf", L"scr\\1.pdf", ""},
              {notes, L"two\nlines", L"two lines", ""}}) {
-        s.selectCell({0, partNumberColumn});
-        EXPECT_EQ(narrow(s.modify({0, c.column}, c.text).editorText.value_or(c.text)),
+        d.shown(s.selectCell({0, partNumberColumn}));
+        EXPECT_EQ(narrow(d.shown(s.modify({0, c.column}, c.text)).editorText.value_or(c.text)),
                   narrow(c.kept));
         EXPECT_EQ(d.line(), c.line);
-        EXPECT_TRUE(d.shown(s.commit({0, c.column}, c.text)).accepted);
+        EXPECT_TRUE(d.shown(s.commit({0, c.column}, c.text, 1)).accepted);
         EXPECT_EQ(narrow(s.table().text(0, c.column)), narrow(c.kept));
     }
+}
+
+/// "-1" and "-2" alone are how a library says that there is no value, or that none applies.
+TEST(TableSession, AReservedTextThatIsANumberGetsADecimal) {
+    AsrDialog d;
+    for (const wchar_t mark : {L'.', L','}) {
+        d.app.decimalPoint = mark;
+        auto& s = d.open(9, {{1, {}}, {1, {}}, {1, {}}});
+        const auto& columns = s.setup().columns;
+        const auto supply = static_cast<std::size_t>(
+            std::find_if(columns.begin(), columns.end(),
+                         [](const TableColumn& column) { return column.header == L"Vspl-"; }) -
+            columns.begin());
+        const std::string one = mark == L'.' ? "-1.0" : "-1,0";
+        const auto texts = [&] {
+            return narrow(s.table().text(0, supply) + L" " + s.table().text(1, supply));
+        };
+        EXPECT_TRUE(d.type({0, supply}, L"-1"));
+        d.shown(s.paste({{{1, supply}, L" -1 "}}));
+        EXPECT_EQ(texts(), one + " " + one);
+        d.fill({0, supply}, {0, 1, 2}, L"-2");
+        EXPECT_EQ(narrow(s.table().text(2, supply)).substr(0, 2), "-2");
+        EXPECT_TRUE(d.type({0, supply}, L"-"));
+        EXPECT_TRUE(d.type({1, supply}, L"-15"));
+        EXPECT_EQ(texts(), "- -15");
+        s.paste({{{0, s.setup().notesColumn}, L"-1"}}); // no rule, no number
+        EXPECT_EQ(narrow(s.table().text(0, s.setup().notesColumn)), "-1");
+    }
+}
+
+TEST(TableSession, MarksFollowTheCellsThatBreakTheirRule) {
+    SdtaDialog d;
+    auto bad = test::goodThyristor();
+    bad.values[0] = L"abc";
+    bad.values[5] = L"-5";
+    auto& s = d.open(3, {test::goodThyristor(), bad, test::goodThyristor(), bad});
+    EXPECT_EQ(s.marks().count(), 0U); // nobody looked yet
+    EXPECT_TRUE(s.marks().isMarked({1, L(1)}));
+    EXPECT_EQ(s.marks().count(), 2U);
+    EXPECT_FALSE(s.marks().judgeMore(10));
+    EXPECT_EQ(s.marks().count(), 4U);
+    EXPECT_EQ(narrow(s.marks().textOf({1, L(1)})),
+              "Value abc out of range:  Power in W must be above 0 and at most 10000.");
+    EXPECT_EQ(narrow(s.marks().textOf({0, L(1)})), "");
+
+    const std::vector<std::size_t> order = {3, 2, 1, 0}; // on the screen
+    std::optional<CellAt> at;
+    std::string way;
+    const auto step = [&](bool isBackward) {
+        at = d.shown(s.nextMark(at, order, isBackward)).current;
+        way += at ? std::to_string(at->row) + "," + std::to_string(at->column - typeColumn) + " "
+                  : "none ";
+    };
+    for (const bool isBackward : {false, false, false, false, false, true, true})
+        step(isBackward);
+    EXPECT_EQ(way, "3,1 3,6 1,1 1,6 3,1 1,6 1,1 ");
+    const auto counted = [&] {
+        s.marks().judgeMore(10);
+        return s.marks().count();
+    };
+    EXPECT_TRUE(d.type({1, L(1)}, L"5"));
+    EXPECT_EQ(counted(), 3U);
+    d.shown(s.undo());
+    EXPECT_EQ(counted(), 4U);
+    d.shown(s.changeGroup(3, {L"", 7, L"Transistor Bipolar", 4}));
+    EXPECT_EQ(counted(), 2U);
+    d.shown(s.undo());
+    EXPECT_EQ(counted(), 4U);
+    d.shown(s.paste({{{0, L(5)}, L"x"}, {{0, L(6)}, L"400"}, {{0, L(8)}, L"y"}}));
+    EXPECT_EQ(counted(), 6U);
+    EXPECT_EQ(d.line().substr(0, 61),
+              "2 of 3 pasted values break their rule; first: P1, Ion-RT: Val");
+    // A type without these parameters takes their marks away.
+    d.fill({0, typeColumn}, {0, 1, 2, 3}, L"Default");
+    for (std::size_t row = 0; row < 4; ++row)
+        s.paste(
+            {{{row, L(1)}, L"1"}, {{row, L(6)}, L"1"}, {{row, L(5)}, L"1"}, {{row, L(8)}, L"1"}});
+    EXPECT_EQ(counted(), 0U);
+    EXPECT_FALSE(s.nextMark(at, order, false).current);
+}
+
+TEST(TableSession, APasteAsTypedWorksUnitLettersIn) {
+    AsrDialog d;
+    auto& s = d.open(21, {{1, {}}, {1, {}}});
+    d.shown(s.paste({{{0, L(1)}, L"4.7k"}, {{1, L(1)}, L"abc"}}, PasteAs::Typed));
+    EXPECT_EQ(narrow(s.table().text(0, L(1))), "4700");
+    EXPECT_EQ(narrow(s.table().text(1, L(1))), "abc");
+    EXPECT_EQ(d.line().substr(0, 36), "1 of 2 pasted values breaks its rule");
+    d.shown(s.paste({{{0, L(1)}, L"4.7k"}}));
+    EXPECT_EQ(narrow(s.table().text(0, L(1))), "4.7k");
 }
 
 TEST(TableSession, TypeChangeClearsOnceAndComesBack) {
@@ -209,7 +301,7 @@ TEST(TableSession, TypeChangeClearsOnceAndComesBack) {
     // A value that appears between selection and commit shows that the change does not run twice.
     d.shown(s.modify({0, typeColumn}, L"BIP_Switching"));
     const std::string once = d.row(0);
-    EXPECT_TRUE(d.shown(s.commit({0, typeColumn}, L"BIP_Switching")).accepted);
+    EXPECT_TRUE(d.shown(s.commit({0, typeColumn}, L"BIP_Switching", 1)).accepted);
     EXPECT_EQ(narrow(s.table().type(0)), "BIP_Switching");
     EXPECT_NE(once, before);
     d.shown(s.undo());
@@ -247,7 +339,7 @@ TEST(TableSession, PowerOfChipResistors) {
     for (const wchar_t* power : {L"0.5", L"0.6"}) {
         d.prompt.expect(L"For the selected type power should be < 0.5");
         d.shown(s.modify({0, L(1)}, power));
-        const TableOutcome outcome = d.shown(s.commit({0, L(1)}, power));
+        const TableOutcome outcome = d.shown(s.commit({0, L(1)}, power, 1));
         EXPECT_FALSE(outcome.accepted);
         EXPECT_EQ(outcome.selectedRows, std::vector<std::size_t>{0});
     }
@@ -272,7 +364,7 @@ TEST(TableSession, FillByDrag) {
     auto& s = d.open(11, {{1, {L"50", L"85"}}, {38, {L"63", L"85", L"1", L"2", L"CL"}}, {5, {}}});
     s.RefreshAllRowFlags();
     const auto fill = [&](std::size_t column, std::wstring_view text) {
-        return d.shown(s.fill({0, column}, {2, 0, 1}, text)).changedRows;
+        return d.fill({0, column}, {2, 0, 1}, text).changedRows;
     };
     using Rows = std::vector<std::size_t>;
     EXPECT_EQ(fill(L(2), L"105"), (Rows{0, 1, 2}));
@@ -316,7 +408,10 @@ TEST(TableSession, PastesTypeBeforeItsValues) {
     EXPECT_EQ(d.row(1), "+ CA 16 hot N/A N/A N/A");
     EXPECT_EQ(narrow(s.table().text(1, catalogNumberColumn)), "NEW");
     EXPECT_EQ(narrow(s.table().text(1, descriptionColumn)), "part");
-    EXPECT_EQ(d.line().substr(0, 23), "Value hot out of range:");
+    EXPECT_EQ(d.line(),
+              "1 of 2 pasted values breaks its rule; first: P2, TMax: Value hot out of "
+              "range:  Maximum operating temperature in degrees Celsius must be from 0 to "
+              "300.");
     d.shown(s.undo());
     EXPECT_EQ(d.row(1).substr(2), "Custom 63 85 1 2 CL");
     EXPECT_EQ(narrow(s.table().text(1, catalogNumberColumn)), "C2");

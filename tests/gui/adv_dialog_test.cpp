@@ -89,14 +89,34 @@ TEST(AdvDialog, AnotherFamilyBringsItsGroups) {
 
 TEST(AdvDialog, WithoutGroupsThereIsNothingToAccept) {
     ScriptedPrompt prompt;
-    GroupChoiceSession session(GroupChoiceMode::Copy, {}, 1, [](auto) { return false; });
-    CAdvDlg dialog(session, prompt, s("A"));
+    GroupChoiceSession session(GroupChoiceMode::Add, {}, 1, [](auto) { return false; });
+    CAdvDlg dialog(session, prompt, QString());
     open(dialog);
-    EXPECT_EQ(dialog.windowTitle(), s("Copy component"));
-    EXPECT_EQ(find<QLineEdit>(dialog, "partNumber").selectedText(), s("A"));
     EXPECT_FALSE(find<QPushButton>(dialog, "ok").isEnabled());
     key(Qt::Key_Escape);
     EXPECT_FALSE(dialog.isVisible());
+}
+
+TEST(AdvDialog, ACopyGoesWhereItsOriginalIs) {
+    ScriptedPrompt prompt;
+    GroupChoiceSession session(GroupChoiceMode::Copy, stressGroups(), 10,
+                               [](auto) { return false; });
+    CAdvDlg dialog(session, prompt, s("A"));
+    open(dialog);
+    EXPECT_EQ(dialog.windowTitle(), s("Copy component"));
+    EXPECT_EQ(find<QListWidget>(dialog, "families").currentItem()->text(), s("Resistor"));
+    for (const char* list : {"families", "groups"})
+        EXPECT_FALSE(find<QListWidget>(dialog, list).isEnabled());
+    EXPECT_EQ(find<QLineEdit>(dialog, "partNumber").selectedText(), s("A"));
+    auto& line = find<QLabel>(dialog, "partNumberLine");
+    type("b\\c");
+    EXPECT_EQ(find<QLineEdit>(dialog, "partNumber").text(), s("b-c"));
+    type("d");
+    EXPECT_FALSE(line.isVisible());
+    type("\\");
+    EXPECT_EQ(line.text(), s("Part Number can't hold \"\\\", which is kept as \"-\""));
+    key(Qt::Key_Return);
+    EXPECT_EQ(narrow(session.result().partNumber), "B-CD-");
 }
 
 } // namespace partwright::test

@@ -306,6 +306,39 @@ TEST(ChangeGrid, TheLineOfAStopStaysUntilTheNextCell) {
     }
 }
 
+TEST(ChangeGrid, TheLineForgetsAnErrorThatIsMended) {
+    SdtaDriver d;
+    auto part = goodThyristor();
+    part.values[2] = L"X";
+    d.open(3, {part, part});
+    d.openDialog();
+    d.go(1, L(3));
+    ASSERT_EQ(d.shownLine(), " /X/ Must be from list");
+    d.choose("C");
+    EXPECT_EQ(d.shownLine().find("list"), std::string::npos) << d.shownLine();
+    d.shortcut(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(d.shownLine(), " /X/ Must be from list");
+    d.shortcut(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(d.shownLine().find("list"), std::string::npos) << d.shownLine();
+
+    const std::string hint = "Rated power dissipation at the reference temperature Ts, W";
+    d.go(1, L(1));
+    d.keys("abc");
+    d.prompt.expect(L"Value Type or Range Error.");
+    d.key(Qt::Key_Return, Qt::ControlModifier);
+    d.keys("5");
+    d.key(Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_EQ(d.shownLine(), hint);
+    paste(d, 1, L(1), "abc");
+    EXPECT_NE(d.shownLine(), hint);
+    paste(d, 1, L(1), "7");
+    EXPECT_EQ(d.shownLine(), hint);
+    // What is typed over a cell can be taken back in the editor.
+    d.keys("9");
+    d.key(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(d.grid().controlText(1, L(1)), s("7"));
+}
+
 TEST(ChangeGrid, AFaultOfTheTablesIsToldOnceForManyCells) {
     SdtaDriver d;
     d.rules.rules.clear();
