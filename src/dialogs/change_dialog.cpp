@@ -208,6 +208,17 @@ void CComChange1::customEvent(QEvent* event) {
                                     grid_->currentSessionCell(), grid_->rowOrder()));
 }
 
+void CComChange1::showPart(const QString& part) {
+    const ComponentTable& table = session_.table();
+    for (std::size_t row = 0; row < table.rowCount(); ++row)
+        if (table.row(row).part() == engineText(part)) {
+            TableOutcome there;
+            there.current = CellAt{row, partNumberColumn};
+            there.selectedRows = {row};
+            grid_->show(there);
+        }
+}
+
 void CComChange1::openFindBar() {
     const auto current = grid_->currentCell();
     if (grid_->commitEdit())

@@ -49,6 +49,8 @@ public:
                 std::shared_ptr<grid::SortFlags> flags, QWidget* parent = nullptr);
 
     [[nodiscard]] CComponentGrid& grid() { return *grid_; }
+    /// Makes the row of a part current; nothing without such a row.
+    void showPart(const QString& part);
 
 public Q_SLOTS:
     /// OK: the checks of all rows; the dialog ends when nothing stops them.

@@ -161,7 +161,7 @@ void RowListDialog::copy() const {
 }
 
 void RowListDialog::choose(const QModelIndex& index) {
-    if (!choosable_ || !index.isValid())
+    if (!choosable_ || !index.isValid() || !choosable_(model_->givenRow(index.row())))
         return;
     chosen_ = static_cast<int>(model_->givenRow(index.row()));
     accept();

@@ -91,6 +91,12 @@ void PageSession::tellAll(const std::vector<LoadResult>& results) {
         tell(prompt_, result);
 }
 
+const LoadReport& PageSession::loadReport() const {
+    static const LoadReport nothing;
+    const auto found = app_.libraries.loadReports.find(libraryPath());
+    return found == app_.libraries.loadReports.end() ? nothing : found->second;
+}
+
 template <class Record>
 void LibraryPageSession<Record>::refresh() {
     if (isDesign_ && addMissingParts())
@@ -256,6 +262,17 @@ SaveOutcome LibraryPageSession<Record>::save(bool announce) {
     master.replace(workingLibrary());
     modified_ = true;
     return saveLibraryFile<Record>(app_, master.records(), libraryPath(), announce, prompt_);
+}
+
+template <class Record>
+std::int32_t LibraryPageSession<Record>::reveal(std::wstring_view part) {
+    if (!isCounted(std::wstring(part))) {
+        setFilter(PageFilter::FullLibrary);
+        refresh();
+    }
+    const auto record = workingLibrary().find(part);
+    const std::int32_t group = record == workingLibrary().end() ? 0 : record->second.group;
+    return app_.of<Record>().isInUse(group) ? group : 0;
 }
 
 template <class Record>

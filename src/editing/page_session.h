@@ -122,6 +122,13 @@ public:
     /// Makes the working map the master copy and writes it over the file of the current library.
     virtual SaveOutcome save(bool announce) = 0;
 
+    /// What was not taken of the file that is shown.
+    [[nodiscard]] const LoadReport& loadReport() const;
+    [[nodiscard]] virtual bool hasPart(std::wstring_view part) const = 0;
+    /// The group under which the list has a part that is there. "Full Library" is chosen where the
+    /// filter leaves it out.
+    [[nodiscard]] virtual std::int32_t reveal(std::wstring_view part) = 0;
+
     /// Why the page knows no part of the project; empty when it does.
     [[nodiscard]] std::wstring partListFault() const {
         return partwright::partListFault(app_.paths, app_.partList);
@@ -183,6 +190,10 @@ public:
     [[nodiscard]] std::unique_ptr<NewComponentTable> openNewComponents() override;
     void storeNewComponents(NewComponentTable& table) override;
     SaveOutcome save(bool announce) override;
+    [[nodiscard]] bool hasPart(std::wstring_view part) const override {
+        return workingLibrary().find(part) != workingLibrary().end();
+    }
+    [[nodiscard]] std::int32_t reveal(std::wstring_view part) override;
 
     [[nodiscard]] Library& workingLibrary();
     [[nodiscard]] const Library& workingLibrary() const;

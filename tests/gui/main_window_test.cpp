@@ -350,8 +350,8 @@ TEST_F(MainWindowCase, ALibraryThatWasNotUnderstoodIsWithheld) {
 }
 
 TEST_F(MainWindowCase, ACharacterTheFileLacksIsAskedAbout) {
-    const std::string old =
-        "sep=,\n|\n>,SDTA-M, Resistor,Resistor,OLD-1,,10 \xB5H \xB1,Default,<\n";
+    const std::string old = "sep=,\n|\n>,SDTA-M, Resistor,Resistor,OLD-1,,10 \xB5H "
+                            "\xB1,Default,,,,,,,,,<\n|,End of File\n";
     folder.put(sampleSdta, old);
     open();
     session->sdtaPage.designLibrary.at(L"OLD-1").Description = L"4.7 k\u03A9";
@@ -598,7 +598,8 @@ TEST_F(MainWindowCase, AHandEditedLibraryIsEditedWithoutLoss) {
                     longValue + ",,,,,\"\"\"M\"\"\",\"\"\"\"\"\",,<\n" +
                     ">,SDTA-M, Martian,No Such "
                     "Group,\"\"\"LOST\"\"\",\"\"\"3\"\"\",\"\"\"z\"\"\",Default,1,<\n");
-    rows.insert(rows.find(anchor), anchor + std::string(100'000, 'x') + "\n");
+    const std::string tooLong = anchor + std::string(100'000, 'x') + "\n";
+    rows.insert(rows.find(anchor), tooLong);
     folder.put(sampleSdta, rows);
     open();
     find<QRadioButton>("sdtaFullLibrary").click();
@@ -626,9 +627,11 @@ TEST_F(MainWindowCase, AHandEditedLibraryIsEditedWithoutLoss) {
     });
     list.setCurrentCell(10, 0);
     QTest::keyClick(&list, Qt::Key_Return);
+    prompt.expectQuestion(message::savingWillDrop(folder / sampleSdta, 2), PromptAnswer::Yes);
     prompt.expect(message::operationCompleted, PromptIcon::Information);
     press("saveLibrary");
     const std::string saved = folder.bytesOf(sampleSdta);
+    EXPECT_NE(saved.find(tooLong), std::string::npos);
     EXPECT_NE(saved.find("NO-TYPE\"\"\",\"\"\"1\"\"\",\"\"\"x\"\"\",RM.Fix.Pw<0.5,0.25,"),
               std::string::npos);
     EXPECT_NE(saved.find("LONG\"\"\",\"\"\"2\"\"\",\"\"\"y\"\"\",RM.Fix.Pw<0.5,0.25,"),
