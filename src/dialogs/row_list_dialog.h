@@ -66,9 +66,7 @@ public:
 
     void setRows(std::vector<RowListModel::Row> rows);
     /// Enter and double click end the dialog with the row chosen, if `choosable` agrees to it.
-    void setChoosable(std::function<bool(std::size_t)> choosable) {
-        choosable_ = std::move(choosable);
-    }
+    void setChoosable(std::function<bool(std::size_t)> choosable);
     /// The row that ended the dialog, as setRows() was given it; -1 when none did.
     [[nodiscard]] int chosen() const { return chosen_; }
 
