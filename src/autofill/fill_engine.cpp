@@ -44,6 +44,11 @@ std::vector<LoadResult> FillEngine::load() {
         results.push_back(resultOf(synonymFile_.status, synonymPath(app_.paths)));
         synonyms_.reset();
     }
+    if (prefixFile_.bytes.empty()) {
+        prefixFile_ = readTextFile(partPrefixPath(app_.paths));
+        results.push_back(resultOf(prefixFile_.status, partPrefixPath(app_.paths)));
+        synonyms_.reset();
+    }
     if (app_.classifier.DirectKeyTable.empty())
         results.push_back(LoadManagementTable(app_.paths, app_.classifier));
     if (app_.sdta.defaultLPar.empty())
@@ -90,7 +95,8 @@ bool FillEngine::hasGroupLibrary() {
 
 const SynonymTable& FillEngine::synonyms() const {
     if (!synonyms_)
-        synonyms_.emplace(ruleTableOf(synonymFile_, synonymForm()));
+        synonyms_.emplace(ruleTableOf(synonymFile_, synonymForm()),
+                          PartPrefixes(ruleTableOf(prefixFile_, partPrefixForm())));
     return *synonyms_;
 }
 

@@ -126,6 +126,7 @@ private:
     /// Files as they were read, until the first text asks for what they say.
     TextFile keywordFile_;
     TextFile synonymFile_;
+    TextFile prefixFile_;
     mutable std::unique_ptr<const Work> work_;
     mutable std::optional<TypeKeywords> keywords_;
     mutable std::optional<SynonymTable> synonyms_;

@@ -41,23 +41,30 @@ nlohmann::ordered_json json(const LibraryFinding& finding) {
             {"text", encodeUtf8(finding.finding.summary())}};
 }
 
-/// What was not taken of the two files of a kind, told as findings.
+/// What was not taken of the two files of the kind, what is wrong in the records, and what a save
+/// changes.
 template <class Record>
-void addLoadFindings(const CPartwrightPlugInApp& app, std::vector<LibraryFinding>& findings) {
-    for (const auto* path : {&app.paths.designPath<Record>(), &app.paths.publicPath<Record>()})
-        if (const auto report = app.libraries.loadReports.find(*path);
-            report != app.libraries.loadReports.end()) {
-            auto found = loadFindings(Kind<Record>::name, report->first, report->second);
-            std::move(found.begin(), found.end(), std::back_inserter(findings));
-        }
+void addFindings(Project& project, const LibraryPageSession<Record>& page, AnalysisLevel level,
+                 std::vector<LibraryFinding>& findings) {
+    const auto add = [&](std::vector<LibraryFinding> found) {
+        std::move(found.begin(), found.end(), std::back_inserter(findings));
+    };
+    const ProjectPaths& paths = project.app.paths;
+    const auto& reports = project.app.libraries.loadReports;
+    for (const auto* path : {&paths.designPath<Record>(), &paths.publicPath<Record>()})
+        if (const auto report = reports.find(*path); report != reports.end())
+            add(loadFindings(Kind<Record>::name, report->first, report->second));
+    const auto& library = page.workingLibrary();
+    add(checkLibrary<Record>(project.app, library, project.session.rules, level));
+    add(saveFindings<Record>(project.app, library));
 }
 
 } // namespace
 
 int runCheck(const PlaceOptions& place, const CheckOptions& options, Streams streams) {
     Project project(place, streams);
-    if (!project.isThere())
-        return Usage;
+    if (project.opened() != Fine)
+        return project.opened();
     MainSession& session = project.session;
     // Parts that the libraries lack are unfilled ones in the window, so they are here.
     for (int index = 0; index < MainSession::pageCount; ++index) {
@@ -65,15 +72,8 @@ int runCheck(const PlaceOptions& place, const CheckOptions& options, Streams str
         session.page(index).refresh();
     }
     std::vector<LibraryFinding> findings;
-    addLoadFindings<SdtaComponent>(project.app, findings);
-    addLoadFindings<AsrComponent>(project.app, findings);
-    const auto add = [&](std::vector<LibraryFinding> found) {
-        std::move(found.begin(), found.end(), std::back_inserter(findings));
-    };
-    add(checkLibrary<SdtaComponent>(project.app, session.sdtaPage.workingLibrary(), session.rules,
-                                    options.level));
-    add(checkLibrary<AsrComponent>(project.app, session.asrPage.workingLibrary(), session.rules,
-                                   options.level));
+    addFindings(project, session.sdtaPage, options.level, findings);
+    addFindings(project, session.asrPage, options.level, findings);
     for (const LibraryFinding& finding : findings)
         if (place.json)
             streams.out << json(finding).dump() << '\n';

@@ -23,9 +23,11 @@ bool isSameFile(std::wstring_view a, std::wstring_view b) {
 }
 
 template <class Record>
-int convert(Tables& tables, const ConvertOptions& options) {
+int convert(Tables& tables, const PlaceOptions& place, const ConvertOptions& options) {
     const std::wstring in = pathText(std::filesystem::path(options.in));
     const std::wstring out = pathText(std::filesystem::path(options.out));
+    if (!settleInterruptedSave(in, interruptedSaves(place), tables.prompt))
+        return Findings;
     typename Kind<Record>::Library library;
     const LoadResult result = load(tables.app, library, in);
     if (result.status != FileStatus::Ok) {
@@ -45,8 +47,7 @@ int convert(Tables& tables, const ConvertOptions& options) {
     // The copy is made whatever it lacks, since the original stays; the exit code tells.
     report.dropsAllowed = true;
     tables.app.libraries.loadReports[out] = report;
-    const bool saved = saveLibraryFile<Record>(tables.app, library, out, false, tables.prompt) ==
-                       SaveOutcome::Saved;
+    const bool saved = saveLibraryFile<Record>(tables.app, library, out, false, tables.prompt);
     return saved && !lost ? Fine : Findings;
 }
 
@@ -54,8 +55,8 @@ int convert(Tables& tables, const ConvertOptions& options) {
 
 int runConvert(const PlaceOptions& place, const ConvertOptions& options, Streams streams) {
     Tables tables(place, streams);
-    return options.analyses ? convert<AsrComponent>(tables, options)
-                            : convert<SdtaComponent>(tables, options);
+    return options.analyses ? convert<AsrComponent>(tables, place, options)
+                            : convert<SdtaComponent>(tables, place, options);
 }
 
 } // namespace partwright::cli

@@ -113,7 +113,7 @@ public:
     /// Of the kept lines.
     CodePage codePage = CodePage::Utf8;
     std::vector<KeptLine> keptLines;
-    /// Somebody was asked, and agreed to what a save drops.
+    /// Whoever works with the file agreed beforehand to what a save drops.
     bool dropsAllowed = false;
 
     void add(LoadEntry entry);

@@ -62,9 +62,9 @@ const ChoiceList* usualChoices(const TableSetup& setup, const TableColumn& colum
 
 } // namespace
 
-CComponentGrid::CComponentGrid(TableSession& session, std::shared_ptr<grid::SortFlags> flags,
-                               QWidget* parent)
-    : CGridWnd(parent), session_(session) {
+CComponentGrid::CComponentGrid(TableSession& session, Prompt& prompt,
+                               std::shared_ptr<grid::SortFlags> flags, QWidget* parent)
+    : CGridWnd(parent), session_(session), boxes_(prompt) {
     setSortFlags(std::move(flags));
     makeColumns();
     makeRows();
@@ -244,7 +244,7 @@ void CComponentGrid::reshape(const TableOutcome& outcome) {
         deferRow(row);
 }
 
-void CComponentGrid::show(const TableOutcome& outcome) {
+bool CComponentGrid::show(const TableOutcome& outcome) {
     const bool isReshaped = !outcome.removedRows.empty() || !outcome.insertedRows.empty();
     {
         const RedrawLock lock(*this);
@@ -272,7 +272,7 @@ void CComponentGrid::show(const TableOutcome& outcome) {
     }
     if (outcome.editorText)
         setControlText(qtText(*outcome.editorText));
-    session_.present(outcome);
+    return boxes_.show(outcome);
 }
 
 bool CComponentGrid::validateCell(int row, int col, const QString& text) {
@@ -378,8 +378,11 @@ bool CComponentGrid::keyPressed(QKeyEvent* event) {
 }
 
 void CComponentGrid::deleteSelectedRows() {
-    if (commitEdit())
-        show(session_.deleteRows(selectedSessionRows()));
+    if (!commitEdit())
+        return;
+    const std::vector<std::size_t> rows = selectedSessionRows();
+    if (show(session_.deleteRows(rows)))
+        show(session_.deleteRows(rows, Consent::Given));
 }
 
 void CComponentGrid::selectWholeRow() {

@@ -24,10 +24,11 @@ class CComponentGrid : public grid::CGridWnd {
 
 public:
     /// `flags` keep the sort directions as long as the program runs.
-    CComponentGrid(TableSession& session, std::shared_ptr<grid::SortFlags> flags, QWidget* parent);
+    CComponentGrid(TableSession& session, Prompt& prompt, std::shared_ptr<grid::SortFlags> flags,
+                   QWidget* parent);
 
-    /// Shows what a verb gave; its boxes come last.
-    void show(const TableOutcome& outcome);
+    /// Shows what a verb gave; its boxes come last. True when its question was answered with Yes.
+    bool show(const TableOutcome& outcome);
     /// The same for a verb that changed cells: unless it has a line of its own, the line speaks
     /// about what the current cell holds now.
     void showChange(const TableOutcome& outcome);
@@ -86,6 +87,7 @@ private:
     [[nodiscard]] QString choiceText(const ChoiceList* list);
 
     TableSession& session_;
+    OutcomeBoxes boxes_;
     /// Rows come and go: the cell that becomes current meanwhile is looked at afterwards.
     bool reshaping_ = false;
     /// By session row.

@@ -10,6 +10,7 @@
 // Cells are judged as when they become current, rows one by one by each step of OK; of each step
 // the first message counts. Findings come by group, part and column.
 //
+// saveFindings() tells what no dialog can: texts of the library that its file would not give back.
 // What the file had and the library has not is a finding as well (loadFindings).
 
 #include "core/application.h"
@@ -51,6 +52,15 @@ extern template std::vector<LibraryFinding> checkLibrary<AsrComponent>(const CPa
                                                                        const AsrLibrary&,
                                                                        const ValidationTables&,
                                                                        AnalysisLevel);
+
+/// What a save and the next reading would make another text of.
+template <class Record>
+[[nodiscard]] std::vector<LibraryFinding>
+saveFindings(const CPartwrightPlugInApp& app, const typename Kind<Record>::Library& library);
+extern template std::vector<LibraryFinding> saveFindings<SdtaComponent>(const CPartwrightPlugInApp&,
+                                                                        const SdtaLibrary&);
+extern template std::vector<LibraryFinding> saveFindings<AsrComponent>(const CPartwrightPlugInApp&,
+                                                                       const AsrLibrary&);
 
 /// What was not taken of a library's file, under the rule "load".
 [[nodiscard]] std::vector<LibraryFinding>

@@ -98,44 +98,39 @@ void MainSession::storeNewComponents(int index, NewComponentTable& table) {
         asrPage.designLibrary.erase(part);
         if (index == 0) {
             sdtaPage.designLibrary.erase(part);
-            sdtaPage.publicLibrary.erase(part);
-        } else {
-            asrPage.publicLibrary.erase(part);
+            if (sdtaPage.publicLibrary.erase(part) != 0)
+                sdtaPage.markModified(false);
+        } else if (asrPage.publicLibrary.erase(part) != 0) {
+            asrPage.markModified(false);
         }
     }
     page(index).storeNewComponents(table);
 }
 
 bool MainSession::closeWithOk() {
-    bool close = true;
-    for (int index = 0; index < pageCount; ++index) {
-        const SaveOutcome outcome = page(index).save(false);
-        close = close && (outcome == SaveOutcome::Saved || outcome == SaveOutcome::CannotOpen);
-    }
-    return saveLinks() && close;
+    const bool isOtherUnsaved = sdtaPage.hasUnsaved(!isDesign_) || asrPage.hasUnsaved(!isDesign_);
+    const bool savesOther =
+        isOtherUnsaved &&
+        prompt_.ask(message::caption, isDesign_ ? message::publicUnsaved : message::designUnsaved);
+    bool isSaved = saveBothPages(isDesign_);
+    if (savesOther)
+        isSaved = saveBothPages(!isDesign_) && isSaved;
+    return saveLinks() && isSaved;
+}
+
+bool MainSession::saveBothPages(bool isDesign) {
+    bool isSaved = true;
+    for (int index = 0; index < pageCount; ++index)
+        isSaved = page(index).saveType(isDesign, false) && isSaved;
+    return isSaved;
 }
 
 bool MainSession::saveLinks() {
-    LinkSaveResult saved = SaveDatasheetLinks(app_.paths, app_.libraries);
-    if (saved.status == SaveStatus::WouldDrop) {
-        if (!prompt_.ask(message::caption, saved.message))
-            return false;
-        app_.libraries.loadReports[datasheetLinksPath(app_.paths)].dropsAllowed = true;
-        saved = SaveDatasheetLinks(app_.paths, app_.libraries);
-    }
-    if (!saved.message.empty())
-        prompt_.tell(saved.message, PromptIcon::Warning);
-    switch (saved.status) {
-    case SaveStatus::Saved:
-    case SaveStatus::OpenFailed:
-        return true;
-    case SaveStatus::Refused:
-    case SaveStatus::WouldDrop:
-    case SaveStatus::WriteFailed:
-    case SaveStatus::Unencodable:
-        break;
-    }
-    return app_.libraries.datasheetLinks.empty();
+    const bool isSaved = saveLinkFile(app_, prompt_);
+    const auto report = app_.libraries.loadReports.find(datasheetLinksPath(app_.paths));
+    const bool isWithheld = report != app_.libraries.loadReports.end() &&
+                            report->second.fault != LibraryFault::None;
+    return isSaved || (isWithheld && app_.libraries.datasheetLinks.empty());
 }
 
 } // namespace partwright

@@ -4,7 +4,8 @@
 // offered, the two auto-fill commands, and the way it ends.
 //
 // "Save" writes the active page's library; "OK" writes both libraries of the current type, changed
-// or not, and the links to data sheets. Cancel writes nothing.
+// or not, and the links to data sheets; when records of the other type were changed and not saved,
+// it asks whether to write those as well. Cancel writes nothing and asks nothing.
 
 #include "core/application.h"
 #include "core/ports/prompt.h"
@@ -63,11 +64,12 @@ public:
     /// were removed leave both pages.
     void storeNewComponents(int page, NewComponentTable& table);
 
-    /// Saves all; true when the window closes. It stays, with everything in memory, when a write
-    /// was refused or failed; a file that cannot be opened is told and does not keep it open.
+    /// Saves all; true when the window closes. It stays, with everything in memory, when anything
+    /// could not be written.
     bool closeWithOk();
 
 private:
+    bool saveBothPages(bool isDesign);
     /// False when links would be lost by closing.
     bool saveLinks();
 

@@ -240,8 +240,13 @@ std::vector<std::size_t> NewComponentTable::deleteRows(std::vector<std::size_t> 
     parts.reserve(selected.size());
     for (const std::size_t row : selected)
         parts.push_back(rows_[row].part);
+    const Deletion deletion = deletionOf(parts, projectParts_);
+    if (deletion.deletable.empty())
+        prompt_.tell(deletion.text, PromptIcon::None);
+    else if (!prompt_.ask(message::caption, deletion.text))
+        return {};
     std::vector<std::size_t> gone;
-    for (const std::size_t place : confirmDeletion(parts, projectParts_, prompt_))
+    for (const std::size_t place : deletion.deletable)
         gone.push_back(selected[place]);
     std::vector<NewComponentRow> left;
     for (std::size_t row = 0; row < rows_.size(); ++row) {

@@ -159,6 +159,7 @@ std::wstring datasheetLinksPath(const ProjectPaths& paths) {
 LoadResult LoadDatasheetLinks(const ProjectPaths& paths, Libraries& libraries) {
     const std::wstring path = datasheetLinksPath(paths);
     const TextFile file = readTextFile(path);
+    rememberRead(libraries, path, file);
     LoadReport report;
     if (file.status == FileStatus::OpenFailed)
         report.setFault(LibraryFault::Unreadable, message::fileUnreadable());
@@ -168,25 +169,27 @@ LoadResult LoadDatasheetLinks(const ProjectPaths& paths, Libraries& libraries) {
     return resultOf(file.status, path);
 }
 
-LinkSaveResult SaveDatasheetLinks(const ProjectPaths& paths, Libraries& libraries) {
+SaveResult SaveDatasheetLinks(const ProjectPaths& paths, Libraries& libraries,
+                              SaveChoices choices) {
     const std::wstring path = datasheetLinksPath(paths);
     const DatasheetLinks& links = libraries.datasheetLinks;
     LoadReport& report = libraries.loadReports[path];
-    if (report.fault != LibraryFault::None)
-        return {SaveStatus::Refused, message::saveWouldLose(path, report.faultText)};
+    SaveResult result = lookAtReport(report, path, report.drops(), choices);
     for (const auto& [part, file] : links)
-        if (!file.empty() &&
-            linkCells(linkLine(part, file)) != std::vector<std::wstring>{part, file})
-            return {SaveStatus::Refused, message::linkNotReadBack(path, part, file)};
-    if (report.drops() > 0 && !report.dropsAllowed)
-        return {SaveStatus::WouldDrop, message::savingWillDrop(path, report.drops())};
-    const WriteResult written = writeTextFile(path, formatLinks(links, report, formOnDisk(path)));
-    if (written.status == WriteStatus::OpenFailed)
-        return {SaveStatus::OpenFailed, message::failedToOpenForWriting(path)};
-    if (written.status == WriteStatus::WriteFailed)
-        return {SaveStatus::WriteFailed, message::failedToWrite(path, written.reason)};
-    report.fileWritten(supersededParts(report, links));
-    return {};
+        if (result.status == SaveStatus::Saved && !file.empty() &&
+            linkCells(linkLine(part, file)) != std::vector<std::wstring>{part, file}) {
+            result.status = SaveStatus::Refused;
+            result.message = message::linkNotReadBack(path, part, file);
+        }
+    if (result.status != SaveStatus::Saved)
+        return result;
+    InPlaceFile file(path);
+    result = lookBeforeSave(libraries, path, file, choices);
+    if (result.status == SaveStatus::Saved)
+        result = putInPlace(libraries, path, file, formatLinks(links, report, file.form()));
+    if (result.status == SaveStatus::Saved)
+        report.fileWritten(supersededParts(report, links));
+    return result;
 }
 
 } // namespace partwright

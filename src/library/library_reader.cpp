@@ -2,6 +2,7 @@
 
 #include "core/messages.h"
 #include "library/library_dialect.h"
+#include "library/save_result.h"
 
 #include <utility>
 
@@ -29,6 +30,7 @@ void tellGroupFault(const CPartwrightPlugInApp& app, LoadReport& report) {
 template <class Record>
 void takeRecords(CPartwrightPlugInApp& app, typename Kind<Record>::Library& target, TextFile& file,
                  LoadResult& result) {
+    rememberRead(app.libraries, result.path, file);
     LoadReport report;
     if (file.status == FileStatus::OpenFailed) {
         report.setFault(LibraryFault::Unreadable, message::fileUnreadable());

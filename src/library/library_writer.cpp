@@ -387,43 +387,33 @@ std::wstring fullPath(const std::wstring& path) {
 }
 
 template <class Record>
-SaveResult saveLibrary(const CPartwrightPlugInApp& app, std::span<const Record* const> records,
-                       const std::wstring& path, SaveForm wanted) {
-    SaveResult result;
-    result.path = path;
+SaveResult saveLibrary(CPartwrightPlugInApp& app, std::span<const Record* const> records,
+                       const std::wstring& path, SaveChoices choices) {
     static const LoadReport nothing;
     const auto found = app.libraries.loadReports.find(path);
     const LoadReport& report = found == app.libraries.loadReports.end() ? nothing : found->second;
-    if (report.fault != LibraryFault::None) {
-        result.status = SaveStatus::Refused;
-        result.message = message::saveWouldLose(path, report.faultText);
+    SaveResult result = lookAtReport(report, path, droppedLines(report, records), choices);
+    if (result.status != SaveStatus::Saved)
         return result;
-    }
-    if (const std::size_t lines = droppedLines(report, records);
-        lines > 0 && !report.dropsAllowed) {
-        result.status = SaveStatus::WouldDrop;
-        result.message = message::savingWillDrop(path, lines);
+    InPlaceFile file(path);
+    result = lookBeforeSave(app.libraries, path, file, choices);
+    if (result.status != SaveStatus::Saved)
         return result;
-    }
-    TextForm form = formOnDisk(path);
-    if (wanted == SaveForm::Utf8)
+    TextForm form = file.form();
+    if (choices.asUtf8)
         form.codePage = CodePage::Utf8;
     FormattedLibrary text = formatLibrary<Record>(app, records, fullPath(path), form, report);
-    if (!text.encodable) {
-        result.status = SaveStatus::Unencodable;
-        result.message = message::characterNotInCodePage(path, text.part, text.column);
-        result.part = std::move(text.part);
-        result.column = std::move(text.column);
+    if (text.encodable) {
+        const auto superseded = supersededParts(report, records);
+        result = putInPlace(app.libraries, path, file, std::move(text.bytes));
+        if (result.status == SaveStatus::Saved)
+            app.libraries.loadReports[path].fileWritten(superseded);
         return result;
     }
-    const WriteResult written = writeTextFile(path, text.bytes);
-    if (written.status == WriteStatus::OpenFailed) {
-        result.status = SaveStatus::OpenFailed;
-        result.message = message::failedToOpenForWriting(path);
-    } else if (written.status == WriteStatus::WriteFailed) {
-        result.status = SaveStatus::WriteFailed;
-        result.message = message::failedToWrite(path, written.reason);
-    }
+    result.status = SaveStatus::Unencodable;
+    result.message = message::characterNotInCodePage(path, text.part, text.column);
+    result.part = std::move(text.part);
+    result.column = std::move(text.column);
     return result;
 }
 
@@ -540,18 +530,17 @@ template FormattedLibrary formatLibrary<AsrComponent>(const CPartwrightPlugInApp
                                                       std::wstring_view, TextForm,
                                                       const LoadReport&);
 
-SaveResult SaveSdtaLibrary(const CPartwrightPlugInApp& app,
-                           std::span<const SdtaComponent* const> records, std::wstring_view path,
-                           SaveForm wanted) {
+SaveResult SaveSdtaLibrary(CPartwrightPlugInApp& app, std::span<const SdtaComponent* const> records,
+                           std::wstring_view path, SaveChoices choices) {
     return saveLibrary<SdtaComponent>(
-        app, records, path.empty() ? app.paths.sdtaLibraryPath : std::wstring(path), wanted);
+        app, records, path.empty() ? app.paths.sdtaLibraryPath : std::wstring(path), choices);
 }
 
-SaveResult SaveAnalysesLibrary(const CPartwrightPlugInApp& app,
+SaveResult SaveAnalysesLibrary(CPartwrightPlugInApp& app,
                                std::span<const AsrComponent* const> records, std::wstring_view path,
-                               SaveForm wanted) {
+                               SaveChoices choices) {
     return saveLibrary<AsrComponent>(
-        app, records, path.empty() ? app.paths.asrLibraryPath : std::wstring(path), wanted);
+        app, records, path.empty() ? app.paths.asrLibraryPath : std::wstring(path), choices);
 }
 
 std::wstring GroupHeaderRow(const CPartwrightPlugInApp& app, std::int32_t group) {

@@ -12,7 +12,7 @@
 // with the separator or a quote in it, or "<" at its start, which would end the row.
 
 #include "core/application.h"
-#include "core/text_file.h"
+#include "library/save_result.h"
 
 #include <cstdint>
 #include <set>
@@ -22,36 +22,6 @@
 #include <vector>
 
 namespace partwright {
-
-enum class SaveStatus {
-    Saved,
-    /// The file was not understood when it was read (loadReports).
-    Refused,
-    /// Lines of the file would be lost, and nobody agreed to that (LoadReport::dropsAllowed).
-    WouldDrop,
-    OpenFailed,
-    WriteFailed,
-    /// A character of a part does not exist in the file's code page.
-    Unencodable,
-};
-
-struct SaveResult {
-    SaveStatus status = SaveStatus::Saved;
-    /// The file that was meant.
-    std::wstring path;
-    /// What to show; empty when the library was saved.
-    std::wstring message;
-    /// Where the first character stands that could not be encoded.
-    std::wstring part;
-    std::wstring column;
-};
-
-enum class SaveForm {
-    /// As the file on disk.
-    Kept,
-    /// Changed to UTF-8, which holds every character.
-    Utf8,
-};
 
 template <class Record>
 using RecordList = std::vector<const Record*>;
@@ -107,14 +77,12 @@ extern template std::size_t droppedLines<AsrComponent>(const LoadReport&,
                                                        std::span<const AsrComponent* const>);
 
 /// An empty path stands for the design library. `records` in the order of the file.
-[[nodiscard]] SaveResult SaveSdtaLibrary(const CPartwrightPlugInApp& app,
+[[nodiscard]] SaveResult SaveSdtaLibrary(CPartwrightPlugInApp& app,
                                          std::span<const SdtaComponent* const> records,
-                                         std::wstring_view path = {},
-                                         SaveForm form = SaveForm::Kept);
-[[nodiscard]] SaveResult SaveAnalysesLibrary(const CPartwrightPlugInApp& app,
+                                         std::wstring_view path = {}, SaveChoices choices = {});
+[[nodiscard]] SaveResult SaveAnalysesLibrary(CPartwrightPlugInApp& app,
                                              std::span<const AsrComponent* const> records,
-                                             std::wstring_view path = {},
-                                             SaveForm form = SaveForm::Kept);
+                                             std::wstring_view path = {}, SaveChoices choices = {});
 
 /// Single rows as they stand in a file, without a line end.
 [[nodiscard]] std::wstring GroupHeaderRow(const CPartwrightPlugInApp& app, std::int32_t group);

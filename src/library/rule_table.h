@@ -43,6 +43,8 @@ struct RuleTableForm {
 /// Column names of a table, sorted, with their places in its rows. A name that is asked for twice
 /// stands once.
 using RuleColumns = std::vector<std::pair<std::wstring, std::size_t>>;
+[[nodiscard]] std::shared_ptr<const RuleColumns>
+ruleColumnsOf(std::span<const std::wstring_view> names);
 
 struct RuleRow {
     /// From 1, the header included.

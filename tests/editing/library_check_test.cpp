@@ -44,9 +44,7 @@ Told openAndLook(const typename Kind<Record>::Library& library, std::int32_t gro
             told.cells.insert(header + narrow(box.text));
     }
     s.RefreshAllRowFlags();
-    if (!told.isFull)
-        d.prompt.expectQuestion(message::notAllFilledIn, PromptAnswer::Yes);
-    const TableOutcome outcome = s.ok({}, d.app.libraries.datasheetLinks);
+    const TableOutcome outcome = s.ok({}, d.app.libraries.datasheetLinks, Consent::Given);
     if (!outcome.accepted)
         told.stop = narrow(outcome.boxes.empty() ? *outcome.line : outcome.boxes[0].text);
     return told;
