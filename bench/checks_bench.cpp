@@ -17,13 +17,6 @@
 namespace partwright {
 namespace {
 
-class SilentPrompt final : public Prompt {
-public:
-    PromptAnswer show(std::wstring_view, std::wstring_view, PromptIcon, PromptButtons) override {
-        std::abort();
-    }
-};
-
 constexpr std::int32_t group = 9;
 constexpr std::int64_t fewRows = 1'000;
 constexpr std::int64_t manyRows = 10'000;
@@ -71,7 +64,6 @@ struct Bench {
     CPartwrightPlugInApp app;
     ValidationTables rules;
     PartSelection parts;
-    SilentPrompt prompt;
 
     Bench() {
         app.paths.hostTool = 1;
@@ -85,7 +77,7 @@ struct Bench {
     double okSeconds(std::int64_t count) {
         ComponentTableSession<AsrComponent> session(
             app, group, AnalysisLevel::Full, circuits(count), rules,
-            {&parts, &parts, &parts, [](std::wstring_view) { return false; }}, prompt);
+            {&parts, &parts, &parts, [](std::wstring_view) { return false; }});
         return seconds([&] {
             if (!session.ok({}, app.libraries.datasheetLinks).accepted)
                 std::abort();

@@ -63,7 +63,7 @@ struct Bench {
     }
     [[nodiscard]] std::unique_ptr<ComponentTableSession<SdtaComponent>> open(SdtaLibrary own) {
         return std::make_unique<ComponentTableSession<SdtaComponent>>(
-            app, group, AnalysisLevel::Full, std::move(own), rules, place(), prompt);
+            app, group, AnalysisLevel::Full, std::move(own), rules, place());
     }
 };
 

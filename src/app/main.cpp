@@ -2,6 +2,7 @@
 
 #include "core/command_line.h"
 #include "core/messages.h"
+#include "core/paths.h"
 #include "core/system_clock.h"
 #include "core/text_file.h"
 #include "dialogs/main_dialog.h"
@@ -47,7 +48,7 @@ int runWindow(const partwright::CommandLine& fields) {
     CPartwrightPlugInApp app;
     app.paths.hostTool = fields.hostTool;
     app.paths.libraryFolder = fields.libraryFolder;
-    app.paths.projectInputFolder = fields.projectInputFolder;
+    app.paths.projectInputFolder = asFolder(fields.projectInputFolder);
     app.startPage = fields.startPage;
     app.analysisLevel = fields.analysisLevel;
     ProgressBox progress;

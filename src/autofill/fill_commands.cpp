@@ -38,7 +38,7 @@ public:
         : tools_(tools), classifier_(classifier), groupLibrary_(groupLibrary),
           selection_(selection), completion_(tools.app.of<Record>()) {}
 
-    FillReport run(typename Kind<Record>::Library& library) {
+    FillReport<Record> run(typename Kind<Record>::Library& library) {
         for (auto& [key, record] : library)
             if (isWanted(key, record) && identify(trim(key), record))
                 report_.changed.push_back(key);
@@ -94,6 +94,7 @@ private:
     }
 
     void take(std::int32_t group, std::int32_t type, const PartDescription& part, Record& record) {
+        report_.before.push_back(record);
         record.group = group;
         record.type = type;
         record.family = FamilyNumber(Kind<Record>::family(group));
@@ -112,7 +113,7 @@ private:
     CompletionRules<Record> completion_;
     ScannedText scanned_;
     std::array<std::wstring, Kind<Record>::fillCells> cells_;
-    FillReport report_;
+    FillReport<Record> report_;
 };
 
 /// Copies what a description told into the values that are empty and that the type has.
@@ -129,18 +130,19 @@ void takeEmpty(const typename Kind<Record>::Row& row,
 }
 
 template <class Record>
-FillReport parseDescriptions(const FillTools& tools, const PartSelection& selection,
-                             typename Kind<Record>::Library& library) {
+FillReport<Record> parseDescriptions(const FillTools& tools, const PartSelection& selection,
+                                     typename Kind<Record>::Library& library) {
     const CompletionRules<Record> completion(tools.app.of<Record>());
     std::array<std::wstring, Kind<Record>::fillCells> cells;
     ScannedText scanned;
-    FillReport report;
+    FillReport<Record> report;
     for (auto& [key, record] : library) {
         if (record.completed != 0 || record.group == 0 || !designatorsOf(selection, key))
             continue;
         const typename Kind<Record>::Row* row = completion.row(record.group, record.type);
         if (!row)
             continue;
+        report.before.push_back(record);
         scanned.assign(tools.rewrite(record.Description));
         tools.filler.FillParamsFromDescription(record.group, record.type, cells, scanned,
                                                Kind<Record>::method, record.Notes);
@@ -167,25 +169,27 @@ std::int32_t analysesGroupOf(const ClassifierTables& tables, std::int32_t sdtaGr
     return std::max(code, 0);
 }
 
-FillReport RunGroupLibrary(const FillTools& tools, const Classifier& classifier,
-                           GroupLibrary& groupLibrary, const PartSelection& selection,
-                           SdtaLibrary& library) {
+FillReport<SdtaComponent> RunGroupLibrary(const FillTools& tools, const Classifier& classifier,
+                                          GroupLibrary& groupLibrary,
+                                          const PartSelection& selection, SdtaLibrary& library) {
     return GroupLibraryWalk<SdtaComponent>(tools, classifier, groupLibrary, selection).run(library);
 }
 
-FillReport RunAsrGroupLibrary(const FillTools& tools, const Classifier& classifier,
-                              GroupLibrary& groupLibrary, const PartSelection& selection,
-                              AsrLibrary& library) {
+FillReport<AsrComponent> RunAsrGroupLibrary(const FillTools& tools, const Classifier& classifier,
+                                            GroupLibrary& groupLibrary,
+                                            const PartSelection& selection, AsrLibrary& library) {
     return GroupLibraryWalk<AsrComponent>(tools, classifier, groupLibrary, selection).run(library);
 }
 
-FillReport ParseDescriptionsForSelection(const FillTools& tools, const PartSelection& selection,
-                                         SdtaLibrary& library) {
+FillReport<SdtaComponent> ParseDescriptionsForSelection(const FillTools& tools,
+                                                        const PartSelection& selection,
+                                                        SdtaLibrary& library) {
     return parseDescriptions<SdtaComponent>(tools, selection, library);
 }
 
-FillReport ParseAsrDescriptionsForSelection(const FillTools& tools, const PartSelection& selection,
-                                            AsrLibrary& library) {
+FillReport<AsrComponent> ParseAsrDescriptionsForSelection(const FillTools& tools,
+                                                          const PartSelection& selection,
+                                                          AsrLibrary& library) {
     return parseDescriptions<AsrComponent>(tools, selection, library);
 }
 

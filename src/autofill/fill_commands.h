@@ -34,9 +34,12 @@ struct FillTools {
     TextRewriter rewrite;
 };
 
+template <class Record>
 struct FillReport {
     /// Keys of the records gone through, in key order.
     std::vector<std::wstring> changed;
+    /// Those records as they were before, in the same order.
+    std::vector<Record> before;
     /// What is to be shown, in the order in which it came up.
     std::vector<std::wstring> messages;
 };
@@ -44,17 +47,19 @@ struct FillReport {
 /// The Analyses group of a part whose SDTA group is known; 0 when it has none.
 [[nodiscard]] std::int32_t analysesGroupOf(const ClassifierTables& tables, std::int32_t sdtaGroup);
 
-FillReport RunGroupLibrary(const FillTools& tools, const Classifier& classifier,
-                           GroupLibrary& groupLibrary, const PartSelection& selection,
-                           SdtaLibrary& library);
+FillReport<SdtaComponent> RunGroupLibrary(const FillTools& tools, const Classifier& classifier,
+                                          GroupLibrary& groupLibrary,
+                                          const PartSelection& selection, SdtaLibrary& library);
 /// Records of group 0 are left alone, too.
-FillReport RunAsrGroupLibrary(const FillTools& tools, const Classifier& classifier,
-                              GroupLibrary& groupLibrary, const PartSelection& selection,
-                              AsrLibrary& library);
+FillReport<AsrComponent> RunAsrGroupLibrary(const FillTools& tools, const Classifier& classifier,
+                                            GroupLibrary& groupLibrary,
+                                            const PartSelection& selection, AsrLibrary& library);
 
-FillReport ParseDescriptionsForSelection(const FillTools& tools, const PartSelection& selection,
-                                         SdtaLibrary& library);
-FillReport ParseAsrDescriptionsForSelection(const FillTools& tools, const PartSelection& selection,
-                                            AsrLibrary& library);
+FillReport<SdtaComponent> ParseDescriptionsForSelection(const FillTools& tools,
+                                                        const PartSelection& selection,
+                                                        SdtaLibrary& library);
+FillReport<AsrComponent> ParseAsrDescriptionsForSelection(const FillTools& tools,
+                                                          const PartSelection& selection,
+                                                          AsrLibrary& library);
 
 } // namespace partwright

@@ -1,5 +1,6 @@
 #include "autofill/fill_engine.h"
 
+#include "library/property_tables.h"
 #include "library/small_tables.h"
 
 #include <utility>
@@ -8,7 +9,8 @@ namespace partwright {
 
 namespace {
 
-FillReport withMessages(std::vector<std::wstring> messages, FillReport report) {
+template <class Record>
+FillReport<Record> withMessages(std::vector<std::wstring> messages, FillReport<Record> report) {
     report.messages.insert(report.messages.begin(), messages.begin(), messages.end());
     return report;
 }
@@ -42,6 +44,11 @@ std::vector<LoadResult> FillEngine::load() {
         results.push_back(resultOf(synonymFile_.status, synonymPath(app_.paths)));
         synonyms_.reset();
     }
+    if (prefixFile_.bytes.empty()) {
+        prefixFile_ = readTextFile(partPrefixPath(app_.paths));
+        results.push_back(resultOf(prefixFile_.status, partPrefixPath(app_.paths)));
+        synonyms_.reset();
+    }
     if (app_.classifier.DirectKeyTable.empty())
         results.push_back(LoadManagementTable(app_.paths, app_.classifier));
     if (app_.sdta.defaultLPar.empty())
@@ -55,9 +62,41 @@ std::vector<LoadResult> FillEngine::load() {
     return results;
 }
 
+std::vector<std::wstring> FillEngine::missingTables() {
+    std::vector<std::wstring> missing;
+    const auto need = [&missing](bool isThere, const std::wstring& path) {
+        if (!isThere)
+            missing.push_back(path);
+    };
+    static_cast<void>(classifier()); // reads the keywords
+    need(!app_.classifier.groupNamesByCode.empty(), app_.paths.descrRulesPath);
+    need(!keywords_->TypeKeywordTable.empty(), app_.paths.descrRulesSdtaTypesPath);
+    need(!app_.classifier.convBiCode.empty(), biCodePath(app_.paths));
+    need(!app_.sdta.properties.empty(), app_.paths.sdtaPropertyLibraryPath);
+    need(!app_.asr.properties.empty(), app_.paths.asrPropertyLibraryPath);
+    need(!app_.asr.columnsForRapid.empty() || !app_.asr.columnsForAsr.empty(),
+         columnVisibilityPath(app_.paths));
+    // These may stand without rows.
+    const auto needHeader = [&need](const std::wstring& path, std::wstring_view column) {
+        need(hasHeader(path, column), path);
+    };
+    needHeader(synonymPath(app_.paths), synonymForm().columns.front());
+    needHeader(app_.paths.managementTablePath, L"MethodID");
+    needHeader(app_.paths.sdtaDefaultLParPath, L"ID_Family");
+    needHeader(app_.paths.asrDefaultLParPath, L"ID_Family");
+    need(hasGroupLibrary(), app_.paths.groupLibraryPath);
+    return missing;
+}
+
+bool FillEngine::hasGroupLibrary() {
+    static_cast<void>(needGroupLibrary());
+    return !groupLibrary_.empty();
+}
+
 const SynonymTable& FillEngine::synonyms() const {
     if (!synonyms_)
-        synonyms_.emplace(ruleTableOf(synonymFile_, synonymForm()));
+        synonyms_.emplace(ruleTableOf(synonymFile_, synonymForm()),
+                          PartPrefixes(ruleTableOf(prefixFile_, partPrefixForm())));
     return *synonyms_;
 }
 
@@ -169,23 +208,27 @@ PartDescription FillEngine::describe(std::wstring_view partNumber) {
     return part;
 }
 
-FillReport FillEngine::runGroupLibrary(const PartSelection& selection, SdtaLibrary& library) {
+FillReport<SdtaComponent> FillEngine::runGroupLibrary(const PartSelection& selection,
+                                                      SdtaLibrary& library) {
     auto messages = needGroupLibrary();
     return withMessages(std::move(messages), RunGroupLibrary(work().tools, classifier(),
                                                              groupLibrary_, selection, library));
 }
 
-FillReport FillEngine::runGroupLibrary(const PartSelection& selection, AsrLibrary& library) {
+FillReport<AsrComponent> FillEngine::runGroupLibrary(const PartSelection& selection,
+                                                     AsrLibrary& library) {
     auto messages = needGroupLibrary();
     return withMessages(std::move(messages), RunAsrGroupLibrary(work().tools, classifier(),
                                                                 groupLibrary_, selection, library));
 }
 
-FillReport FillEngine::parseDescriptions(const PartSelection& selection, SdtaLibrary& library) {
+FillReport<SdtaComponent> FillEngine::parseDescriptions(const PartSelection& selection,
+                                                        SdtaLibrary& library) {
     return ParseDescriptionsForSelection(work().tools, selection, library);
 }
 
-FillReport FillEngine::parseDescriptions(const PartSelection& selection, AsrLibrary& library) {
+FillReport<AsrComponent> FillEngine::parseDescriptions(const PartSelection& selection,
+                                                       AsrLibrary& library) {
     return ParseAsrDescriptionsForSelection(work().tools, selection, library);
 }
 

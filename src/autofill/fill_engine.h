@@ -60,6 +60,11 @@ public:
     /// for it.
     [[nodiscard]] std::vector<LoadResult> load();
 
+    /// Tables that filling rests on and that gave nothing: not there, empty, or without a header
+    /// that is known. The group library, which is read now if it was not yet, stands among them.
+    [[nodiscard]] std::vector<std::wstring> missingTables();
+    [[nodiscard]] bool hasGroupLibrary();
+
     /// Group and type of an SDTA record, by the words of its description and its designators.
     [[nodiscard]] Classification classify(std::wstring_view designators,
                                           std::wstring_view description);
@@ -88,10 +93,11 @@ public:
     [[nodiscard]] std::size_t workedOut() const { return workedOut_; }
 
     /// The two commands over a library (fill_commands.h).
-    FillReport runGroupLibrary(const PartSelection& selection, SdtaLibrary& library);
-    FillReport runGroupLibrary(const PartSelection& selection, AsrLibrary& library);
-    FillReport parseDescriptions(const PartSelection& selection, SdtaLibrary& library);
-    FillReport parseDescriptions(const PartSelection& selection, AsrLibrary& library);
+    FillReport<SdtaComponent> runGroupLibrary(const PartSelection& selection, SdtaLibrary& library);
+    FillReport<AsrComponent> runGroupLibrary(const PartSelection& selection, AsrLibrary& library);
+    FillReport<SdtaComponent> parseDescriptions(const PartSelection& selection,
+                                                SdtaLibrary& library);
+    FillReport<AsrComponent> parseDescriptions(const PartSelection& selection, AsrLibrary& library);
 
 private:
     /// The rules that are compiled into the program, and who works with them.
@@ -120,6 +126,7 @@ private:
     /// Files as they were read, until the first text asks for what they say.
     TextFile keywordFile_;
     TextFile synonymFile_;
+    TextFile prefixFile_;
     mutable std::unique_ptr<const Work> work_;
     mutable std::optional<TypeKeywords> keywords_;
     mutable std::optional<SynonymTable> synonyms_;

@@ -1,12 +1,11 @@
 #include "autofill/group_library.h"
 
+#include "autofill/group_library_sections.h"
 #include "core/messages.h"
 #include "core/text.h"
 #include "core/text_file.h"
-#include "library/text_table.h"
 
 #include <algorithm>
-#include <array>
 #include <limits>
 #include <optional>
 
@@ -14,96 +13,19 @@ namespace partwright {
 
 namespace {
 
-constexpr std::size_t columnsOfRow = 28;
-constexpr std::wstring_view separator = L",";
-
-/// A section: its column names, and the lines that hold rows.
-struct Section {
-    bool present = false;
-    HeaderColumns header;
-    std::vector<std::wstring> rows;
-};
-
-class SectionReader {
-public:
-    SectionReader(std::string_view bytes, CodePage codePage) : lines_(bytes), codePage_(codePage) {}
-
-    /// Goes on behind the section read before.
-    Section read(std::wstring_view name) {
-        Section section;
-        std::wstring line;
-        while (next(line))
-            if (line.find(name) != std::wstring::npos) {
-                readInto(section);
-                break;
-            }
-        return section;
-    }
-
-private:
-    bool next(std::wstring& line) {
-        std::string_view bytes;
-        if (!lines_.next(bytes))
-            return false;
-        line = decode(bytes, codePage_);
-        return true;
-    }
-
-    void readInto(Section& section) {
-        std::size_t count = 0;
-        std::wstring line;
-        while (next(line) && line.find(L"End of Section") == std::wstring::npos) {
-            ++count;
-            if (trim(line).empty() || line.starts_with(L'#'))
-                continue;
-            if (section.header.empty())
-                section.header = headerOf(line);
-            else
-                section.rows.push_back(line);
-        }
-        section.present = count >= 2;
-    }
-
-    /// The first of two columns of one name counts.
-    static HeaderColumns headerOf(std::wstring_view line) {
-        HeaderColumns header;
-        std::size_t position = 0;
-        for (const std::wstring_view cell : split(line, separator.front())) {
-            const std::wstring_view name = trimOf(cell, L" \t\"");
-            if (!name.empty())
-                header.emplace(name, position);
-            ++position;
-        }
-        return header;
-    }
-
-    LineReader lines_;
-    CodePage codePage_;
-};
-
-std::wstring take(RowValues& row, std::wstring_view column) {
-    const auto cell = row.find(column);
-    return cell == row.end() ? std::wstring() : std::move(cell->second);
-}
-
-/// A cell that starts with a number.
-std::optional<std::int32_t> idOf(const RowValues& row, std::wstring_view column) {
-    const auto cell = row.find(column);
-    if (cell == row.end() || readInteger(cell->second).consumed == 0)
-        return std::nullopt;
-    return toInteger(cell->second);
-}
+using namespace group_library;
 
 using NamesById = std::map<std::int32_t, std::wstring>;
 
 NamesById namesOf(const Section& section, std::wstring_view idColumn,
                   std::wstring_view nameColumn) {
-    const std::array columns = {idColumn, nameColumn};
+    const std::wstring_view columns[] = {idColumn, nameColumn};
+    const SectionRows rows(section, columns);
     NamesById names;
-    for (const std::wstring& line : section.rows) {
-        RowValues row = SplitRow(line, separator, columns, section.header);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const RuleRow row = rows[i];
         if (const auto id = idOf(row, idColumn))
-            names[*id] = take(row, nameColumn);
+            names[*id] = row.text(nameColumn);
     }
     return names;
 }
@@ -120,35 +42,37 @@ RulesById rulesOf(const Section& section, const NamesById& families,
     constexpr std::wstring_view columns[] = {L"Rules_ID",   L"Completed", L"RegExp",
                                              L"Example",    L"Family_ID", L"Manufacturer_ID",
                                              L"Description"};
+    const SectionRows rows(section, columns);
     RulesById rules;
-    for (const std::wstring& line : section.rows) {
-        RowValues row = SplitRow(line, separator, columns, section.header);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const RuleRow row = rows[i];
         const auto id = idOf(row, L"Rules_ID");
-        if (!id || toInteger(take(row, L"Completed")) == 0)
+        if (!id || row.number(L"Completed").value_or(0) == 0)
             continue;
         GroupLibraryRule rule;
         rule.id = *id;
-        rule.regExp = take(row, L"RegExp");
-        if (rule.regExp.empty() || !ValidateRegularExpression(rule.regExp))
+        rule.regExp = row.text(L"RegExp");
+        if (rule.regExp.empty() || (!rule.byColumns() && !ValidateRegularExpression(rule.regExp)))
             continue;
         rule.familyName = nameFor(families, idOf(row, L"Family_ID"));
         rule.manufacturer = nameFor(manufacturers, idOf(row, L"Manufacturer_ID"));
-        rule.example = take(row, L"Example");
-        rule.description = take(row, L"Description");
+        rule.example = row.text(L"Example");
+        rule.description = row.text(L"Description");
         rules[*id] = std::move(rule);
     }
     return rules;
 }
 
 /// The rows of one rule, gathered by columns.
-class RuleColumns {
+class RuleColumnsGatherer {
 public:
-    void append(std::int32_t subRule, RowValues& row) {
-        constexpr std::int32_t methodRow = 3;
-        for (std::size_t i = 0; i < columnsOfRow; ++i) {
-            columns_[i].push_back(take(row, names()[i]));
-            if (subRule == methodRow && split_ == columnsOfRow &&
-                columns_[i].back() == L"Description")
+    /// Cells of the row from `first` on are LPar1 and on.
+    void append(std::int32_t subRule, RuleRow& row, std::size_t first) {
+        constexpr std::int32_t methodSubRule = 3;
+        for (std::size_t i = 0; i < tableColumns; ++i) {
+            columns_[i].push_back(std::move(row.cells[first + i]).value_or(std::wstring()));
+            if (subRule == methodSubRule && split_ == tableColumns &&
+                columns_[i].back() == descriptionMethod)
                 split_ = i;
         }
     }
@@ -169,63 +93,52 @@ public:
                          });
     }
 
-    /// LPar1 to LPar28.
-    static const std::array<std::wstring, columnsOfRow>& names() {
-        static const auto list = [] {
-            std::array<std::wstring, columnsOfRow> result;
-            for (std::size_t i = 0; i < columnsOfRow; ++i)
-                result[i] = L"LPar" + std::to_wstring(i + 1);
-            return result;
-        }();
-        return list;
-    }
-
 private:
     /// A column without a place stands last.
     static std::int64_t placeOf(const GroupLibraryColumn& column) {
-        const std::wstring& cell = column.front();
+        const std::wstring_view cell = cellOf(column, positionRow);
         return cell.empty() ? std::numeric_limits<std::int64_t>::max() : toInteger(cell);
     }
 
-    std::array<GroupLibraryColumn, columnsOfRow> columns_;
-    std::size_t split_ = columnsOfRow;
+    std::array<GroupLibraryColumn, tableColumns> columns_;
+    std::size_t split_ = tableColumns;
 };
 
 void addColumns(const Section& section, RulesById& rules) {
     std::vector<std::wstring_view> columns = {L"Rule_ID", L"SubRul_ID"};
-    columns.insert(columns.end(), RuleColumns::names().begin(), RuleColumns::names().end());
+    const std::size_t firstCell = columns.size();
+    columns.insert(columns.end(), tableColumnNames().begin(), tableColumnNames().end());
+    const SectionRows rows(section, columns);
     std::optional<std::int32_t> current;
-    RuleColumns gathered;
+    RuleColumnsGatherer gathered;
     const auto finish = [&] {
         const auto rule = current ? rules.find(*current) : rules.end();
         if (rule != rules.end())
             gathered.moveTo(rule->second);
-        gathered = RuleColumns();
+        gathered = RuleColumnsGatherer();
     };
-    for (const std::wstring& line : section.rows) {
-        RowValues row = SplitRow(line, separator, columns, section.header);
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        RuleRow row = rows[i];
         const auto id = idOf(row, L"Rule_ID");
         if (!id)
             continue;
         if (id != current)
             finish();
         current = id;
-        gathered.append(toInteger(take(row, L"SubRul_ID")), row);
+        gathered.append(row.number(L"SubRul_ID").value_or(0), row, firstCell);
     }
     finish();
 }
 
-/// Reads the positions of the key columns; together they must count 1, 2, 3 and on.
-void prepareIndex(GroupLibraryRule& rule) {
+/// Makes the key columns ready; their positions together must count 1, 2, 3 and on.
+void prepareKeys(GroupLibraryRule& rule) {
     std::int32_t expected = 1;
     for (const GroupLibraryColumn& column : rule.keyColumns) {
-        rule.positions.push_back(column.empty() ? std::vector<std::int32_t>()
-                                                : ParseIndexList(column.front()));
-        for (const std::int32_t position : rule.positions.back()) {
+        rule.keys.emplace_back(column);
+        for (const std::int32_t position : rule.keys.back().positions()) {
             if (position != expected && rule.indexFault.empty()) {
-                const std::wstring field = expected == 1       ? L"KEY_PN"
-                                           : column.size() > 1 ? column[1]
-                                                               : L"";
+                const std::wstring_view field =
+                    expected == 1 ? std::wstring_view(L"KEY_PN") : cellOf(column, nameRow);
                 rule.indexFault = field.empty() ? std::wstring(message::indexFieldError)
                                                 : message::indexFieldErrorIn(field);
             }
@@ -239,25 +152,17 @@ void prepareIndex(GroupLibraryRule& rule) {
 } // namespace
 
 GroupLibraryTable parseGroupLibrary(std::string_view bytes, CodePage codePage) {
-    SectionReader reader(bytes, codePage);
-    const Section families = reader.read(L"Family Section");
-    if (!families.present)
+    const Sections sections = readSections(bytes, codePage);
+    if (!sections.rules.present)
         return {};
-    const Section manufacturers = reader.read(L"Manufacturer Section");
-    if (!manufacturers.present)
-        return {};
-    const Section list = reader.read(L"Rules List Section");
-    if (!list.present)
-        return {};
-    RulesById rules = rulesOf(list, namesOf(families, L"Family_ID", L"Family"),
-                              namesOf(manufacturers, L"Manufacturer_ID", L"ShortName"));
-    const Section descriptions = reader.read(L"Description Rules Section");
-    if (descriptions.present)
-        addColumns(descriptions, rules);
+    RulesById rules = rulesOf(sections.rules, namesOf(sections.families, L"Family_ID", L"Family"),
+                              namesOf(sections.makers, L"Manufacturer_ID", L"ShortName"));
+    if (sections.tables.present)
+        addColumns(sections.tables, rules);
     GroupLibraryTable table;
     table.reserve(rules.size());
     for (auto& [id, rule] : rules) {
-        prepareIndex(rule);
+        prepareKeys(rule);
         table.push_back(std::move(rule));
     }
     return table;
@@ -265,16 +170,54 @@ GroupLibraryTable parseGroupLibrary(std::string_view bytes, CodePage codePage) {
 
 GroupLibrary::GroupLibrary(GroupLibraryTable table, wchar_t mark)
     : table_(std::move(table)), mark_(mark) {
+    prepare();
+}
+
+void GroupLibrary::prepare() {
     std::vector<std::wstring> expressions;
-    expressions.reserve(table_.size());
-    for (const GroupLibraryRule& rule : table_)
-        expressions.push_back(rule.regExp);
+    for (std::size_t index = 0; index < table_.size(); ++index) {
+        const GroupLibraryRule& rule = table_[index];
+        if (!rule.byColumns()) {
+            byExpression_.push_back(index);
+            expressions.push_back(rule.regExp);
+            continue;
+        }
+        if (rule.keys.empty())
+            continue;
+        const auto codes = rule.keys.front().codes(rule.keyColumns.front());
+        if (codes.empty())
+            withoutFirstCode_.push_back(index);
+        for (const std::wstring_view code : codes) {
+            const auto fresh = static_cast<std::uint32_t>(byFirstCode_.size());
+            const std::uint32_t list = firstCodes_.insert(code, fresh);
+            if (list == fresh)
+                byFirstCode_.emplace_back();
+            byFirstCode_[list].push_back(index);
+        }
+    }
     expressions_ = RegularExpressionSet(expressions);
+}
+
+std::vector<std::size_t> GroupLibrary::candidates(std::wstring_view partNumber) const {
+    std::vector<std::size_t> found = expressions_.matches(partNumber);
+    for (std::size_t& index : found)
+        index = byExpression_[index];
+    found.insert(found.end(), withoutFirstCode_.begin(), withoutFirstCode_.end());
+    CharacterTrie::Node node = CharacterTrie::root;
+    for (const wchar_t c : partNumber) {
+        node = firstCodes_.step(node, c);
+        if (node == CharacterTrie::nowhere)
+            break;
+        if (const auto list = firstCodes_.value(node); list != CharacterTrie::noValue)
+            found.insert(found.end(), byFirstCode_[list].begin(), byFirstCode_[list].end());
+    }
+    std::sort(found.begin(), found.end());
+    return found;
 }
 
 PartDescription GroupLibrary::DescribePartNumber(std::wstring_view partNumber) {
     PartDescription result;
-    for (const std::size_t index : expressions_.matches(partNumber)) {
+    for (const std::size_t index : candidates(partNumber)) {
         const GroupLibraryRule& rule = table_[index];
         if (!rule.indexFault.empty()) {
             if (reported_.insert(rule.id).second)

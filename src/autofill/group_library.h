@@ -1,17 +1,19 @@
 #pragma once
 
 // The group library: from a bare part number to a full description. "GLibData.glb" holds, per
-// series of a manufacturer, a regular expression that knows the series' part numbers and a table of
-// what each position of such a number means. docs/group_library.md tells the layout with an
-// example.
+// series of a manufacturer, which part numbers belong to the series and a table of what each part
+// of such a number means. docs/group_library.md tells the layout with an example.
 //
 //   GroupLibrary library(parseGroupLibrary(bytes, codePage), L'.');
 //   library.DescribePartNumber(L"CRCW060310K0FKEA").description
 //       ->  "RES THICK FILM CHIP (SMD), 10.0 KOHM, 1 %, ..."
 //
-// All expressions are prepared together, so finding the rule of a part number does not depend on
-// the number of rules.
+// A rule knows its part numbers by its key columns ("=" for an expression), or by an expression.
+// Either way finding the rule of a part number does not depend on the number of rules: the codes of
+// all first key columns are one tree, and all expressions are prepared together.
 
+#include "autofill/character_trie.h"
+#include "autofill/group_library_codes.h"
 #include "core/encoding.h"
 #include "core/regular_expression_set.h"
 #include "library/load_result.h"
@@ -25,9 +27,6 @@
 
 namespace partwright {
 
-/// One text for each row of a rule, from row 1.
-using GroupLibraryColumn = std::vector<std::wstring>;
-
 struct GroupLibraryRule {
     std::int32_t id = 0;
     std::vector<GroupLibraryColumn> keyColumns;
@@ -39,10 +38,13 @@ struct GroupLibraryRule {
     std::wstring example;
     std::wstring description;
 
-    /// The part-number positions of each key column, from 1.
-    std::vector<std::vector<std::int32_t>> positions;
+    /// Of each key column.
+    std::vector<group_library::KeyCodes> keys;
     /// What is wrong with the positions; empty when they count 1, 2, 3 and on.
     std::wstring indexFault;
+
+    /// The part numbers are those that the key columns make up.
+    [[nodiscard]] bool byColumns() const { return regExp == group_library::byColumns; }
 };
 
 /// Ascending by id; every expression is valid.
@@ -51,8 +53,8 @@ using GroupLibraryTable = std::vector<GroupLibraryRule>;
 /// Reads the sections of the file. Rows that cannot serve are left out.
 [[nodiscard]] GroupLibraryTable parseGroupLibrary(std::string_view bytes, CodePage codePage);
 
-/// The text that a part number has by a rule whose expression matches it; empty when the number
-/// does not keep to the rule's table.
+/// The text that a part number has by a rule whose expression, if it has one, matches it; empty
+/// when the number does not keep to the rule's table.
 [[nodiscard]] std::wstring describeBy(const GroupLibraryRule& rule, std::wstring_view partNumber,
                                       wchar_t mark);
 
@@ -77,10 +79,22 @@ public:
     /// faults it has reported.
     [[nodiscard]] PartDescription DescribePartNumber(std::wstring_view partNumber);
 
+    /// Rules of the table that may know a part number: their expression matches it, or it begins
+    /// like one of theirs.
+    [[nodiscard]] std::vector<std::size_t> candidates(std::wstring_view partNumber) const;
+
 private:
+    void prepare();
+
     GroupLibraryTable table_;
-    RegularExpressionSet expressions_;
     wchar_t mark_ = L'.';
+    /// Rules that know their part numbers by an expression, and these expressions.
+    std::vector<std::size_t> byExpression_;
+    RegularExpressionSet expressions_;
+    /// Rules that know them by their columns: by the codes of the first column, or without any.
+    CharacterTrie firstCodes_;
+    std::vector<std::vector<std::size_t>> byFirstCode_;
+    std::vector<std::size_t> withoutFirstCode_;
     std::set<std::int32_t> reported_;
 };
 

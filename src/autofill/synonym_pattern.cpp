@@ -19,6 +19,14 @@ constexpr int maximumGroups = 4;
 constexpr std::size_t maximumRest = 255;
 
 constexpr std::wstring_view restStops = L" ,;()[]";
+
+/// How far it is to the end of the word; none when it is longer than a part number. Bounded, so
+/// that a long text without any stop takes linear time.
+std::optional<std::size_t> wordLength(std::wstring_view folded, std::size_t begin) {
+    const std::wstring_view word = folded.substr(begin, maximumRest + 1);
+    const std::size_t length = std::min(word.find_first_of(restStops), word.size());
+    return length > maximumRest ? std::nullopt : std::optional(length);
+}
 constexpr std::wstring_view marks[] = {L"$LOWER", L"$NOBLANK", L"$UPPER"};
 
 bool isDigitAt(std::wstring_view text, std::size_t at) {
@@ -171,6 +179,10 @@ std::optional<SynonymNumber> readSynonymNumber(std::wstring_view text, std::size
     if (end == at)
         return std::nullopt;
     return SynonymNumber{end, (lead == 0 ? L"0" : L"") + std::wstring(text.substr(at, end - at))};
+}
+
+std::size_t endOfPartNumber(std::wstring_view folded, std::size_t begin) {
+    return begin + wordLength(folded, begin).value_or(0);
 }
 
 std::optional<SynonymPattern> SynonymPattern::read(std::wstring_view find,
@@ -422,11 +434,9 @@ bool SynonymPattern::matchElement(const Element& element, const SynonymText& tex
                 return true;
             });
     case Kind::Rest: {
-        const std::size_t begin = at;
-        while (at < folded.size() && restStops.find(folded[at]) == std::wstring_view::npos)
-            if (++at - begin > maximumRest)
-                return false;
-        return true;
+        const auto length = wordLength(folded, at);
+        at += length.value_or(0);
+        return length.has_value();
     }
     }
     return false;

@@ -134,4 +134,8 @@ private:
 /// Letters, digits and the signs of units: what makes a word.
 [[nodiscard]] bool isSynonymWord(wchar_t c);
 
+/// Where a part number that begins at a place ends: before a blank or one of , ; ( ) [ ]. The
+/// place itself when it would be too long for a part number.
+[[nodiscard]] std::size_t endOfPartNumber(std::wstring_view folded, std::size_t begin);
+
 } // namespace partwright

@@ -189,7 +189,8 @@ struct SynonymTable::Entries {
 
 SynonymTable::SynonymTable() : entries_(std::make_shared<Entries>()) {}
 
-SynonymTable::SynonymTable(const RuleTable& table) {
+SynonymTable::SynonymTable(const RuleTable& table, PartPrefixes prefixes)
+    : prefixes_(std::move(prefixes)) {
     auto entries = std::make_shared<Entries>();
     for (const RuleRow& row : table.rows) {
         const std::wstring find = row.text(L"Find");
@@ -216,7 +217,7 @@ std::size_t SynonymTable::size() const {
 }
 
 std::wstring SynonymTable::rewrite(std::wstring_view text) const {
-    if (entries_->patterns.empty() || text.empty() || text == cell::shownNoValue)
+    if (size() + prefixes_.size() == 0 || text.empty() || text == cell::shownNoValue)
         return std::wstring(text);
     const SynonymText prepared(text);
     std::wstring result;
@@ -227,16 +228,21 @@ std::wstring SynonymTable::rewrite(std::wstring_view text) const {
     std::size_t behindMatch = 0;
     for (std::size_t at = 0; at < text.size();) {
         const bool blank = prepared.folded[at] == L' ';
-        const SynonymPattern* pattern = nullptr;
-        if (!blank && (at == behindMatch || begins(prepared.folded, at)))
-            pattern = entries_->find(prepared, at, match);
-        if (pattern == nullptr) {
+        const bool mayMatch = !blank && (at == behindMatch || begins(prepared.folded, at));
+        if (const auto* pattern = mayMatch ? entries_->find(prepared, at, match) : nullptr) {
+            separate(result);
+            pattern->appendReplacement(prepared, at, match, result);
+        } else if (const auto part =
+                       mayMatch ? prefixes_.at(prepared.folded, at) : PartPrefixes::Match();
+                   !part.says.empty()) {
+            separate(result);
+            result.append(text.substr(at, part.end - at)).append(L" ").append(part.says);
+            match.end = part.end;
+        } else {
             result += blank ? L' ' : text[at];
             ++at;
             continue;
         }
-        separate(result);
-        pattern->appendReplacement(prepared, at, match, result);
         at = match.end;
         behindMatch = at;
         if (at < text.size() && prepared.folded[at] != L' ')
@@ -255,8 +261,10 @@ std::wstring synonymPath(const ProjectPaths& paths) {
 
 LoadResult LoadSynonyms(const ProjectPaths& paths, SynonymTable& synonyms) {
     const RuleTable table = readRuleTable(synonymPath(paths), synonymForm());
-    synonyms = SynonymTable(table);
-    return resultOf(table, synonymPath(paths));
+    const RuleTable prefixes = readRuleTable(partPrefixPath(paths), partPrefixForm());
+    synonyms = SynonymTable(table, PartPrefixes(prefixes));
+    LoadResult result = resultOf(table, synonymPath(paths));
+    return result.message.empty() ? resultOf(prefixes, partPrefixPath(paths)) : result;
 }
 
 } // namespace partwright

@@ -6,13 +6,14 @@
 //   Find,Replace,Note
 //   <n> {KOHMS|KOHM},<1>kohm,             "4,7 kOhms"      ->  "4.7kohm"
 //   [CAP|CAPACITOR]<i>P<d>,<1>.<2>pF,     "CAP 4p7"        ->  "CAP 4.7pF"
-//   STM32*,<0> MICROCONTROLLER,           "STM32F103C8T6"  ->  "STM32F103C8T6 MICROCONTROLLER"
+//   BZX84C<i>V<i>*,<0> ZENER <1>.<2>V,    "BZX84C5V1"      ->  "BZX84C5V1 ZENER 5.1V"
 //
 // At each place of the text the first entry in file order that matches there is applied, and the
-// reading goes on behind it: replaced text is not read again. A place begins a match when it does
-// not continue a word, and a number also not behind one of - + ± ~ @ . # * < > ^; right behind a
-// match everything begins. A match must not end inside of a word or a number. A replacement stands
-// alone between blanks.
+// reading goes on behind it: replaced text is not read again. Where none matches, the table of
+// prefixes (part_prefixes.h) is asked whether a known part number begins. A place begins a match
+// when it does not continue a word, and a number also not behind one of - + ± ~ @ . # * < > ^;
+// right behind a match everything begins. A match must not end inside of a word or a number. A
+// replacement stands alone between blanks.
 //
 // In Find, letters match in any case, and so do the look-alikes of some signs (micro, ohm, degree,
 // dashes, blanks). A blank stands for no blank or some. Further:
@@ -28,6 +29,7 @@
 // and <u> the same as it was compared. The rewritten text begins with a blank, so that its first
 // word stands between separators like all others; an empty text and "-" stay as they are.
 
+#include "autofill/part_prefixes.h"
 #include "core/project_paths.h"
 #include "library/load_result.h"
 #include "library/rule_table.h"
@@ -44,7 +46,7 @@ namespace partwright {
 class SynonymTable {
 public:
     SynonymTable();
-    explicit SynonymTable(const RuleTable& table);
+    explicit SynonymTable(const RuleTable& table, PartPrefixes prefixes = {});
 
     /// An empty table gives the text as it stands.
     [[nodiscard]] std::wstring rewrite(std::wstring_view text) const;
@@ -52,6 +54,7 @@ public:
     /// Lines of the file whose entry cannot be read; they match nothing.
     [[nodiscard]] const std::vector<std::size_t>& faultyLines() const { return faultyLines_; }
     [[nodiscard]] std::size_t size() const;
+    [[nodiscard]] const PartPrefixes& prefixes() const { return prefixes_; }
 
     /// An entry that is never applied, since another one stands before it and always matches first.
     struct HiddenEntry {
@@ -64,6 +67,7 @@ public:
 private:
     struct Entries;
     std::shared_ptr<const Entries> entries_;
+    PartPrefixes prefixes_;
     std::vector<std::size_t> faultyLines_;
 };
 
@@ -72,7 +76,7 @@ private:
 
 [[nodiscard]] std::wstring synonymPath(const ProjectPaths& paths);
 
-/// From "DescrSynonyms.csv" beside the program; without the file the table is empty.
+/// From "DescrSynonyms.csv" and "PartPrefixes.csv" beside the program; what is not there is empty.
 LoadResult LoadSynonyms(const ProjectPaths& paths, SynonymTable& synonyms);
 
 } // namespace partwright

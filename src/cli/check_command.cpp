@@ -41,21 +41,32 @@ nlohmann::ordered_json json(const LibraryFinding& finding) {
             {"text", encodeUtf8(finding.finding.summary())}};
 }
 
+template <class Record>
+void addFindings(Project& project, const LibraryPageSession<Record>& page, AnalysisLevel level,
+                 std::vector<LibraryFinding>& findings) {
+    const auto add = [&](std::vector<LibraryFinding> found) {
+        std::move(found.begin(), found.end(), std::back_inserter(findings));
+    };
+    const auto& library = page.workingLibrary();
+    add(checkLibrary<Record>(project.app, library, project.session.rules, level));
+    add(saveFindings<Record>(project.app, library));
+}
+
 } // namespace
 
 int runCheck(const PlaceOptions& place, const CheckOptions& options, Streams streams) {
     Project project(place, streams);
+    if (!project.isThere())
+        return Usage;
     MainSession& session = project.session;
     // Parts that the libraries lack are unfilled ones in the window, so they are here.
     for (int index = 0; index < MainSession::pageCount; ++index) {
         session.page(index).setFilter(PageFilter::AllProject);
         session.page(index).refresh();
     }
-    std::vector<LibraryFinding> findings = checkLibrary<SdtaComponent>(
-        project.app, session.sdtaPage.workingLibrary(), session.rules, options.level);
-    std::vector<LibraryFinding> analyses = checkLibrary<AsrComponent>(
-        project.app, session.asrPage.workingLibrary(), session.rules, options.level);
-    std::move(analyses.begin(), analyses.end(), std::back_inserter(findings));
+    std::vector<LibraryFinding> findings;
+    addFindings(project, session.sdtaPage, options.level, findings);
+    addFindings(project, session.asrPage, options.level, findings);
     for (const LibraryFinding& finding : findings)
         if (place.json)
             streams.out << json(finding).dump() << '\n';
@@ -63,6 +74,7 @@ int runCheck(const PlaceOptions& place, const CheckOptions& options, Streams str
             printText(streams.out, finding);
     if (!place.json)
         streams.out << findings.size() << (findings.size() == 1 ? " finding" : " findings") << '\n';
+    project.tellLookedAt();
     if (project.prompt.unreadable())
         return Usage;
     return findings.empty() ? Fine : Findings;

@@ -1,7 +1,8 @@
 #include "cli/commands.h"
 #include "cli/project.h"
-#include "cli/record_changes.h"
 #include "core/encoding.h"
+#include "core/messages.h"
+#include "maintenance/record_changes.h"
 
 #include <nlohmann/json.hpp>
 
@@ -33,10 +34,10 @@ void printJson(std::ostream& out, const RecordChange& change) {
     out << line.dump() << '\n';
 }
 
-/// The auto-fill commands of one page, then its save. False when the library was not written.
+/// The auto-fill commands of one page, and what they changed since the library was read.
 template <class Record>
-bool fillPage(Project& project, LibraryPageSession<Record>& page, const FillOptions& options,
-              bool json, std::ostream& out) {
+std::vector<RecordChange> fillPage(Project& project, LibraryPageSession<Record>& page,
+                                   const FillOptions& options) {
     const auto before = project.app.libraries.designLibrary<Record>().records();
     page.setFilter(pageFilter(page, options.filter));
     page.refresh();
@@ -45,31 +46,51 @@ bool fillPage(Project& project, LibraryPageSession<Record>& page, const FillOpti
         page.runGroupLibrary();
     if (options.descriptions || all)
         page.parseDescriptions();
-    for (const RecordChange& change :
-         changesBetween(project.app.of<Record>(), before, page.designLibrary)) {
+    return changesBetween(project.app.of<Record>(), before, page.designLibrary);
+}
+
+template <class Record>
+void print(std::ostream& out, const std::vector<RecordChange>& changes, bool json) {
+    for (const RecordChange& change : changes) {
         if (json)
             printJson<Record>(out, change);
         else
             printText<Record>(out, change);
     }
-    return options.dryRun || page.save(false) == SaveOutcome::Saved;
 }
 
 } // namespace
 
 int runFill(const PlaceOptions& place, const FillOptions& options, Streams streams) {
     Project project(place, streams);
+    if (!project.isThere())
+        return Usage;
     // With a table or the part list unread, values would be missing or come from the wrong rules.
     // A library that was not read is refused by its own save.
     if (project.prompt.unreadableTable(project.app.libraries))
         return Usage;
-    const bool both = !options.sdta && !options.analyses;
+    if (const auto missing = project.engine.missingTables(); !missing.empty()) {
+        project.prompt.tell(message::fillNeedsTables(missing), PromptIcon::None);
+        return Usage;
+    }
+    const bool sdta = options.sdta || !options.analyses;
+    const bool analyses = options.analyses || !options.sdta;
+    MainSession& session = project.session;
+    // All is saved before anything is printed: whoever reads the answer may close the pipe.
+    std::vector<RecordChange> sdtaChanges;
+    std::vector<RecordChange> analysesChanges;
     bool written = true;
-    if (options.sdta || both)
-        written = fillPage(project, project.session.sdtaPage, options, place.json, streams.out);
-    if (options.analyses || both)
-        written =
-            fillPage(project, project.session.asrPage, options, place.json, streams.out) && written;
+    if (sdta) {
+        sdtaChanges = fillPage(project, session.sdtaPage, options);
+        written = options.dryRun || session.sdtaPage.save(false) == SaveOutcome::Saved;
+    }
+    if (analyses) {
+        analysesChanges = fillPage(project, session.asrPage, options);
+        written = (options.dryRun || session.asrPage.save(false) == SaveOutcome::Saved) && written;
+    }
+    print<SdtaComponent>(streams.out, sdtaChanges, place.json);
+    print<AsrComponent>(streams.out, analysesChanges, place.json);
+    project.tellLookedAt(sdta, analyses);
     if (!written)
         return Findings;
     return project.prompt.unreadable() ? Usage : Fine;

@@ -2,6 +2,7 @@
 
 #include "cli/commands.h"
 #include "cli/options.h"
+#include "cli/project.h"
 
 #include <CLI/CLI.hpp>
 
@@ -73,7 +74,8 @@ public:
         } catch (const CLI::ParseError& error) {
             return app_.exit(error, streams_.out, streams_.err) == 0 ? Fine : Usage;
         }
-        const int code = action_();
+        ConsolePrompt prompt(streams_.err);
+        const int code = foldersAreThere(place_, opensProject_, prompt) ? action_() : Usage;
         streams_.out.flush();
         if (streams_.out)
             return code;
@@ -89,6 +91,7 @@ private:
         addFilter(*command, filter_);
         command->callback([this] {
             status_.filter = filterNamed(filter_);
+            opensProject_ = true;
             action_ = [this] { return runStatus(place_, status_, streams_); };
         });
     }
@@ -108,6 +111,7 @@ private:
             ->capture_default_str();
         command->callback([this] {
             check_.level = levels.at(level_);
+            opensProject_ = true;
             action_ = [this] { return runCheck(place_, check_, streams_); };
         });
     }
@@ -126,6 +130,7 @@ private:
         addFilter(*command, filter_);
         command->callback([this] {
             fill_.filter = filterNamed(filter_);
+            opensProject_ = true;
             action_ = [this] { return runFill(place_, fill_, streams_); };
         });
     }
@@ -188,6 +193,7 @@ private:
     std::string filter_;
     std::string level_ = "full";
     std::string kind_;
+    bool opensProject_ = false;
     std::function<int()> action_;
 };
 

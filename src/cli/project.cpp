@@ -4,9 +4,11 @@
 #include "core/paths.h"
 #include "core/text_file.h"
 #include "editing/startup.h"
+#include "library/project_input.h"
 
 #include <algorithm>
 #include <filesystem>
+#include <utility>
 
 namespace partwright::cli {
 
@@ -45,6 +47,37 @@ Project::Project(const PlaceOptions& place, Streams streams)
     loadAtStart(app, clock_, prompt, startOptions(place));
     session.start();
     tellMissingGroups(app, prompt);
+    const std::wstring fault =
+        place.input.empty() ? std::wstring() : partListFault(app.paths, app.partList);
+    isThere_ = fault.empty() || prompt.unreadable(); // an unreadable list was told already
+    if (!isThere_)
+        prompt.tell(fault, PromptIcon::None);
+}
+
+void Project::tellLookedAt(bool sdta, bool analyses) {
+    std::vector<message::LookedAt> files;
+    if (sdta)
+        files.push_back({session.sdtaPage.libraryPath(), session.sdtaPage.workingLibrary().size()});
+    if (analyses)
+        files.push_back({session.asrPage.libraryPath(), session.asrPage.workingLibrary().size()});
+    prompt.tell(message::lookedAt(files), PromptIcon::None);
+}
+
+bool foldersAreThere(const PlaceOptions& place, bool project, Prompt& prompt) {
+    std::vector<std::pair<std::wstring_view, std::string>> named = {{L"--program", place.program}};
+    if (project)
+        named.insert(named.end(), {{L"--library", place.library},
+                                   {L"--input", place.input},
+                                   {L"--public", place.publicFolder}});
+    bool allThere = true;
+    for (const auto& [option, path] : named) {
+        std::error_code ignored;
+        if (path.empty() || std::filesystem::is_directory(std::filesystem::path(path), ignored))
+            continue;
+        prompt.tell(message::noFolder(option, folder(path)), PromptIcon::None);
+        allThere = false;
+    }
+    return allThere;
 }
 
 PageFilter pageFilter(const PageSession& page, std::optional<FilterChoice> choice) {

@@ -26,6 +26,12 @@ class Project {
 public:
     Project(const PlaceOptions& place, Streams streams);
 
+    /// False when the input folder that was named holds no part list, or one without a header line:
+    /// what a command answers would be about nothing. Told on the error stream.
+    [[nodiscard]] bool isThere() const { return isThere_; }
+    /// Says on the error stream how many records of which files the command looked at.
+    void tellLookedAt(bool sdta = true, bool analyses = true);
+
     CPartwrightPlugInApp app;
     ConsolePrompt prompt;
     FillEngine engine;
@@ -33,7 +39,12 @@ public:
 
 private:
     SystemClock clock_;
+    bool isThere_ = false;
 };
+
+/// The folders that the options name are all there, those of a project only where a command opens
+/// one; what is not there is told.
+[[nodiscard]] bool foldersAreThere(const PlaceOptions& place, bool project, Prompt& prompt);
 
 /// The filter of a page for a choice; without one, the filter that the page has.
 [[nodiscard]] PageFilter pageFilter(const PageSession& page, std::optional<FilterChoice> choice);

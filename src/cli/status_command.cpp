@@ -99,6 +99,8 @@ Json pageJson(const PageSession& page, CountColumns columns) {
 
 int runStatus(const PlaceOptions& place, const StatusOptions& options, Streams streams) {
     Project project(place, streams);
+    if (!project.isThere())
+        return Usage;
     for (int index = 0; index < MainSession::pageCount; ++index) {
         PageSession& page = project.session.page(index);
         page.setFilter(pageFilter(page, options.filter));
@@ -112,6 +114,7 @@ int runStatus(const PlaceOptions& place, const StatusOptions& options, Streams s
         printPage(streams.out, "SDTA", project.session.sdtaPage, sdtaColumns);
         printPage(streams.out, "Analyses", project.session.asrPage, asrColumns);
     }
+    project.tellLookedAt();
     return project.prompt.unreadable() ? Usage : Fine;
 }
 

@@ -87,6 +87,13 @@ Definitions<Record>::FindPropertyRow(std::wstring_view groupName,
 }
 
 template <class Record>
+bool Definitions<Record>::isInUse(std::int32_t group) const {
+    return group > 0 && static_cast<std::size_t>(group) < groupNames.size() &&
+           groupNames[static_cast<std::size_t>(group)].find(notApplicableGroup) ==
+               std::wstring::npos;
+}
+
+template <class Record>
 std::int32_t Definitions<Record>::GroupNumber(std::wstring_view groupName) const {
     const auto found = std::find(groupNames.begin(), groupNames.end(), groupName);
     return found == groupNames.end() ? 0 : static_cast<std::int32_t>(found - groupNames.begin());

@@ -59,6 +59,10 @@ struct Definitions : OwnDefinitions<Record> {
     [[nodiscard]] const Row* FindPropertyRow(std::wstring_view groupName,
                                              std::wstring_view typeName) const;
 
+    /// A group that the pages list and parts can have; numbers that name none, and codes that the
+    /// tables keep without a name, are "Not defined" to them.
+    [[nodiscard]] bool isInUse(std::int32_t group) const;
+
     /// Position in the group list; 0 when absent.
     [[nodiscard]] std::int32_t GroupNumber(std::wstring_view groupName) const;
 

@@ -22,6 +22,61 @@ std::wstring completenessStatus(std::int32_t uncompleted, std::int32_t total) {
                  uncompleted > 1 ? L"s" : L"", L" of ", std::to_wstring(total), L" total"});
 }
 
+namespace {
+
+std::wstring counted(std::size_t count, std::wstring_view one, std::wstring_view many) {
+    return join({std::to_wstring(count), L" ", count == 1 ? one : many});
+}
+
+} // namespace
+
+std::wstring fillDone(std::wstring_view command, std::size_t parts, std::size_t filled,
+                      std::size_t replaced, std::size_t emptied) {
+    if (parts == 0)
+        return join({command, L": no value was changed."});
+    return join({command, L": ", counted(parts, L"part", L"parts"), L", ",
+                 counted(filled, L"value", L"values"), L" filled, ", std::to_wstring(replaced),
+                 L" replaced, ", std::to_wstring(emptied), L" emptied."});
+}
+
+std::wstring fillTakenBack(std::wstring_view command, std::size_t restored, std::size_t kept) {
+    std::wstring text = join(
+        {command, L" taken back: ", counted(restored, L"part is", L"parts are"), L" as before."});
+    if (kept != 0)
+        text += join(
+            {L" ", counted(kept, L"part was", L"parts were"), L" changed since and left alone."});
+    return text;
+}
+
+std::wstring fillNeedsTables(const std::vector<std::wstring>& paths) {
+    std::wstring text = L"Nothing was filled: without these tables values would be missing or come "
+                        L"from the wrong rules.";
+    for (const std::wstring& path : paths)
+        text += join({L"\n", path});
+    return text;
+}
+
+std::wstring noPartList(std::wstring_view path) {
+    return join({L"There is no part list: ", path});
+}
+
+std::wstring noPartListHeader(std::wstring_view path) {
+    return join(
+        {L"No line \"#REFDES,P/N,MFG,DESCR,CPN,SELECT\" was found in the part list: ", path});
+}
+
+std::wstring lookedAt(const std::vector<LookedAt>& files) {
+    std::wstring text = L"Looked at ";
+    for (std::size_t i = 0; i < files.size(); ++i)
+        text += join({i == 0 ? L"" : L", ", counted(files[i].records, L"record", L"records"),
+                      L" of ", files[i].path});
+    return text;
+}
+
+std::wstring noFolder(std::wstring_view option, std::wstring_view path) {
+    return join({L"The folder of ", option, L" is not there: ", path});
+}
+
 std::wstring failedToOpen(std::wstring_view path) {
     return join({failedToOpenStart, path, L"."});
 }
@@ -53,6 +108,10 @@ std::wstring saveWouldLose(std::wstring_view path, std::wstring_view cause) {
     return join({L"The library was not written, since its records were not understood when it was "
                  L"read:\n",
                  path, L"\n", cause});
+}
+
+std::wstring saveChanges(std::wstring_view after) {
+    return join({L"A save changes it to \"", after, L"\"."});
 }
 
 std::wstring rowsLeftOut(std::wstring_view path, std::size_t leftOut, std::size_t rows) {

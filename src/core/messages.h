@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace partwright::message {
 
@@ -28,6 +29,28 @@ inline constexpr std::wstring_view confirmAutoFill =
 
 /// How many of the counted components are uncompleted.
 [[nodiscard]] std::wstring completenessStatus(std::int32_t uncompleted, std::int32_t total);
+
+/// What an auto-fill command did: parts that changed, and texts that were filled, replaced and
+/// emptied.
+[[nodiscard]] std::wstring fillDone(std::wstring_view command, std::size_t parts,
+                                    std::size_t filled, std::size_t replaced, std::size_t emptied);
+/// An auto-fill command was taken back; `kept` parts were changed since and stay as they are.
+[[nodiscard]] std::wstring fillTakenBack(std::wstring_view command, std::size_t restored,
+                                         std::size_t kept);
+/// Auto-fill would work without a table that it rests on.
+[[nodiscard]] std::wstring fillNeedsTables(const std::vector<std::wstring>& paths);
+/// The part list that a start looked for is not there.
+[[nodiscard]] std::wstring noPartList(std::wstring_view path);
+/// The part list has no header line, so no part was read from it.
+[[nodiscard]] std::wstring noPartListHeader(std::wstring_view path);
+/// A library file and how many records a command looked at.
+struct LookedAt {
+    std::wstring_view path;
+    std::size_t records = 0;
+};
+[[nodiscard]] std::wstring lookedAt(const std::vector<LookedAt>& files);
+/// A folder that a command line named is not there.
+[[nodiscard]] std::wstring noFolder(std::wstring_view option, std::wstring_view path);
 
 /// A file is there and cannot be opened for reading.
 [[nodiscard]] std::wstring failedToOpen(std::wstring_view path);
@@ -91,6 +114,8 @@ inline constexpr std::wstring_view longDescription = L"Description can't exceed 
 
 inline constexpr std::wstring_view columnsNotFilledIn = L"Not all columns are filled in.";
 inline constexpr std::wstring_view groupNotChosen = L"The component has no group.";
+/// The library file has rules for pins and "%" that do not give every text back.
+[[nodiscard]] std::wstring saveChanges(std::wstring_view after);
 
 // --- Change Component dialogs: the "Parameter Description" line ----------------------------------
 

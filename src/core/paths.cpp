@@ -45,6 +45,12 @@ std::wstring withSeparator(std::wstring_view folder) {
     return result;
 }
 
+std::wstring asFolder(std::wstring_view path) {
+    std::error_code ignored;
+    return std::filesystem::is_directory(nativePath(path), ignored) ? withSeparator(path)
+                                                                    : std::wstring(path);
+}
+
 std::wstring programPath() {
 #ifdef _WIN32
     std::wstring buffer(32768, L'\0');

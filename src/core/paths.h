@@ -23,6 +23,10 @@ inline constexpr wchar_t pathSeparator = L'/';
 /// The path with a separator at its end; an empty path stays empty.
 [[nodiscard]] std::wstring withSeparator(std::wstring_view folder);
 
+/// The path with a separator at its end when it names a folder; any other text, which may be the
+/// first half of a file's path, stays as it is.
+[[nodiscard]] std::wstring asFolder(std::wstring_view path);
+
 /// Full path of the running program; empty when the system does not tell.
 [[nodiscard]] std::wstring programPath();
 

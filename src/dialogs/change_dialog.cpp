@@ -53,7 +53,7 @@ CComChange1::CComChange1(TableSession& session, const DialogServices& services,
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     setSizeGripEnabled(true);
     auto* column = new QVBoxLayout(this);
-    grid_ = new CComponentGrid(session_, std::move(flags), this);
+    grid_ = new CComponentGrid(session_, services_.prompt, std::move(flags), this);
     grid_->setObjectName(QStringLiteral("componentGrid"));
     grid_->setAccessibleName(tr("Components of the group"));
     grid_->setPrintTitle(windowTitle().simplified());
@@ -196,9 +196,12 @@ void CComChange1::fitToScreen() {
 void CComChange1::accept() {
     if (!grid_->commitEdit())
         return;
-    const TableOutcome outcome =
-        session_.ok(grid_->rowOrder(), services_.app.libraries.datasheetLinks);
-    grid_->show(outcome);
+    const auto ok = [this](Consent consent) {
+        return session_.ok(grid_->rowOrder(), services_.app.libraries.datasheetLinks, consent);
+    };
+    TableOutcome outcome = ok(Consent::NotAsked);
+    if (grid_->show(outcome))
+        grid_->show(outcome = ok(Consent::Given));
     if (outcome.accepted)
         QDialog::accept();
     else
@@ -222,9 +225,12 @@ void CComChange1::keyPressEvent(QKeyEvent* event) {
 void CComChange1::escape() {
     if (grid_->escape())
         return;
-    if (findBar_->isVisible())
+    if (findBar_->isVisible()) {
         findBar_->close();
-    else if (session_.mayDrop())
+        return;
+    }
+    const TableOutcome outcome = session_.drop();
+    if (outcome.accepted || grid_->show(outcome))
         reject();
 }
 

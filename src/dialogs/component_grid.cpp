@@ -30,9 +30,9 @@ int gridColumn(std::size_t column) {
 
 } // namespace
 
-CComponentGrid::CComponentGrid(TableSession& session, std::shared_ptr<grid::SortFlags> flags,
-                               QWidget* parent)
-    : CGridWnd(parent), session_(session), cells_(session) {
+CComponentGrid::CComponentGrid(TableSession& session, Prompt& prompt,
+                               std::shared_ptr<grid::SortFlags> flags, QWidget* parent)
+    : CGridWnd(parent), session_(session), cells_(session), boxes_(prompt) {
     setSortFlags(std::move(flags));
     setSource(cells_);
     const RedrawLock lock(*this);
@@ -89,7 +89,7 @@ std::vector<std::size_t> CComponentGrid::selectedSessionRows() const {
     return rows;
 }
 
-void CComponentGrid::show(const TableOutcome& outcome) {
+bool CComponentGrid::show(const TableOutcome& outcome) {
     const auto numbers = [](const std::vector<std::size_t>& rows) {
         return std::vector<int>(rows.begin(), rows.end());
     };
@@ -101,7 +101,7 @@ void CComponentGrid::show(const TableOutcome& outcome) {
             sourceChanged(static_cast<int>(row));
     }
     judging_.start();
-    showRest(outcome);
+    return showRest(outcome);
 }
 
 void CComponentGrid::showLook(const TableOutcome& outcome) {
@@ -111,7 +111,7 @@ void CComponentGrid::showLook(const TableOutcome& outcome) {
 }
 
 /// All but the cells.
-void CComponentGrid::showRest(const TableOutcome& outcome) {
+bool CComponentGrid::showRest(const TableOutcome& outcome) {
     if (outcome.line)
         Q_EMIT lineChanged(qtText(*outcome.line));
     if (outcome.current)
@@ -129,7 +129,7 @@ void CComponentGrid::showRest(const TableOutcome& outcome) {
     }
     if (outcome.editorText)
         setControlText(qtText(*outcome.editorText));
-    session_.present(outcome);
+    return boxes_.show(outcome);
 }
 
 bool CComponentGrid::validateCell(int row, int col, const QString& text) {
@@ -235,8 +235,11 @@ bool CComponentGrid::keyPressed(QKeyEvent* event) {
 }
 
 void CComponentGrid::deleteSelectedRows() {
-    if (commitEdit())
-        show(session_.deleteRows(selectedSessionRows()));
+    if (!commitEdit())
+        return;
+    const std::vector<std::size_t> rows = selectedSessionRows();
+    if (show(session_.deleteRows(rows)))
+        show(session_.deleteRows(rows, Consent::Given));
 }
 
 void CComponentGrid::selectWholeRow() {

@@ -24,10 +24,11 @@ class CComponentGrid : public grid::CGridWnd {
 
 public:
     /// `flags` keep the sort directions as long as the program runs.
-    CComponentGrid(TableSession& session, std::shared_ptr<grid::SortFlags> flags, QWidget* parent);
+    CComponentGrid(TableSession& session, Prompt& prompt, std::shared_ptr<grid::SortFlags> flags,
+                   QWidget* parent);
 
-    /// Shows what a verb gave; its boxes come last.
-    void show(const TableOutcome& outcome);
+    /// Shows what a verb gave; its boxes come last. True when its question was answered with Yes.
+    bool show(const TableOutcome& outcome);
     /// The same for a verb that changed cells: unless it has a line of its own, the line speaks
     /// about what the current cell holds now.
     void showChange(const TableOutcome& outcome);
@@ -83,7 +84,7 @@ private:
     /// Shows what a look at a cell gave: no text has changed.
     void showLook(const TableOutcome& outcome);
     void showMove(const TableOutcome& outcome);
-    void showRest(const TableOutcome& outcome);
+    bool showRest(const TableOutcome& outcome);
     [[nodiscard]] CellAt sessionCell(int row, int col) const {
         return {static_cast<std::size_t>(sourceRow(row)), static_cast<std::size_t>(col)};
     }
@@ -91,6 +92,7 @@ private:
 
     TableSession& session_;
     TableCells cells_;
+    OutcomeBoxes boxes_;
     /// Judges the rows that nobody looked at yet, a few whenever there is time.
     QTimer judging_;
     PasteAs pasteAs_ = PasteAs::Text;

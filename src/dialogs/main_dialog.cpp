@@ -111,6 +111,8 @@ void CPartwrightPlugInDlg::addKeys() {
     turnPage({Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab, Qt::CTRL | Qt::SHIFT | Qt::Key_Tab,
               Qt::CTRL | Qt::Key_PageUp},
              -1);
+    connect(new QShortcut(QKeySequence::Undo, this), &QShortcut::activated, this,
+            [this] { activePageWidget().takeBackFill(); });
     auto* about = new QAction(tr("&About Partwright_PlugIn..."), this);
     about->setObjectName(QStringLiteral("about"));
     about->setShortcut(Qt::Key_F1);

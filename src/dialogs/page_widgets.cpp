@@ -3,13 +3,16 @@
 #include "core/messages.h"
 #include "dialogs/image_icon.h"
 #include "dialogs/look.h"
+#include "dialogs/row_list_dialog.h"
 #include "dialogs/wait_cursor.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace partwright {
 
@@ -161,7 +164,14 @@ void CLibraryPage::addStatusBox() {
     statusText_->setObjectName(objectName("StatusText"));
     statusText_->setWordWrap(true);
     row->addWidget(statusPicture_);
-    row->addWidget(statusText_, 1);
+    auto* texts = new QVBoxLayout;
+    texts->addWidget(statusText_);
+    partListNotice_ = new QLabel(box);
+    partListNotice_->setObjectName(objectName("PartListNotice"));
+    partListNotice_->setTextFormat(Qt::PlainText);
+    partListNotice_->setWordWrap(true);
+    texts->addWidget(partListNotice_);
+    row->addLayout(texts, 1);
     optionsRow_->addWidget(box, 1);
 }
 
@@ -169,6 +179,7 @@ void CLibraryPage::finishLayout() {
     addStatusBox();
     layout()->addWidget(list_);
     qobject_cast<QVBoxLayout*>(layout())->setStretchFactor(list_, 1);
+    addFillLine();
     // As the eye goes: path, options, list.
     QWidget* before = path_;
     for (QRadioButton* radio : findChildren<QRadioButton*>()) {
@@ -176,6 +187,70 @@ void CLibraryPage::finishLayout() {
         before = radio;
     }
     setTabOrder(before, list_);
+    setTabOrder(list_, showFill_);
+    setTabOrder(showFill_, takeBack_);
+}
+
+void CLibraryPage::addFillLine() {
+    fillRow_ = new QWidget(this);
+    auto* row = new QHBoxLayout(fillRow_);
+    row->setContentsMargins(0, 0, 0, 0);
+    fillText_ = new QLabel(fillRow_);
+    fillText_->setObjectName(objectName("FillText"));
+    fillText_->setWordWrap(true);
+    fillText_->setTextFormat(Qt::PlainText);
+    row->addWidget(fillText_, 1);
+    showFill_ = look::imageButton(tr("Sho&w"), QStringLiteral("list.svg"), QString(),
+                                  objectName("FillShow"));
+    takeBack_ = look::imageButton(tr("&Take back"), QStringLiteral("undo.svg"), QString(),
+                                  objectName("FillTakeBack"));
+    for (QPushButton* button : {showFill_, takeBack_}) {
+        button->setAutoDefault(false); // Enter in the list opens a group
+        row->addWidget(button);
+    }
+    connect(showFill_, &QPushButton::clicked, this, &CLibraryPage::listFilledRecords);
+    connect(takeBack_, &QPushButton::clicked, this, &CLibraryPage::takeBackFill);
+    layout()->addWidget(fillRow_);
+}
+
+void CLibraryPage::showFillLine() {
+    fillRow_->setVisible(session_.isDesign() && !session_.fillLine().empty());
+    fillText_->setText(QString::fromStdWString(session_.fillLine()));
+    const QString command = QString::fromStdWString(std::wstring(session_.filledBy()));
+    showFill_->setToolTip(tr("Lists every value that \"%1\" changed").arg(command));
+    takeBack_->setToolTip(
+        tr("Sets the parts that \"%1\" changed back to what they were (Ctrl+Z)").arg(command));
+    for (QPushButton* button : {showFill_, takeBack_})
+        button->setVisible(session_.canTakeBackFill());
+}
+
+void CLibraryPage::listFilledRecords() {
+    const std::vector<FilledRecord> records = session_.filledRecords();
+    QStringList headings = {tr("Part Number"), tr("Parameter"), tr("Old"), tr("New")};
+    if (std::any_of(records.begin(), records.end(),
+                    [](const FilledRecord& record) { return record.changedSince; }))
+        headings << tr("Remark");
+    std::vector<RowListModel::Row> rows;
+    for (const FilledRecord& record : records)
+        for (const FieldChange& field : record.change.fields)
+            rows.push_back({record.change.partNumber, field.name, field.before, field.after,
+                            record.changedSince ? tr("changed since").toStdWString() : L""});
+    RowListDialog dialog(
+        {QString::fromStdWString(std::wstring(session_.filledBy())), headings, QString()}, this);
+    dialog.setRows(std::move(rows));
+    dialog.exec();
+}
+
+void CLibraryPage::takeBackFill() {
+    if (!session_.canTakeBackFill())
+        return;
+    {
+        const WaitCursor wait;
+        session_.takeBackFill();
+        showSession();
+    }
+    list_->setFocus(); // the button may be gone
+    Q_EMIT changed();
 }
 
 void CLibraryPage::showSession() {
@@ -196,12 +271,16 @@ void CLibraryPage::showSession() {
     const QString status = QString::fromStdWString(message::completenessStatus(uncompleted, total));
     statusText_->setText(status);
     statusPicture_->setAccessibleName(status);
+    const QString notice = QString::fromStdWString(session_.partListFault());
+    partListNotice_->setText(notice);
+    partListNotice_->setVisible(!notice.isEmpty());
     path_->setText(QString::fromStdWString(session_.libraryPath()));
     path_->setToolTip(path_->text());
     for (const auto& [filter, radio] : filterRadios_) {
         radio->setChecked(session_.filter() == filter);
         radio->setEnabled(session_.isDesign() || filter == PageFilter::FullLibrary);
     }
+    showFillLine();
     showOptions();
 }
 

@@ -14,6 +14,7 @@
 
 class QBoxLayout;
 class QGroupBox;
+class QPushButton;
 
 namespace partwright {
 
@@ -51,6 +52,8 @@ public:
 
     /// Shows what the session holds now.
     void showSession();
+    /// The last auto-fill command of this page is undone; nothing when there is none.
+    void takeBackFill();
     CMyListCtrl* list() { return list_; }
 
 Q_SIGNALS:
@@ -70,6 +73,10 @@ protected:
 
 private:
     void addStatusBox();
+    /// Under the list: what the last auto-fill command did, "Show" and "Take back".
+    void addFillLine();
+    void showFillLine();
+    void listFilledRecords();
 
     PageSession& session_;
     QString prefix_;
@@ -77,6 +84,11 @@ private:
     QBoxLayout* optionsRow_ = nullptr;
     QLabel* statusPicture_ = nullptr;
     QLabel* statusText_ = nullptr;
+    QLabel* partListNotice_ = nullptr;
+    QWidget* fillRow_ = nullptr;
+    QLabel* fillText_ = nullptr;
+    QPushButton* showFill_ = nullptr;
+    QPushButton* takeBack_ = nullptr;
     CMyListCtrl* list_ = nullptr;
     std::vector<std::pair<PageFilter, QRadioButton*>> filterRadios_;
     std::vector<int> groupOfRow_;

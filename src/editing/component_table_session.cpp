@@ -30,9 +30,9 @@ template <class Record>
 ComponentTableSession<Record>::ComponentTableSession(const CPartwrightPlugInApp& app,
                                                      std::int32_t group, AnalysisLevel level,
                                                      Library records, const ValidationTables& rules,
-                                                     TablePlace place, Prompt& prompt)
-    : TableSession(makeTableSetup<Record>(app, group, level), rules, std::move(place), prompt),
-      app_(app), records_(std::move(records)) {
+                                                     TablePlace place)
+    : TableSession(makeTableSetup<Record>(app, group, level), rules, std::move(place)), app_(app),
+      records_(std::move(records)) {
     openedParts_ = records_.size();
     table_.reserve(records_.size());
     for (const auto& [key, record] : records_)
@@ -75,8 +75,9 @@ FamilyGroups ComponentTableSession<Record>::familyGroups() const {
 }
 
 template <class Record>
-TableOutcome ComponentTableSession<Record>::ok(RowOrder order, DatasheetLinks& links) {
-    TableOutcome outcome = checkAllRowsForOk(order);
+TableOutcome ComponentTableSession<Record>::ok(RowOrder order, DatasheetLinks& links,
+                                               Consent consent) {
+    TableOutcome outcome = checkAllRowsForOk(order, consent);
     if (outcome.accepted) {
         StoreRowsToRecords();
         StoreDatasheetLinks(links);

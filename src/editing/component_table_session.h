@@ -3,7 +3,7 @@
 // The Change Component session over the records of one kind of library: opens them as rows and,
 // when OK went through, gives them back. In between records are not touched.
 //
-//   ComponentTableSession<SdtaComponent> session(app, group, level, records, rules, place, prompt);
+//   ComponentTableSession<SdtaComponent> session(app, group, level, records, rules, place);
 //   ...verbs...
 //   TableOutcome outcome = session.ok(order, app.libraries.datasheetLinks);
 //   if (outcome.accepted)
@@ -29,11 +29,11 @@ public:
     /// `records` are those of the group, by part number. The level is of use to the Analyses
     /// library alone.
     ComponentTableSession(const CPartwrightPlugInApp& app, std::int32_t group, AnalysisLevel level,
-                          Library records, const ValidationTables& rules, TablePlace place,
-                          Prompt& prompt);
+                          Library records, const ValidationTables& rules, TablePlace place);
 
     [[nodiscard]] FamilyGroups familyGroups() const override;
-    TableOutcome ok(RowOrder order, DatasheetLinks& links) override;
+    TableOutcome ok(RowOrder order, DatasheetLinks& links,
+                    Consent consent = Consent::NotAsked) override;
 
     /// After an accepted ok().
     [[nodiscard]] Library takeRecords() { return std::move(records_); }

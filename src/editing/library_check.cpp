@@ -1,10 +1,14 @@
 #include "editing/library_check.h"
 
 #include "core/messages.h"
+#include "core/text.h"
 #include "editing/cell_question.h"
 #include "editing/component_rows.h"
 #include "editing/component_table.h"
 #include "editing/table_checks.h"
+#include "library/library_reader.h"
+#include "library/library_writer.h"
+#include "maintenance/record_changes.h"
 
 #include <map>
 #include <utility>
@@ -13,9 +17,9 @@ namespace partwright {
 
 namespace {
 
-constexpr auto notFound = std::wstring_view::npos;
 constexpr std::wstring_view valueRule = L"single value";
 constexpr std::wstring_view completenessRule = L"completeness";
+constexpr std::wstring_view saveRule = L"save";
 
 /// The rows of one group, and what is found in them.
 class GroupCheck {
@@ -105,14 +109,12 @@ std::vector<LibraryFinding> checkLibrary(const CPartwrightPlugInApp& app,
                                          const ValidationTables& rules, AnalysisLevel level) {
     using Entry = typename Kind<Record>::Library::value_type;
     std::map<std::int32_t, std::vector<const Entry*>> groups;
-    for (const Entry& entry : library)
-        groups[entry.second.group].push_back(&entry);
+    for (const Entry& entry : library) {
+        const std::int32_t group = entry.second.group;
+        groups[app.of<Record>().isInUse(group) ? group : 0].push_back(&entry);
+    }
     std::vector<LibraryFinding> findings;
     for (const auto& [group, entries] : groups) {
-        // Below 0 a record was given up; codes that are not in use are shown nowhere.
-        if (group < 0 ||
-            app.of<Record>().GroupAndTypeNames(group, 0).first.find(notApplicableGroup) != notFound)
-            continue;
         GroupCheck check(Kind<Record>::name, makeTableSetup<Record>(app, group, level), rules,
                          findings);
         check.table().reserve(entries.size());
@@ -132,5 +134,34 @@ template std::vector<LibraryFinding> checkLibrary<AsrComponent>(const CPartwrigh
                                                                 const AsrLibrary&,
                                                                 const ValidationTables&,
                                                                 AnalysisLevel);
+
+template <class Record>
+std::vector<LibraryFinding> saveFindings(const CPartwrightPlugInApp& app,
+                                         const typename Kind<Record>::Library& library) {
+    const Definitions<Record>& definitions = app.of<Record>();
+    const FormattedLibrary saved = formatLibrary<Record>(app, recordsByGroup(library), {}, {});
+    const auto read = parseLibrary(definitions, app.decimalMark(), saved.bytes, CodePage::Utf8);
+    std::vector<LibraryFinding> findings;
+    for (const auto& [key, record] : library) {
+        const auto back = read.records.find(upperCase(record.PartNum));
+        if (back == read.records.end())
+            continue;
+        const auto [group, type] = definitions.GroupAndTypeNames(record.group, record.type);
+        for (const FieldChange& field : changeBetween(definitions, record, back->second).fields) {
+            if (field.before.empty()) // reading says of what does not apply that it is "N/A"
+                continue;
+            findings.push_back({Kind<Record>::name, key, std::wstring(group), std::wstring(type),
+                                field.name, field.before,
+                                refusal(message::saveChanges(field.after))});
+            findings.back().finding.rule = saveRule;
+        }
+    }
+    return findings;
+}
+
+template std::vector<LibraryFinding> saveFindings<SdtaComponent>(const CPartwrightPlugInApp&,
+                                                                 const SdtaLibrary&);
+template std::vector<LibraryFinding> saveFindings<AsrComponent>(const CPartwrightPlugInApp&,
+                                                                const AsrLibrary&);
 
 } // namespace partwright

@@ -9,6 +9,8 @@
 //
 // Cells are judged as when they become current, rows one by one by each step of OK; of each step
 // the first message counts. Findings come by group, part and column.
+//
+// saveFindings() tells what no dialog can: texts of the library that its file would not give back.
 
 #include "core/application.h"
 #include "core/library_kind.h"
@@ -49,5 +51,14 @@ extern template std::vector<LibraryFinding> checkLibrary<AsrComponent>(const CPa
                                                                        const AsrLibrary&,
                                                                        const ValidationTables&,
                                                                        AnalysisLevel);
+
+/// What a save and the next reading would make another text of.
+template <class Record>
+[[nodiscard]] std::vector<LibraryFinding>
+saveFindings(const CPartwrightPlugInApp& app, const typename Kind<Record>::Library& library);
+extern template std::vector<LibraryFinding> saveFindings<SdtaComponent>(const CPartwrightPlugInApp&,
+                                                                        const SdtaLibrary&);
+extern template std::vector<LibraryFinding> saveFindings<AsrComponent>(const CPartwrightPlugInApp&,
+                                                                       const AsrLibrary&);
 
 } // namespace partwright

@@ -8,7 +8,7 @@ namespace partwright {
 
 MainSession::MainSession(CPartwrightPlugInApp& app, FillEngine& engine, Prompt& prompt)
     : sdtaPage(app, engine, rules, prompt), asrPage(app, engine, rules, prompt), app_(app),
-      prompt_(prompt) {}
+      engine_(engine), prompt_(prompt) {}
 
 void MainSession::start() {
     for (int index = 0; index < pageCount; ++index) {
@@ -68,11 +68,23 @@ void MainSession::saveActivePage() {
     }
 }
 
+bool MainSession::canFill(const std::wstring& notNeeded) {
+    std::vector<std::wstring> missing = engine_.missingTables();
+    std::erase(missing, notNeeded);
+    if (!missing.empty())
+        prompt_.tell(message::fillNeedsTables(missing), PromptIcon::Warning);
+    return missing.empty();
+}
+
 void MainSession::runGroupLibrary() {
-    page(activePage_).runGroupLibrary();
+    // Without any decoder the command finds nothing and changes nothing.
+    if (canFill(app_.paths.groupLibraryPath))
+        page(activePage_).runGroupLibrary();
 }
 
 void MainSession::parseDescriptions() {
+    if (!canFill(app_.paths.groupLibraryPath))
+        return;
     if (prompt_.ask(message::confirmAutoFillTitle, message::confirmAutoFill))
         page(activePage_).parseDescriptions();
 }

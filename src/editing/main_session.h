@@ -71,7 +71,11 @@ private:
     /// False when links would be lost by closing.
     bool saveLinks();
 
+    /// Tells the tables that filling would miss, all but `notNeeded`; false when there are any.
+    bool canFill(const std::wstring& notNeeded);
+
     CPartwrightPlugInApp& app_;
+    FillEngine& engine_;
     Prompt& prompt_;
     int activePage_ = 0;
     bool isDesign_ = true;

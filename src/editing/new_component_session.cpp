@@ -242,8 +242,13 @@ std::vector<std::size_t> NewComponentTable::deleteRows(std::vector<std::size_t> 
     parts.reserve(selected.size());
     for (const std::size_t row : selected)
         parts.push_back(rows_[row].part);
+    const Deletion deletion = deletionOf(parts, projectParts_);
+    if (deletion.deletable.empty())
+        prompt_.tell(deletion.text, PromptIcon::None);
+    else if (!prompt_.ask(message::caption, deletion.text))
+        return {};
     std::vector<std::size_t> gone;
-    for (const std::size_t place : confirmDeletion(parts, projectParts_, prompt_))
+    for (const std::size_t place : deletion.deletable)
         gone.push_back(selected[place]);
     std::vector<NewComponentRow> left;
     for (std::size_t row = 0; row < rows_.size(); ++row) {
@@ -269,7 +274,7 @@ NewComponentSession<Record>::NewComponentSession(const CPartwrightPlugInApp& app
         row.manufacturer = record.Manufacturer;
         row.notes = record.Notes;
         row.used = designatorsOf(key);
-        if (record.group > 0)
+        if (app_.of<Record>().isInUse(record.group))
             row.family = Kind<Record>::family(record.group);
         else if (record.family > 0 &&
                  static_cast<std::size_t>(record.family) < familyNames().size())

@@ -3,6 +3,7 @@
 #include "autofill/defaults.h"
 #include "core/cell_text.h"
 #include "core/completion.h"
+#include "core/messages.h"
 #include "core/text.h"
 #include "editing/component_table_session.h"
 #include "editing/library_save.h"
@@ -46,6 +47,13 @@ Library inCapitals(const Library& master) {
             c = upperCase(c);
     }
     return result;
+}
+
+/// True when the library has the part with a group and a type.
+template <class Library>
+bool isUsable(const Library& library, std::wstring_view partNumber) {
+    const auto found = library.find(partNumber);
+    return found != library.end() && found->second.group > 0 && found->second.type >= 0;
 }
 
 template <class Record>
@@ -123,22 +131,59 @@ void LibraryPageSession<Record>::RebuildKeySets() {
 
 template <class Record>
 std::vector<std::wstring> LibraryPageSession<Record>::runGroupLibrary() {
-    FillReport report = engine_.runGroupLibrary(filterSet(), workingLibrary());
-    engine_.finishWork();
-    for (const std::wstring& text : report.messages)
-        prompt_.tell(text, PromptIcon::None);
-    modified_ = modified_ || !report.changed.empty();
-    refresh();
-    return std::move(report.changed);
+    return finishFill(fillCommand::groupLibrary,
+                      engine_.runGroupLibrary(filterSet(), workingLibrary()));
 }
 
 template <class Record>
 std::vector<std::wstring> LibraryPageSession<Record>::parseDescriptions() {
-    FillReport report = engine_.parseDescriptions(filterSet(), workingLibrary());
+    return finishFill(fillCommand::descriptionParsing,
+                      engine_.parseDescriptions(filterSet(), workingLibrary()));
+}
+
+template <class Record>
+std::vector<std::wstring> LibraryPageSession<Record>::finishFill(std::wstring_view command,
+                                                                 FillReport<Record> report) {
     engine_.finishWork();
-    modified_ = modified_ || !report.changed.empty();
+    for (const std::wstring& text : report.messages)
+        prompt_.tell(text, PromptIcon::None);
+    std::vector<std::wstring> changed = report.changed;
+    modified_ = modified_ || !changed.empty();
+    const FillSummary done =
+        fills_.add(app_.of<Record>(), command, std::move(report), workingLibrary());
+    fillLine_ = message::fillDone(command, done.parts, done.texts.filled, done.texts.replaced,
+                                  done.texts.emptied);
     refresh();
-    return std::move(report.changed);
+    return changed;
+}
+
+template <class Record>
+bool LibraryPageSession<Record>::canTakeBackFill() const {
+    return isDesign_ && fills_.last() != nullptr; // the public library is never filled
+}
+
+template <class Record>
+std::wstring_view LibraryPageSession<Record>::filledBy() const {
+    return fills_.last() == nullptr ? std::wstring_view() : fills_.last()->command;
+}
+
+template <class Record>
+std::vector<FilledRecord> LibraryPageSession<Record>::filledRecords() const {
+    return fills_.changes(app_.of<Record>(), designLibrary);
+}
+
+template <class Record>
+void LibraryPageSession<Record>::takeBackFill() {
+    if (!canTakeBackFill())
+        return;
+    const TakenBack back = fills_.takeBack(designLibrary);
+    fillLine_ = message::fillTakenBack(back.command, back.restored, back.kept);
+    if (const FillSummary* before = fills_.last())
+        fillLine_ += L" " + message::fillDone(before->command, before->parts, before->texts.filled,
+                                              before->texts.replaced, before->texts.emptied);
+    modified_ = true;
+    RebuildKeySets();
+    refresh();
 }
 
 template <class Record>
@@ -154,7 +199,7 @@ std::unique_ptr<TableSession> LibraryPageSession<Record>::openGroup(std::int32_t
     TablePlace place{&projectRows_, &shownParts(), isDesign_ ? &designParts : &publicParts,
                      [this](std::wstring_view part) { return workingLibrary().contains(part); }};
     return std::make_unique<ComponentTableSession<Record>>(app_, group, level(), std::move(records),
-                                                           rules(), std::move(place), prompt_);
+                                                           rules(), std::move(place));
 }
 
 template <class Record>
@@ -186,7 +231,7 @@ template <class Record>
 std::unique_ptr<NewComponentTable> LibraryPageSession<Record>::openNewComponents() {
     Library records;
     for (const auto& [key, record] : workingLibrary())
-        if (record.group == 0 && isCounted(key))
+        if (!app_.of<Record>().isInUse(record.group) && isCounted(key))
             records.emplace_hint(records.end(), key, record);
     return std::make_unique<NewComponentSession<Record>>(app_, std::move(records), projectRows_,
                                                          prompt_);
@@ -230,9 +275,16 @@ Record LibraryPageSession<Record>::newRecord(std::wstring_view partNumber,
 }
 
 template <class Record>
-bool LibraryPageSession<Record>::isUsable(const Library& library, std::wstring_view partNumber) {
-    const auto found = library.find(partNumber);
-    return found != library.end() && found->second.group > 0 && found->second.type >= 0;
+void LibraryPageSession<Record>::keepTexts(Record& record) const {
+    const auto old = designLibrary.find(record.PartNum);
+    if (old == designLibrary.end())
+        return;
+    record.Manufacturer = old->second.Manufacturer;
+    record.Notes = old->second.Notes;
+    if (record.CatNum.empty())
+        record.CatNum = old->second.CatNum;
+    if (record.Description.empty())
+        record.Description = old->second.Description;
 }
 
 template <class Record>
@@ -247,10 +299,13 @@ std::vector<GroupCount> LibraryPageSession<Record>::countsByGroup() const {
         count.name = names[i];
         count.family = Kind<Record>::family(group);
     }
-    for (const auto& [key, record] : workingLibrary())
-        if (record.group >= 0 && static_cast<std::size_t>(record.group) < counts.size() &&
-            isCounted(key))
-            add(counts[static_cast<std::size_t>(record.group)], record);
+    if (counts.empty())
+        return counts;
+    for (const auto& [key, record] : workingLibrary()) {
+        const bool inUse = app_.of<Record>().isInUse(record.group);
+        if (isCounted(key)) // every part is reached by some line
+            add(counts[inUse ? static_cast<std::size_t>(record.group) : 0], record);
+    }
     return counts;
 }
 
@@ -299,6 +354,8 @@ bool SdtaPageSession::addMissingParts() {
         record.group = found.group;
         record.type = found.type;
         record.family = FamilyNumber(FamilyOfSdtaGroup(record.group));
+        keepTexts(record);
+        UpdateCompletion(app_.sdta, record); // as the next reading would
         designLibrary.insert_or_assign(record.PartNum, std::move(record));
         added = true;
     }
@@ -358,23 +415,31 @@ std::int32_t AsrPageSession::uncompletedOf(const GroupCount& line) const {
 bool AsrPageSession::addMissingParts() {
     bool added = false;
     for (const auto& [partNumber, designators] : filterSet()) {
-        if (isUsable(designLibrary, partNumber) || !projectRows_.contains(partNumber))
+        if (!projectRows_.contains(partNumber))
+            continue;
+        const auto& twins = app_.libraries.sdtaDesignLibrary.records();
+        const auto twin = isUsable(twins, partNumber) ? twins.find(partNumber) : twins.end();
+        // A code that is not in use is given up as soon as the stress record knows better.
+        const auto old = designLibrary.find(partNumber);
+        const bool isClassified = isUsable(designLibrary, partNumber);
+        if (isClassified && (twin == twins.end() || app_.asr.isInUse(old->second.group)))
             continue;
         AsrComponent record = newRecord(partNumber, designators);
         std::int32_t sdtaGroup = 0;
-        const auto master = app_.libraries.sdtaDesignLibrary.records().find(partNumber);
-        if (master != app_.libraries.sdtaDesignLibrary.records().end() &&
-            master->second.group > 0 && master->second.type >= 0) {
-            record.CatNum = master->second.CatNum;
-            record.Description = master->second.Description;
-            sdtaGroup = master->second.group;
+        if (twin != twins.end()) {
+            record.CatNum = twin->second.CatNum;
+            record.Description = twin->second.Description;
+            sdtaGroup = twin->second.group;
         } else {
             sdtaGroup = engine_.classify(designators, record.Description).group;
         }
         const Classification found = engine_.classifyForAnalyses(sdtaGroup, record.Description);
+        if (isClassified && !app_.asr.isInUse(found.group))
+            continue;
         record.group = found.group;
         record.type = found.type;
         record.family = FamilyNumber(FamilyOfAsrGroup(record.group));
+        keepTexts(record);
         static_cast<void>(ApplyAsrDefaults(app_.asr, record));
         UpdateCompletion(app_.asr, record);
         designLibrary.insert_or_assign(record.PartNum, std::move(record));

@@ -22,8 +22,10 @@
 #include "core/library_kind.h"
 #include "core/ports/prompt.h"
 #include "editing/analysis_level.h"
+#include "editing/fill_history.h"
 #include "editing/library_save.h"
 #include "editing/table_session.h"
+#include "library/project_input.h"
 #include "validation/validation_tables.h"
 
 #include <cstdint>
@@ -93,6 +95,17 @@ public:
     virtual std::vector<std::wstring> runGroupLibrary() = 0;
     virtual std::vector<std::wstring> parseDescriptions() = 0;
 
+    /// What the last auto-fill command did, as a line; empty when there is nothing to tell.
+    [[nodiscard]] const std::wstring& fillLine() const { return fillLine_; }
+    /// Something is there to be taken back, in the library that is shown.
+    [[nodiscard]] virtual bool canTakeBackFill() const = 0;
+    /// The command that takeBackFill() would take back; empty when there is none.
+    [[nodiscard]] virtual std::wstring_view filledBy() const = 0;
+    /// Its records.
+    [[nodiscard]] virtual std::vector<FilledRecord> filledRecords() const = 0;
+    /// Sets the records of the last auto-fill command back to what they were before it.
+    virtual void takeBackFill() = 0;
+
     /// The counted records of a group, for a dialog that changes them. One such session is in work
     /// at a time.
     [[nodiscard]] virtual std::unique_ptr<TableSession> openGroup(std::int32_t group) = 0;
@@ -108,6 +121,11 @@ public:
 
     /// Makes the working map the master copy and writes it over the file of the current library.
     virtual SaveOutcome save(bool announce) = 0;
+
+    /// Why the page knows no part of the project; empty when it does.
+    [[nodiscard]] std::wstring partListFault() const {
+        return partwright::partListFault(app_.paths, app_.partList);
+    }
 
     /// What a valid cell is, for the dialogs over the records; read when the SDTA page starts.
     [[nodiscard]] const ValidationTables& rules() const { return rules_; }
@@ -135,6 +153,7 @@ protected:
     PageFilter filter_ = PageFilter::AllProject;
     bool isDesign_ = true;
     bool modified_ = false;
+    std::wstring fillLine_;
 
 private:
     [[nodiscard]] static PartSelection PageSession::*setOf(PageFilter filter, bool isDesign);
@@ -155,6 +174,10 @@ public:
     [[nodiscard]] const std::wstring& libraryPath() const override;
     std::vector<std::wstring> runGroupLibrary() override;
     std::vector<std::wstring> parseDescriptions() override;
+    [[nodiscard]] bool canTakeBackFill() const override;
+    [[nodiscard]] std::wstring_view filledBy() const override;
+    [[nodiscard]] std::vector<FilledRecord> filledRecords() const override;
+    void takeBackFill() override;
     [[nodiscard]] std::unique_ptr<TableSession> openGroup(std::int32_t group) override;
     void storeGroup(TableSession& session) override;
     [[nodiscard]] std::unique_ptr<NewComponentTable> openNewComponents() override;
@@ -172,8 +195,8 @@ protected:
     /// Record with the texts that the project's rows give for a part.
     [[nodiscard]] Record newRecord(std::wstring_view partNumber,
                                    std::wstring_view designators) const;
-    /// True when the library has the part with a group and a type.
-    [[nodiscard]] static bool isUsable(const Library& library, std::wstring_view partNumber);
+    /// Gives a record that replaces one without a group what the part list cannot tell of it.
+    void keepTexts(Record& record) const;
     /// One count a group name, by group number; "Public" counts the whole public map.
     [[nodiscard]] std::vector<GroupCount> countsByGroup() const;
 
@@ -183,6 +206,10 @@ private:
         return !isDesign_ || filterSet().contains(key);
     }
 
+    /// A command is done: keeps the way back, tells what it did, and shows the page anew.
+    std::vector<std::wstring> finishFill(std::wstring_view command, FillReport<Record> report);
+
+    FillHistory<Record> fills_;
     /// Keys of the records that a dialog has.
     std::vector<std::wstring> handedOut_;
 };

@@ -4,29 +4,27 @@
 
 namespace partwright {
 
-std::vector<std::size_t> confirmDeletion(const std::vector<std::wstring_view>& parts,
-                                         const PartSelection& projectParts, Prompt& prompt) {
+Deletion deletionOf(const std::vector<std::wstring_view>& parts,
+                    const PartSelection& projectParts) {
+    Deletion deletion;
     if (parts.empty()) {
-        prompt.tell(message::selectRowsForDeleting, PromptIcon::None);
-        return {};
+        deletion.text = message::selectRowsForDeleting;
+        return deletion;
     }
-    std::vector<std::size_t> deletable;
     for (std::size_t i = 0; i < parts.size(); ++i)
         if (projectParts.find(parts[i]) == projectParts.end())
-            deletable.push_back(i);
-    const std::size_t blocked = parts.size() - deletable.size();
-    std::wstring text = message::selectedForDeletion(parts.size());
-    if (deletable.empty()) {
-        text += message::allBlocked(parts.size());
-        prompt.tell(text, PromptIcon::None);
-        return {};
+            deletion.deletable.push_back(i);
+    const std::size_t left = deletion.deletable.size();
+    const std::size_t blocked = parts.size() - left;
+    deletion.text = message::selectedForDeletion(parts.size());
+    if (left == 0) {
+        deletion.text += message::allBlocked(parts.size());
+        return deletion;
     }
     if (blocked > 0)
-        text += message::partlyDeletable(blocked, deletable.size());
-    text += message::deleteQuestion;
-    if (!prompt.ask(message::caption, text))
-        deletable.clear();
-    return deletable;
+        deletion.text += message::partlyDeletable(blocked, left);
+    deletion.text += message::deleteQuestion;
+    return deletion;
 }
 
 } // namespace partwright

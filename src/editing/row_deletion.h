@@ -1,8 +1,7 @@
 #pragma once
 
-// The question before rows are deleted, the same in every table of components.
+// What is said before rows are deleted, the same in every table of components.
 
-#include "core/ports/prompt.h"
 #include "core/records.h"
 
 #include <string>
@@ -11,10 +10,14 @@
 
 namespace partwright {
 
-/// The places in `parts` that may be deleted, ascending; empty when there are none or the user
-/// said No. Parts of the project stay. All is told here.
-[[nodiscard]] std::vector<std::size_t> confirmDeletion(const std::vector<std::wstring_view>& parts,
-                                                       const PartSelection& projectParts,
-                                                       Prompt& prompt);
+struct Deletion {
+    /// Places of the parts that may be deleted, ascending; those of the project may not.
+    std::vector<std::size_t> deletable;
+    /// The question before that, or what stands in its way when nothing may be deleted.
+    std::wstring text;
+};
+
+[[nodiscard]] Deletion deletionOf(const std::vector<std::wstring_view>& parts,
+                                  const PartSelection& projectParts);
 
 } // namespace partwright

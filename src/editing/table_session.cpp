@@ -13,10 +13,9 @@
 
 namespace partwright {
 
-TableSession::TableSession(TableSetup setup, const ValidationTables& rules, TablePlace place,
-                           Prompt& prompt)
+TableSession::TableSession(TableSetup setup, const ValidationTables& rules, TablePlace place)
     : table_(std::move(setup)), judge_(table_, rules), edit_(table_, judge_),
-      marks_(table_, judge_), place_(std::move(place)), prompt_(prompt) {}
+      marks_(table_, judge_), place_(std::move(place)) {}
 
 std::vector<std::size_t> TableSession::rowsIn(RowOrder order) const {
     std::vector<std::size_t> rows(order.begin(), order.end());
@@ -169,17 +168,6 @@ TableOutcome TableSession::nextMark(std::optional<CellAt> current, RowOrder orde
     return outcome;
 }
 
-void TableSession::present(const TableOutcome& outcome) {
-    for (const Box& box : outcome.boxes) {
-        if (box.isTableFault && isFaultBoxOpen_)
-            continue;
-        const bool wasOpen = isFaultBoxOpen_;
-        isFaultBoxOpen_ = isFaultBoxOpen_ || box.isTableFault;
-        prompt_.tell(box.text, box.icon);
-        isFaultBoxOpen_ = wasOpen;
-    }
-}
-
 void TableSession::RecheckRowFlag(CellAt at, TableOutcome& outcome) {
     if (at.column < typeColumn)
         return;
@@ -218,17 +206,15 @@ TableOutcome TableSession::afterMove(ComponentTable::Change change) {
     return outcome;
 }
 
-TableOutcome TableSession::checkAllRowsForOk(RowOrder order) {
+TableOutcome TableSession::checkAllRowsForOk(RowOrder order, Consent consent) {
     TableOutcome outcome = cancelEdit();
     takeFlags(outcome);
     const std::vector<std::size_t> rows = rowsIn(order);
-    bool isAsked = false;
     for (const std::size_t row : rows) {
-        if (!isAsked && table_.text(row, fullColumn) == notFullMark) {
-            isAsked = true;
-            outcome.accepted = prompt_.ask(message::caption, message::notAllFilledIn);
-            if (!outcome.accepted)
-                return outcome;
+        if (consent == Consent::NotAsked && table_.text(row, fullColumn) == notFullMark) {
+            outcome.accepted = false;
+            outcome.question = message::notAllFilledIn;
+            return outcome;
         }
         if (auto found = judge_.checks().atOkRow(table_, row)) {
             stop(outcome, std::move(*found));
@@ -241,10 +227,13 @@ TableOutcome TableSession::checkAllRowsForOk(RowOrder order) {
     return outcome;
 }
 
-bool TableSession::mayDrop() {
-    cancelEdit();
+TableOutcome TableSession::drop() {
+    TableOutcome outcome = cancelEdit();
     const std::size_t changed = changedComponents();
-    return changed == 0 || prompt_.ask(message::caption, message::dropChanges(changed));
+    outcome.accepted = changed == 0;
+    if (!outcome.accepted)
+        outcome.question = message::dropChanges(changed);
+    return outcome;
 }
 
 void TableSession::takeFlags(TableOutcome& outcome) {
@@ -415,7 +404,7 @@ TableOutcome TableSession::storeResults(std::size_t row, std::span<const CellTex
     return outcome;
 }
 
-TableOutcome TableSession::deleteRows(std::vector<std::size_t> selected) {
+TableOutcome TableSession::deleteRows(std::vector<std::size_t> selected, Consent consent) {
     TableOutcome outcome = cancelEdit();
     std::sort(selected.begin(), selected.end());
     selected.erase(std::unique(selected.begin(), selected.end()), selected.end());
@@ -423,10 +412,17 @@ TableOutcome TableSession::deleteRows(std::vector<std::size_t> selected) {
     parts.reserve(selected.size());
     for (const std::size_t row : selected)
         parts.push_back(table_.row(row).part());
-    for (const std::size_t place : confirmDeletion(parts, *place_.projectParts, prompt_))
-        outcome.removedRows.push_back(selected[place]);
-    if (outcome.removedRows.empty())
+    Deletion deletion = deletionOf(parts, *place_.projectParts);
+    if (deletion.deletable.empty()) {
+        outcome.boxes.push_back({std::move(deletion.text)});
         return outcome;
+    }
+    if (consent == Consent::NotAsked) {
+        outcome.question = std::move(deletion.text);
+        return outcome;
+    }
+    for (const std::size_t place : deletion.deletable)
+        outcome.removedRows.push_back(selected[place]);
     beginStep();
     table_.remove(outcome.removedRows);
     table_.endStep();

@@ -7,7 +7,6 @@
 //
 //   TableOutcome outcome = session.modify({row, typeColumn}, L"SCR");   // while the list is open
 //   outcome = session.commit({row, typeColumn}, L"SCR", 1);             // Enter, Tab, a click away
-//   ...show the outcome..., then session.present(outcome);              // its boxes
 //
 // An open editor is a CellEdit, the judge of its text a CellJudge; cells that break their rule are
 // found by CellMarks.
@@ -16,7 +15,6 @@
 // that go through the table on the screen take that order, an empty one being the order of the
 // rows. Columns are those of table_setup.h.
 
-#include "core/ports/prompt.h"
 #include "core/records.h"
 #include "editing/cell_edit.h"
 #include "editing/cell_judge.h"
@@ -70,7 +68,7 @@ enum class PasteAs { Text, Typed };
 
 class TableSession {
 public:
-    TableSession(TableSetup setup, const ValidationTables& rules, TablePlace place, Prompt& prompt);
+    TableSession(TableSetup setup, const ValidationTables& rules, TablePlace place);
     TableSession(const TableSession&) = delete;
     TableSession& operator=(const TableSession&) = delete;
     virtual ~TableSession() = default;
@@ -106,8 +104,6 @@ public:
     /// Nothing found leaves the answer empty, without a box.
     std::optional<TableSearch::Hit> find(const TableQuery& query, std::optional<CellAt> current,
                                          RowOrder order);
-    /// Shows the boxes of an outcome.
-    void present(const TableOutcome& outcome);
     /// The rows that an outcome selects are on the screen: the next cell has its own line again.
     void rowsShown() { holdsLine_ = false; }
 
@@ -129,7 +125,8 @@ public:
     TableOutcome storeResults(std::size_t row, std::span<const CellText> results);
 
     // --- Rows
-    TableOutcome deleteRows(std::vector<std::size_t> selected);
+    /// Asks first.
+    TableOutcome deleteRows(std::vector<std::size_t> selected, Consent consent = Consent::NotAsked);
     TableOutcome add(const GroupChoice& choice);
     /// Asked before the dialog of a copy opens; refused when the rows cannot stay as they are.
     TableOutcome checkBeforeCopy(RowOrder order);
@@ -143,11 +140,12 @@ public:
     [[nodiscard]] virtual FamilyGroups familyGroups() const = 0;
 
     // --- The end
-    /// Checks all rows; when nothing stops it, the rows are stored to the records and the links to
-    /// the table of links.
-    virtual TableOutcome ok(RowOrder order, DatasheetLinks& links) = 0;
-    /// Asks before the changes of the table are dropped, if there are any.
-    [[nodiscard]] bool mayDrop();
+    /// Checks all rows, and asks first when some are not full; when nothing stops it, the rows are
+    /// stored to the records and the links to the table of links.
+    virtual TableOutcome ok(RowOrder order, DatasheetLinks& links,
+                            Consent consent = Consent::NotAsked) = 0;
+    /// Accepted when there are no changes that would be lost; else it asks about them.
+    [[nodiscard]] TableOutcome drop();
 
     // --- Flags and the way back
     void RecheckRowFlag(CellAt at, TableOutcome& outcome);
@@ -159,7 +157,7 @@ public:
 
 protected:
     /// The checks of OK; the outcome is accepted when the rows may be stored.
-    TableOutcome checkAllRowsForOk(RowOrder order);
+    TableOutcome checkAllRowsForOk(RowOrder order, Consent consent);
     /// The dialog was opened with the part.
     [[nodiscard]] virtual bool isOpened(std::wstring_view part) const = 0;
 
@@ -198,10 +196,8 @@ private:
     CellMarks marks_;
     TableSearch search_;
     TablePlace place_;
-    Prompt& prompt_;
     /// The line that a stop of OK wrote outlives the selection of its row.
     bool holdsLine_ = false;
-    bool isFaultBoxOpen_ = false;
 };
 
 } // namespace partwright

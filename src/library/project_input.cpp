@@ -90,6 +90,13 @@ LoadResult LoadProjectInput(ProjectPaths& paths, PartList& parts, Clock& clock) 
     return result;
 }
 
+std::wstring partListFault(const ProjectPaths& paths, const PartList& parts) {
+    if (parts.projectInputPresent == 0)
+        return message::noPartList(paths.projectInputPath);
+    return parts.columnPartNumber.empty() ? message::noPartListHeader(paths.projectInputPath)
+                                          : std::wstring();
+}
+
 void parseProjectInput(ProjectPaths& paths, PartList& parts, std::string_view bytes,
                        CodePage codePage) {
     const auto firstEnd = bytes.find('\n');

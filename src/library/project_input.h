@@ -26,6 +26,10 @@ inline constexpr std::wstring_view projectInputName = L"PlugIn_Partwright_PrjInp
 /// folder nothing is done.
 LoadResult LoadProjectInput(ProjectPaths& paths, PartList& parts, Clock& clock);
 
+/// Why no part came from the part list: it is not there, or no header line was found in it. Empty
+/// when parts could be read; a file that cannot be opened is told when it is loaded.
+[[nodiscard]] std::wstring partListFault(const ProjectPaths& paths, const PartList& parts);
+
 /// The part of that work behind the file.
 void parseProjectInput(ProjectPaths& paths, PartList& parts, std::string_view bytes,
                        CodePage codePage);

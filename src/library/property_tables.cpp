@@ -145,12 +145,16 @@ LoadResult LoadAsrProperties(const ProjectPaths& paths, Definitions<AsrComponent
     return resultOf(table, path);
 }
 
+std::wstring columnVisibilityPath(const ProjectPaths& paths) {
+    return paths.programFolder + std::wstring(visibilityFile);
+}
+
 LoadResult LoadColumnVisibility(const ProjectPaths& paths, Definitions<AsrComponent>& asr) {
     constexpr std::wstring_view group = L"GroupID";
     constexpr std::wstring_view forRapid = L"LParID_RAPID";
     constexpr std::wstring_view forAsr = L"LParID_ASR";
     constexpr std::wstring_view columns[] = {group, forRapid, forAsr};
-    const std::wstring path = paths.programFolder + std::wstring(visibilityFile);
+    const std::wstring path = columnVisibilityPath(paths);
     asr.columnsForRapid.clear();
     asr.columnsForAsr.clear();
     const RuleTable table = readRuleTable(path, {.columns = columns});

@@ -19,6 +19,8 @@ LoadResult LoadSdtaProperties(const ProjectPaths& paths, Definitions<SdtaCompone
 /// read "N/A"; then the type lists. Without a program folder nothing is done.
 LoadResult LoadAsrProperties(const ProjectPaths& paths, Definitions<AsrComponent>& asr);
 
+/// asrColumnsForRapid and asrColumnsForAsr, emptied first.
+[[nodiscard]] std::wstring columnVisibilityPath(const ProjectPaths& paths);
 /// columnsForRapid and columnsForAsr, emptied first.
 LoadResult LoadColumnVisibility(const ProjectPaths& paths, Definitions<AsrComponent>& asr);
 

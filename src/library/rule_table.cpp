@@ -23,14 +23,6 @@ splitDoubledRow(std::wstring_view line, const RuleTableForm& form, const HeaderC
     return cells;
 }
 
-std::shared_ptr<const RuleColumns> columnsOf(const RuleTableForm& form) {
-    RuleColumns columns;
-    for (std::size_t place = 0; place < form.columns.size(); ++place)
-        columns.emplace_back(form.columns[place], place);
-    std::sort(columns.begin(), columns.end());
-    return std::make_shared<const RuleColumns>(std::move(columns));
-}
-
 bool namesAll(const HeaderColumns& header, const RuleTableForm& form) {
     return std::all_of(form.columns.begin(), form.columns.end(),
                        [&](std::wstring_view name) { return header.contains(name); });
@@ -64,11 +56,19 @@ std::optional<std::int32_t> RuleRow::code(std::wstring_view column) const {
     return value && *value >= firstGroupCode && *value <= lastGroupCode ? value : std::nullopt;
 }
 
+std::shared_ptr<const RuleColumns> ruleColumnsOf(std::span<const std::wstring_view> names) {
+    RuleColumns columns;
+    for (std::size_t place = 0; place < names.size(); ++place)
+        columns.emplace_back(names[place], place);
+    std::sort(columns.begin(), columns.end());
+    return std::make_shared<const RuleColumns>(std::move(columns));
+}
+
 RuleTable parseRuleTable(std::string_view bytes, CodePage codePage, const RuleTableForm& form) {
     RuleTable table;
     table.status = FileStatus::Ok;
     LineReader reader(bytes);
-    const auto columns = columnsOf(form);
+    const auto columns = ruleColumnsOf(form.columns);
     std::optional<RowSplitter> splitter;
     std::wstring line;
     bool inTable = false;
@@ -104,6 +104,15 @@ RuleTable ruleTableOf(const TextFile& file, const RuleTableForm& form) {
 
 RuleTable readRuleTable(std::wstring_view path, const RuleTableForm& form) {
     return ruleTableOf(readTextFile(path), form);
+}
+
+bool hasHeader(std::wstring_view path, std::wstring_view column) {
+    const TextFile file = readTextFile(path);
+    LineReader reader(file.bytes);
+    for (std::string_view line; reader.next(line);)
+        if (SplitHeader(decode(line, file.form.codePage), delimiter).contains(column))
+            return true;
+    return false;
 }
 
 LoadResult resultOf(FileStatus status, std::wstring_view path) {

@@ -43,6 +43,8 @@ struct RuleTableForm {
 /// Column names of a table, sorted, with their places in its rows. A name that is asked for twice
 /// stands once.
 using RuleColumns = std::vector<std::pair<std::wstring, std::size_t>>;
+[[nodiscard]] std::shared_ptr<const RuleColumns>
+ruleColumnsOf(std::span<const std::wstring_view> names);
 
 struct RuleRow {
     /// From 1, the header included.
@@ -73,6 +75,10 @@ struct RuleTable {
 /// Empty, with the file's status, when the file could not be read.
 [[nodiscard]] RuleTable ruleTableOf(const TextFile& file, const RuleTableForm& form);
 [[nodiscard]] RuleTable readRuleTable(std::wstring_view path, const RuleTableForm& form);
+
+/// True when the file can be read and one of its lines is a header that names the column. A table
+/// may stand without rows; without its header it is no table.
+[[nodiscard]] bool hasHeader(std::wstring_view path, std::wstring_view column);
 
 /// The result of a loader whose table was read: a table that cannot be opened is told of.
 [[nodiscard]] LoadResult resultOf(FileStatus status, std::wstring_view path);

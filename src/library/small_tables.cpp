@@ -63,10 +63,14 @@ LoadResult LoadManagementTable(const ProjectPaths& paths, ClassifierTables& clas
     return resultOf(table, paths.managementTablePath);
 }
 
+std::wstring biCodePath(const ProjectPaths& paths) {
+    return paths.programFolder + L"Conv_BiCode.csv";
+}
+
 LoadResult LoadConvBiCode(const ProjectPaths& paths, ClassifierTables& classifier) {
     constexpr std::wstring_view columns[] = {L"Method", L"NameID", L"Family", L"ID_BiCod"};
     classifier.convBiCode.clear();
-    const std::wstring path = paths.programFolder + L"Conv_BiCode.csv";
+    const std::wstring path = biCodePath(paths);
     const RuleTable table = readRuleTable(path, {.columns = columns});
     for (const RuleRow& row : table.rows) {
         const auto method = row.number(L"Method");

@@ -10,6 +10,7 @@
 #include "library/load_result.h"
 
 #include <cstdint>
+#include <string>
 
 namespace partwright {
 
@@ -19,7 +20,9 @@ LoadResult LoadAsrDefaultLPar(const ProjectPaths& paths, Definitions<AsrComponen
 /// DirectKeyTable from managementTablePath.
 LoadResult LoadManagementTable(const ProjectPaths& paths, ClassifierTables& classifier);
 
-/// convBiCode from "Conv_BiCode.csv" beside the program.
+/// Path of "Conv_BiCode.csv" beside the program.
+[[nodiscard]] std::wstring biCodePath(const ProjectPaths& paths);
+/// convBiCode from that file.
 LoadResult LoadConvBiCode(const ProjectPaths& paths, ClassifierTables& classifier);
 
 /// The answer of ConvertBiCode for a code that has no counterpart.

@@ -1,5 +1,6 @@
 #include "tablecheck/classification_tables.h"
 
+#include "autofill/part_prefixes.h"
 #include "autofill/rule_language.h"
 #include "autofill/synonyms.h"
 #include "autofill/type_keywords.h"
@@ -10,6 +11,7 @@
 #include "tablecheck/expression_check.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 namespace partwright {
@@ -120,6 +122,21 @@ void checkDirectKey(const CPartwrightPlugInApp& app, const RuleRow& row, std::in
         findings.add(row.line, L"Type Name", say({L"the type is called \"", typeName, L"\""}));
 }
 
+/// A part number that begins with a prefix and is told by it; none when synonyms or other prefixes
+/// come before it, whatever stands behind.
+std::optional<std::wstring> reachedSample(const std::wstring& prefix, const std::wstring& says,
+                                          const SynonymTable& synonyms) {
+    for (wchar_t digit = L'0'; digit <= L'9'; ++digit)
+        for (const std::wstring_view behind : {L"", L"7", L"A1", L"~1", L"#1"}) {
+            std::wstring sample = prefix;
+            std::replace(sample.begin(), sample.end(), anyDigit, digit);
+            sample += behind;
+            if (synonyms.rewrite(sample) == L" " + sample + L" " + says)
+                return sample;
+        }
+    return std::nullopt;
+}
+
 } // namespace
 
 void checkGroupRules(const CPartwrightPlugInApp& app, std::vector<TableFinding>& all) {
@@ -219,7 +236,7 @@ void checkDirectKeys(const CPartwrightPlugInApp& app, std::vector<TableFinding>&
 }
 
 void checkSynonyms(const CPartwrightPlugInApp& app, std::vector<TableFinding>& all) {
-    const std::wstring path = app.paths.programFolder + L"DescrSynonyms.csv";
+    const std::wstring path = synonymPath(app.paths);
     Findings findings(all, path);
     const RuleTable table = openForCheck(path, synonymForm(), findings);
     std::map<std::wstring, std::size_t> seen;
@@ -239,6 +256,33 @@ void checkSynonyms(const CPartwrightPlugInApp& app, std::vector<TableFinding>& a
             findings.add(
                 hidden.line, L"Find",
                 say({L"is never reached: line ", number(hidden.behind), L" always matches first"}));
+}
+
+void checkPartPrefixes(const CPartwrightPlugInApp& app, const FillEngine& engine,
+                       std::vector<TableFinding>& all) {
+    Findings findings(all, partPrefixPath(app.paths));
+    SynonymTable synonyms;
+    static_cast<void>(LoadSynonyms(app.paths, synonyms));
+    std::map<std::wstring, std::size_t> seen;
+    for (const RuleRow& row :
+         openForCheck(partPrefixPath(app.paths), partPrefixForm(), findings).rows) {
+        const std::wstring prefix = row.text(L"Prefix");
+        const std::wstring says = row.text(L"Says");
+        if (prefix.empty() || says.empty()) {
+            findings.add(row.line, prefix.empty() ? L"Prefix" : L"Says", L"is empty");
+            continue;
+        }
+        if (const auto [first, isNew] = seen.emplace(upperCase(prefix), row.line); !isNew) {
+            findings.add(row.line, L"Prefix",
+                         say({L"stands on line ", number(first->second), L" already"}));
+            continue;
+        }
+        const auto sample = reachedSample(prefix, says, synonyms);
+        if (!sample)
+            findings.add(row.line, L"Prefix", L"is never reached");
+        else if (engine.fillByWords<SdtaComponent>({}, *sample).found.group == 0)
+            findings.add(row.line, L"Says", say({L"\"", says, L"\" leads to no group"}));
+    }
 }
 
 } // namespace partwright

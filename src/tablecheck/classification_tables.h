@@ -2,7 +2,7 @@
 
 // The checks of the tables that classify parts.
 
-#include "autofill/unit_table.h"
+#include "autofill/fill_engine.h"
 #include "core/application.h"
 #include "tablecheck/finding.h"
 
@@ -15,5 +15,7 @@ void checkTypeKeywords(const CPartwrightPlugInApp& app, const UnitTable& units,
                        std::vector<TableFinding>& all);
 void checkDirectKeys(const CPartwrightPlugInApp& app, std::vector<TableFinding>& all);
 void checkSynonyms(const CPartwrightPlugInApp& app, std::vector<TableFinding>& all);
+void checkPartPrefixes(const CPartwrightPlugInApp& app, const FillEngine& engine,
+                       std::vector<TableFinding>& all);
 
 } // namespace partwright

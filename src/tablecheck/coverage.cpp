@@ -212,7 +212,9 @@ std::wstring coverageText(const CPartwrightPlugInApp& app, const FillTables& tab
     for (const auto& [group, rules] : validation.thermal)
         thermal += rules.size();
 
-    std::wstring text = tableHead(
+    std::wstring text = L"# What the tables cover\n\nMade by `partwright-cli tables --coverage`; a "
+                        L"change of the tables changes this page.\n\n";
+    text += tableHead(
         {L"Library", L"Groups", L"Types", L"Keywords", L"Direct keys", L"Parameter rules"});
     text += tableRow(sumRow(Kind<SdtaComponent>::name, stress));
     text += tableRow(sumRow(Kind<AsrComponent>::name, analyses));
@@ -222,12 +224,13 @@ std::wstring coverageText(const CPartwrightPlugInApp& app, const FillTables& tab
     text += tableRow({L"Validation rules", number(validation.rules.size())});
     text += tableRow({L"Combination rules", number(thermal)});
     text += tableRow({L"Synonyms", number(synonyms.size())});
+    text += tableRow({L"Part-number prefixes", number(synonyms.prefixes().size())});
     text +=
         tableRow({L"Group library", say({number(library.size()), L" rules for ", number(series),
                                          L" series in ", number(families.size()), L" families"})});
-    text += L"\n### SDTA groups\n\n" + groupTable(stress, true);
-    text += L"\n### Analyses groups\n\n" + groupTable(analyses, false);
-    text += L"\n### Series of the group library\n\n" + seriesTables(families);
+    text += L"\n## SDTA groups\n\n" + groupTable(stress, true);
+    text += L"\n## Analyses groups\n\n" + groupTable(analyses, false);
+    text += L"\n## Series of the group library\n\n" + seriesTables(families);
     return text;
 }
 

@@ -4,6 +4,7 @@
 #include "core/library_kind.h"
 #include "core/text.h"
 #include "core/vocabulary.h"
+#include "library/property_tables.h"
 #include "library/small_tables.h"
 #include "validation/cell_check.h"
 
@@ -160,7 +161,7 @@ void checkThermalRules(const CPartwrightPlugInApp& app, std::vector<TableFinding
 
 void checkVisibility(const CPartwrightPlugInApp& app, std::vector<TableFinding>& all) {
     static constexpr std::wstring_view columns[] = {L"GroupID", L"LParID_RAPID", L"LParID_ASR"};
-    const std::wstring path = app.paths.programFolder + L"LibColVisibility_Ext.csv";
+    const std::wstring path = columnVisibilityPath(app.paths);
     Findings findings(all, path);
     RuleTableForm form;
     form.columns = columns;
@@ -191,7 +192,7 @@ void checkVisibility(const CPartwrightPlugInApp& app, std::vector<TableFinding>&
 
 void checkConversion(const CPartwrightPlugInApp& app, std::vector<TableFinding>& all) {
     static constexpr std::wstring_view columns[] = {L"Method", L"NameID", L"Family", L"ID_BiCod"};
-    const std::wstring path = app.paths.programFolder + L"Conv_BiCode.csv";
+    const std::wstring path = biCodePath(app.paths);
     Findings findings(all, path);
     RuleTableForm form;
     form.columns = columns;

@@ -14,6 +14,7 @@ std::vector<TableFinding> checkTables(const CPartwrightPlugInApp& app, FillEngin
     checkTypeKeywords(app, engine.tables().units, all);
     checkDirectKeys(app, all);
     checkSynonyms(app, all);
+    checkPartPrefixes(app, engine, all);
     const ValidationRules rules = checkValidationRules(app, all);
     checkThermalRules(app, all);
     checkProperties(app, rules, all);

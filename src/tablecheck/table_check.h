@@ -13,6 +13,7 @@
 //   DescrRules_SDTATypes.csv     groups and types, keywords, exclusion terms
 //   SDTA_ASR_MGT.csv             methods, groups and types, type names
 //   DescrSynonyms.csv            entries that can be read, each reachable
+//   PartPrefixes.csv             prefixes that are reached and lead to a group
 //   Property_SDTA_Library.csv,   a row for every pair of group and type, families and numbers,
 //   Property_ASR_Library.csv     labels, hints, rule references, drop-down lists
 //   LibColVisibility_Ext.csv     groups and parameters

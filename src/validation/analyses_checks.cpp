@@ -21,12 +21,8 @@ CellAnswer byGroup(const AnalysesTable& table, const AnalysesRow& row, std::size
                    std::wstring_view text) {
     if (auto fault = refusalUnless(amplifierOutputFault(table, row, position, text)))
         return {true, std::move(fault)};
-    CellAnswer frequency = CheckFrequencyCell(table, row, position, text);
-    if (frequency.finding)
-        return frequency;
     CellAnswer group = CheckGroupCell(table, row, position, text);
-    group.isJudged = group.isJudged || frequency.isJudged;
-    return group;
+    return group.isJudged ? group : CheckFrequencyCell(table, row, position, text);
 }
 
 /// What holds for every group.

@@ -47,7 +47,8 @@ std::vector<std::wstring_view> listItems(std::wstring_view text, bool namesPins)
 ItemRow::ItemRow(const AnalysesTable& table, const AnalysesRow& row) : row_(row) {
     items_.reserve(2 * row.cells.size());
     for (std::size_t position = 1; position < ends_.size(); ++position) {
-        split(row.text(position), table.namesPins(position), items_);
+        hidden_[position] = table.isHidden(position);
+        split(text(position), table.namesPins(position), items_);
         ends_[position] = items_.size();
     }
 }

@@ -15,6 +15,7 @@
 #include "validation/finding.h"
 
 #include <array>
+#include <bitset>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -78,23 +79,34 @@ using ListItems = std::span<const std::wstring_view>;
 /// The items of one list text.
 [[nodiscard]] std::vector<std::wstring_view> listItems(std::wstring_view text, bool namesPins);
 
-/// A row whose cells are split, once for all checks that follow.
+/// A row as the passes over all rows see it: its cells split, once for all checks that follow, and
+/// those empty that the level of the analysis hides.
 class ItemRow {
 public:
     ItemRow(const AnalysesTable& table, const AnalysesRow& row);
 
     [[nodiscard]] const AnalysesRow& row() const { return row_; }
     [[nodiscard]] std::wstring_view type() const { return row_.type(); }
-    [[nodiscard]] std::wstring_view text(std::size_t position) const { return row_.text(position); }
+    [[nodiscard]] std::wstring_view text(std::size_t position) const {
+        return isHidden(position) ? std::wstring_view() : row_.text(position);
+    }
+    [[nodiscard]] bool isHidden(std::size_t position) const {
+        return position < hidden_.size() && hidden_[position];
+    }
     [[nodiscard]] bool isEmpty(std::size_t position) const { return text(position).empty(); }
     [[nodiscard]] bool isDash(std::size_t position) const;
     [[nodiscard]] bool isNotApplicable(std::size_t position) const;
+    /// The cell has a text that is compared with others.
+    [[nodiscard]] bool takesPart(std::size_t position) const {
+        return !isEmpty(position) && !isNotApplicable(position);
+    }
     [[nodiscard]] ListItems items(std::size_t position) const;
     /// Dashes that join items.
     [[nodiscard]] std::size_t dashes(std::size_t position) const;
 
 private:
     AnalysesRow row_;
+    std::bitset<maximumAnalysesColumns + 1> hidden_;
     std::vector<std::wstring_view> items_;
     /// End of each position's items.
     std::array<std::size_t, maximumAnalysesColumns + 1> ends_{};

@@ -98,7 +98,10 @@ std::wstring couplingFault(const ItemRow& row, wchar_t decimalMark) {
     const bool joins = type >= 3;
     if (joins && db.size() > 1)
         return std::wstring(check_text::singleDb);
-    const std::size_t pins = row.items(joins ? 1 : 2).size();
+    const std::size_t pinPosition = joins ? 1 : 2;
+    if (row.isHidden(pinPosition))
+        return {};
+    const std::size_t pins = row.items(pinPosition).size();
     if (pins == 0)
         return std::wstring(joins ? check_text::emptyInputs : check_text::emptyOutputs);
     const double least = decibel(static_cast<double>(pins));

@@ -112,6 +112,17 @@ Finding inRows(std::vector<std::size_t> rows, std::wstring_view message, std::si
     return finding;
 }
 
+/// The rules of supply pins that a group has, for one row.
+std::optional<Finding> supplyRuleFault(const AnalysesTable& table, const SupplyColumns& supplies,
+                                       const ItemRow& row) {
+    if (table.group == 9 || table.group == 36)
+        if (const std::wstring fault = supplyFault(supplies, row); !fault.empty())
+            return inRows({row.row().index}, check_text::inRow(row.row().number, fault));
+    if (table.group == 4 && lacksSupplyOutput(row))
+        return inRows({row.row().index}, check_text::supplyOutput, supplyOutput);
+    return std::nullopt;
+}
+
 std::optional<Finding> allOf(std::vector<std::size_t> rows, std::wstring_view message) {
     return rows.empty() ? std::nullopt : std::optional(inRows(std::move(rows), message));
 }
@@ -123,21 +134,20 @@ std::optional<Finding> CheckDuplicatePins(const AnalysesTable& table, ItemRows r
                                     [&](const PinColumns& p) { return p.group == table.group; });
     if (rule == std::end(pinColumns))
         return std::nullopt;
-    const bool hasSupplies = table.group == 9 || table.group == 36;
     const SupplyColumns supplies = supplyColumns(table);
     std::vector<std::size_t> repeating;
+    std::optional<Finding> single;
     for (const ItemRow& row : rows) {
         if (!rule->skippedType.empty() && row.type() == rule->skippedType)
             continue;
-        const std::size_t index = row.row().index;
-        if (hasSupplies)
-            if (const std::wstring fault = supplyFault(supplies, row); !fault.empty())
-                return inRows({index}, check_text::inRow(row.row().number, fault));
-        if (table.group == 4 && lacksSupplyOutput(row))
-            return inRows({index}, check_text::supplyOutput, supplyOutput);
+        // The fault of one row is told unless a row before it repeats a pin.
+        if (!single && repeating.empty())
+            single = supplyRuleFault(table, supplies, row);
         if (repeatsPin(row, rule->columns))
-            repeating.push_back(index);
+            repeating.push_back(row.row().index);
     }
+    if (single)
+        return single;
     return allOf(std::move(repeating), check_text::duplicatePins);
 }
 

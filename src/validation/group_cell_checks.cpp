@@ -149,8 +149,7 @@ std::wstring filterFault(std::size_t position, std::wstring_view text) {
     if (text.empty())
         return check_text::filterPins(check_text::filterGround);
     auto items = listItems(text, true);
-    items.erase(std::remove(items.begin(), items.end(), std::wstring_view()), items.end());
-    if (items.empty())
+    if (items.empty() || !isInOrder(text))
         return check_text::filterPins(check_text::filterGroundItems);
     return std::wstring(holdsDuplicate(std::move(items)) ? check_text::duplicateNames
                                                          : std::wstring_view());

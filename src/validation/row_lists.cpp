@@ -77,11 +77,11 @@ constexpr EqualCounts equalCounts[] = {
 
 /// The first column that lists another number of items than the columns before it; 0 when all
 /// agree.
-std::size_t unequalColumn(const AnalysesTable& table, const ItemRow& row, const EqualCounts& rule) {
+std::size_t unequalColumn(const ItemRow& row, const EqualCounts& rule) {
     std::optional<std::ptrdiff_t> expected;
     for (std::size_t position = 1; position <= maximumAnalysesColumns; ++position) {
         const bool isDash = row.isDash(position);
-        if (!holds(rule.columns, position) || !takesPart(table, row, position) ||
+        if (!holds(rule.columns, position) || !row.takesPart(position) ||
             (isDash && holds(rule.dashLeavesOut, position)))
             continue;
         auto count = static_cast<std::ptrdiff_t>(row.dashes(position));
@@ -98,7 +98,7 @@ std::optional<Finding> countFault(const AnalysesTable& table, const ItemRow& row
     for (const EqualCounts& rule : equalCounts) {
         if (rule.group != table.group || (!rule.type.empty() && rule.type != row.type()))
             continue;
-        if (const std::size_t position = unequalColumn(table, row, rule))
+        if (const std::size_t position = unequalColumn(row, rule))
             return refusal(check_text::quantityMustBeEqual(rule.names), position);
     }
     return std::nullopt;
@@ -106,17 +106,17 @@ std::optional<Finding> countFault(const AnalysesTable& table, const ItemRow& row
 
 // --- Rules of single groups
 
-std::optional<Finding> circuitFault(const AnalysesTable& table, const ItemRow& row) {
+std::optional<Finding> circuitFault(const ItemRow& row) {
     constexpr std::size_t pinOut = 10;
     constexpr std::size_t vout = 11;
     constexpr std::size_t rout = 23;
-    if (!takesPart(table, row, vout))
+    if (!row.takesPart(vout))
         return std::nullopt;
-    if (takesPart(table, row, pinOut) && row.isDash(pinOut) && !row.isDash(vout))
+    if (row.takesPart(pinOut) && row.isDash(pinOut) && !row.isDash(vout))
         return refusal(check_text::maximumOutputUndefined, vout);
-    if (takesPart(table, row, pinOut) && row.isDash(vout) && !row.isDash(pinOut))
+    if (row.takesPart(pinOut) && row.isDash(vout) && !row.isDash(pinOut))
         return refusal(check_text::outputUndefined, pinOut);
-    if (takesPart(table, row, rout) && row.isDash(vout) && !row.isDash(rout))
+    if (row.takesPart(rout) && row.isDash(vout) && !row.isDash(rout))
         return refusal(check_text::outputResistance, rout);
     return std::nullopt;
 }
@@ -127,7 +127,7 @@ std::optional<Finding> delayFault(const AnalysesTable& table, const ItemRow& row
     constexpr std::size_t fout = 4;
     constexpr std::size_t delay = 11;
     constexpr double slack = 1e-12;
-    if (!takesPart(table, row, delay))
+    if (!row.takesPart(delay) || row.isHidden(fout))
         return std::nullopt;
     const double frequency = listNumber(row.text(fout), table.decimalMark).value_or(0);
     for (const std::wstring_view item : row.items(delay)) {
@@ -140,7 +140,7 @@ std::optional<Finding> delayFault(const AnalysesTable& table, const ItemRow& row
 
 std::optional<Finding> diodeFault(const AnalysesTable& table, const ItemRow& row) {
     const std::size_t anode = table.group == 11 ? 5 : 3;
-    if (!takesPart(table, row, anode) || !takesPart(table, row, anode + 1))
+    if (!row.takesPart(anode) || !row.takesPart(anode + 1))
         return std::nullopt;
     const ListItems a = row.items(anode);
     const ListItems c = row.items(anode + 1);
@@ -152,18 +152,18 @@ std::optional<Finding> diodeFault(const AnalysesTable& table, const ItemRow& row
 std::optional<Finding> groupFault(const AnalysesTable& table, const ItemRow& row) {
     switch (table.group) {
     case 5:
-        if (!takesPart(table, row, 2) || !takesPart(table, row, 5))
+        if (!row.takesPart(2) || !row.takesPart(5))
             return std::nullopt;
         return refusalUnless(dbFault(5, row.type(), row.items(2), row.items(5), table.decimalMark),
                              5);
     case 9:
-        return circuitFault(table, row);
+        return circuitFault(row);
     case 11:
     case 12:
     case 13:
         return diodeFault(table, row);
     case 24:
-        return transformerFault(table, row);
+        return transformerFault(row, table.decimalMark);
     case 25:
         return delayFault(table, row);
     default:
@@ -172,10 +172,6 @@ std::optional<Finding> groupFault(const AnalysesTable& table, const ItemRow& row
 }
 
 } // namespace
-
-bool takesPart(const AnalysesTable& table, const ItemRow& row, std::size_t position) {
-    return !table.isHidden(position) && !row.isEmpty(position) && !row.isNotApplicable(position);
-}
 
 std::optional<Finding> CheckRowLists(const AnalysesTable& table, ItemRows rows) {
     if (std::none_of(std::begin(equalCounts), std::end(equalCounts),

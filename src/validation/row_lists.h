@@ -12,20 +12,15 @@
 #include "validation/analyses_table.h"
 #include "validation/finding.h"
 
-#include <cstddef>
 #include <optional>
-#include <string>
 
 namespace partwright {
 
 /// The first row at fault, with its message behind the name of the method.
 [[nodiscard]] std::optional<Finding> CheckRowLists(const AnalysesTable& table, ItemRows rows);
 
-/// The cell takes part in the pass.
-[[nodiscard]] bool takesPart(const AnalysesTable& table, const ItemRow& row, std::size_t position);
-
-/// Group 24: what the lists of a row's windings say beyond their counts.
-[[nodiscard]] std::optional<Finding> transformerFault(const AnalysesTable& table,
-                                                      const ItemRow& row);
+/// Group 24: what the lists of a row's windings say beyond their counts. A row without any value is
+/// left alone like an unfilled row of any other group.
+[[nodiscard]] std::optional<Finding> transformerFault(const ItemRow& row, wchar_t decimalMark);
 
 } // namespace partwright

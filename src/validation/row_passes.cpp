@@ -7,6 +7,8 @@
 #include "validation/list_cells.h"
 #include "validation/row_lists.h"
 
+#include <set>
+
 namespace partwright {
 
 namespace {
@@ -85,13 +87,16 @@ std::optional<Finding> CheckFilterRows(const AnalysesTable& table, ItemRows rows
     return firstFinding(rows, [&](const ItemRow& row) -> std::optional<Finding> {
         if (row.row().isHidden)
             return std::nullopt;
-        for (const std::size_t position : filterPins)
+        std::set<std::size_t> counts;
+        for (const std::size_t position : filterPins) {
+            if (row.isHidden(position))
+                continue;
             if (auto found =
                     at(position, CheckGroupCell(table, row.row(), position, row.text(position))))
                 return found;
-        const std::size_t count = row.items(1).size();
-        if (row.type() == L"Feed.Th.Cap" &&
-            (row.items(2).size() != count || row.items(3).size() != count))
+            counts.insert(row.items(position).size());
+        }
+        if (row.type() == L"Feed.Th.Cap" && counts.size() > 1)
             return refusal(check_text::feedThroughCounts);
         return std::nullopt;
     });

@@ -46,40 +46,43 @@ constexpr Windings windings[] = {
     {L"Flyback.Transformer", 1, false, false},
 };
 
+bool isUnfilled(const ItemRow& row) {
+    for (std::size_t position = 1; position <= maximumAnalysesColumns; ++position)
+        if (row.takesPart(position))
+            return false;
+    return true;
+}
+
 /// The first cell of a section for which nothing at all was entered, though the level shows it;
 /// 0 when something was.
-std::size_t missingCell(const AnalysesTable& table, const ItemRow& row, const Section& section) {
+std::size_t missingCell(const ItemRow& row, const Section& section) {
     std::size_t first = 0;
     for (const std::size_t position : section.parameters) {
-        if (table.isHidden(position))
-            continue;
         if (!row.isEmpty(position))
             return 0;
-        if (first == 0)
+        if (first == 0 && !row.isHidden(position))
             first = position;
     }
     return first;
 }
 
-std::optional<Finding> levelFault(const AnalysesTable& table, const ItemRow& row,
-                                  const Section& section) {
-    if (!takesPart(table, row, section.levels) || !takesPart(table, row, section.pins()))
+std::optional<Finding> levelFault(const ItemRow& row, const Section& section, wchar_t decimalMark) {
+    if (!row.takesPart(section.levels) || !row.takesPart(section.pins()))
         return std::nullopt;
     const ListItems levels = row.items(section.levels);
     if (levels.empty())
         return std::nullopt;
     if (levels.size() != row.items(section.pins()).size() + 1)
         return refusal(check_text::sectionDbQuantity(section.number, row.type()), section.levels);
-    if (exceedsWhole(powerSum(levels, table.decimalMark)))
+    if (exceedsWhole(powerSum(levels, decimalMark)))
         return refusal(check_text::sectionDbSum(section.number), section.levels);
     return std::nullopt;
 }
 
 /// Pairs without direction: a winding between 1 and 2 is one between 2 and 1.
-std::vector<PinPair> pinPairs(const AnalysesTable& table, const ItemRow& row,
-                              const Section& section) {
+std::vector<PinPair> pinPairs(const ItemRow& row, const Section& section) {
     std::vector<PinPair> pairs;
-    if (!takesPart(table, row, section.pins()) || !takesPart(table, row, section.otherPins()))
+    if (!row.takesPart(section.pins()) || !row.takesPart(section.otherPins()))
         return pairs;
     const ListItems a = row.items(section.pins());
     const ListItems b = row.items(section.otherPins());
@@ -88,8 +91,8 @@ std::vector<PinPair> pinPairs(const AnalysesTable& table, const ItemRow& row,
     return pairs;
 }
 
-bool hasUnequalPins(const AnalysesTable& table, const ItemRow& row, const Section& section) {
-    return takesPart(table, row, section.pins()) && takesPart(table, row, section.otherPins()) &&
+bool hasUnequalPins(const ItemRow& row, const Section& section) {
+    return row.takesPart(section.pins()) && row.takesPart(section.otherPins()) &&
            row.items(section.pins()).size() != row.items(section.otherPins()).size();
 }
 
@@ -118,12 +121,12 @@ std::wstring repeatedPinFault(const std::vector<PinPair>& pairs) {
                                     pairText(pairs[std::next(repeated)->second]));
 }
 
-std::optional<Finding> pairFault(const AnalysesTable& table, const ItemRow& row) {
+std::optional<Finding> pairFault(const ItemRow& row) {
     for (const Section& section : sections)
-        if (hasUnequalPins(table, row, section))
+        if (hasUnequalPins(row, section))
             return refusal(section.unequalPins, section.otherPins());
-    std::vector<PinPair> first = pinPairs(table, row, sections[0]);
-    const std::vector<PinPair> second = pinPairs(table, row, sections[1]);
+    std::vector<PinPair> first = pinPairs(row, sections[0]);
+    const std::vector<PinPair> second = pinPairs(row, sections[1]);
     for (const PinPair& pair : second)
         if (std::find(first.begin(), first.end(), pair) != first.end())
             return refusal(check_text::pairInBothSections);
@@ -133,20 +136,20 @@ std::optional<Finding> pairFault(const AnalysesTable& table, const ItemRow& row)
 
 } // namespace
 
-std::optional<Finding> transformerFault(const AnalysesTable& table, const ItemRow& row) {
+std::optional<Finding> transformerFault(const ItemRow& row, wchar_t decimalMark) {
     const auto* kind = std::find_if(std::begin(windings), std::end(windings),
                                     [&](const Windings& w) { return w.type == row.type(); });
-    if (kind == std::end(windings))
+    if (kind == std::end(windings) || isUnfilled(row))
         return std::nullopt;
     for (std::size_t i = 0; i < kind->sections; ++i) {
-        if (const std::size_t position = missingCell(table, row, sections[i]))
+        if (const std::size_t position = missingCell(row, sections[i]))
             return refusal(check_text::transformerParameters, position);
         if (!kind->hasLevels)
             continue;
-        if (auto found = levelFault(table, row, sections[i]))
+        if (auto found = levelFault(row, sections[i], decimalMark))
             return found;
     }
-    return kind->comparesPairs ? pairFault(table, row) : std::nullopt;
+    return kind->comparesPairs ? pairFault(row) : std::nullopt;
 }
 
 } // namespace partwright

@@ -74,7 +74,7 @@ TEST_F(FillCommands, GroupLibraryIdentifiesPartsAnew) {
     library[L"RC0603FR-0710KL"].LPar = {L"1", L"2", L"3", L"4", L"5"};
     const SdtaLibrary before = library;
 
-    const FillReport report =
+    const FillReport<SdtaComponent> report =
         RunGroupLibrary(tools(), *classifier_, groupLibrary_, selection_, library);
 
     EXPECT_EQ(report.changed, (std::vector<std::wstring>{L"RC0603FR-07 4K7L", L"RC0603FR-0710KL"}));
@@ -104,7 +104,7 @@ TEST_F(FillCommands, AnalysesRecordsGoTheSameWay) {
     add(library, L"rc0603fr-0710kl", 21, 1);
     add(library, L"RC0603FR-0710KL", 0, 0);
     add(library, L"RC0603FR-07 4K7L", 21, 1);
-    const FillReport report =
+    const FillReport<AsrComponent> report =
         RunAsrGroupLibrary(tools(), *classifier_, groupLibrary_, selection_, library);
     EXPECT_EQ(report.changed, (std::vector<std::wstring>{L"RC0603FR-07 4K7L"}))
         << "group 0 is left alone, and part numbers keep their case";
@@ -132,7 +132,8 @@ TEST_F(FillCommands, DescriptionsFillOnlyWhatIsEmpty) {
     add(library, L"OTHER", 10, 27, L"RES 1 kOHM");
     const SdtaLibrary before = library;
 
-    const FillReport report = ParseDescriptionsForSelection(tools(), selection_, library);
+    const FillReport<SdtaComponent> report =
+        ParseDescriptionsForSelection(tools(), selection_, library);
 
     EXPECT_EQ(report.changed, (std::vector<std::wstring>{L"EMPTY", L"LOW", L"UNKNOWN"}));
     EXPECT_EQ(library[L"UNKNOWN"].LPar[0], L"-1");

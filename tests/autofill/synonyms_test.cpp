@@ -12,9 +12,9 @@
 namespace partwright {
 namespace {
 
-SynonymTable tableOf(std::string_view rows) {
+SynonymTable tableOf(std::string_view rows, PartPrefixes prefixes = {}) {
     const std::string file = "Find,Replace,Note\n" + std::string(rows) + "\n";
-    return SynonymTable(parseRuleTable(file, CodePage::Utf8, synonymForm()));
+    return SynonymTable(parseRuleTable(file, CodePage::Utf8, synonymForm()), std::move(prefixes));
 }
 
 // The result without the blank that a rewritten text begins with.
@@ -84,6 +84,25 @@ TEST(Synonyms, FaultyEntriesAreNamedAndMatchNothing) {
     EXPECT_EQ(table.faultyLines(), (std::vector<std::size_t>{2, 3, 4, 5, 6, 7, 8}));
     EXPECT_EQ(table.size(), 1U);
     EXPECT_EQ(rewritten(table, "A 4K good"), "A 4K x");
+}
+
+TEST(Synonyms, TheLongestPrefixOfAPartNumberTellsItsKind) {
+    const SynonymTable synonyms = tableOf(
+        "<n>M,<1>Mohm",
+        PartPrefixes(parseRuleTable("Note,Prefix,Says\n,qx,GENERAL\n,QX1,ONE\n,QX?2,ANY TWO\n"
+                                    ",QX12,TWELVE\n,qx,AGAIN\n,,LOST\n,QY1,\n,10M?,FPGA\n",
+                                    CodePage::Utf8, partPrefixForm())));
+    const std::pair<const char*, const char*> cases[] = {
+        {"qx7-ab, 1%", "qx7-ab GENERAL , 1%"},
+        {"QX1A", "QX1A ONE"},
+        {"QX92;QX12B", "QX92 ANY TWO ; QX12B TWELVE"},
+        {"QX", "QX"},                       // no digit: a word
+        {"AQX12", "AQX12"},                 // inside of a word
+        {"QY1", "QY1"},                     // says nothing
+        {"10M 10M08", "10Mohm 10M08 FPGA"}, // a synonym goes before
+    };
+    for (const auto& [text, result] : cases)
+        EXPECT_EQ(rewritten(synonyms, text), result) << text;
 }
 
 TEST(Synonyms, TheShippedTableHasNoFaultyEntry) {

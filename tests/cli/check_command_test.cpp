@@ -53,6 +53,10 @@ TEST_F(CliCheck, EachFindingIsALineOfEightFields) {
                         "Analyses\tR-1\tResistor\tResistor.Fix\tPinR-2\t\tcompleteness\t"
                         "Not all columns are filled in.\n"
                         "3 findings\n");
+    // Of the pins "A" alone comes back from a save as it is.
+    put("0.1", "36,A");
+    EXPECT_EQ(inProject({"check"}).out, "Analyses\tR-1\tResistor\tResistor.Fix\tPinR-1\t36\tsave\t"
+                                        "A save changes it to \"10\".\n1 finding\n");
     put("0.1", "1\\2\\3,4");
     const auto objects = inProject({"check", "--json"}).objects();
     ASSERT_EQ(objects.size(), 1U);

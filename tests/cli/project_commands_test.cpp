@@ -3,6 +3,7 @@
 #include "cli/cli_fixture.h"
 #include "support/places.h"
 
+#include <fstream>
 #include <set>
 
 namespace partwright::test {
@@ -151,7 +152,7 @@ TEST_F(CliProject, FillRefusesToWriteWhatItCouldNotRead) {
     copyTables();
     std::filesystem::rename(nativePath(folder / L"tables/DescrRules.csv"),
                             nativePath(folder / L"tables/away"));
-    answer = refused(1, {"fill", "--sdta"});
+    answer = refused(2, {"fill", "--sdta"});
     EXPECT_NE(answer.err.find("No group names are known"), std::string::npos);
     std::filesystem::rename(nativePath(folder / L"tables/away"),
                             nativePath(folder / L"tables/DescrRules.csv"));
@@ -160,13 +161,55 @@ TEST_F(CliProject, FillRefusesToWriteWhatItCouldNotRead) {
     folder.block(L"tables/DescrSynonyms.csv");
     refused(2, {"fill"});
     tables = places::tables;
+}
 
-    // No such folder to write to.
-    answer = run({"fill", "--sdta", "--library", pathOf(L"nowhere"), "--program", tables,
-                  "--public", pathOf(L"public"), "--input", pathOf(L"input")});
-    EXPECT_EQ(answer.code, 1);
-    EXPECT_NE(answer.err.find("Failed to Open File: \n" + pathOf(L"nowhere/SDTALib_B.csv")),
-              std::string::npos);
+// A gate that looked at nothing must not be green.
+TEST_F(CliProject, AWrongFolderIsTold) {
+    folder.put(L"empty/readme", "");
+    folder.put(L"bom/PlugIn_Partwright_PrjInput.csv", "Ref,Value\nR1,10k\n");
+    const std::pair<const char*, std::pair<const wchar_t*, const char*>> wrong[] = {
+        {"library", {L"nowhere", "The folder of --library is not there: "}},
+        {"public", {L"nowhere", "The folder of --public is not there: "}},
+        {"input", {L"nowhere", "The folder of --input is not there: "}},
+        {"input", {L"empty", "There is no part list: "}},
+        {"input", {L"bom", "No line \"#REFDES,P/N,MFG,DESCR,CPN,SELECT\" was found"}}};
+    for (const char* command : {"check", "status", "fill"})
+        for (const auto& [option, entry] : wrong) {
+            Arguments arguments = {command, "--program", tables};
+            for (const std::string name : {"library", "public", "input"})
+                arguments.insert(
+                    arguments.end(),
+                    {"--" + name, name == option ? pathOf(entry.first) : pathOf(pathText(name))});
+            const auto files = folder.files();
+            const Answer answer = run(arguments);
+            EXPECT_EQ(answer.code, 2) << command << option;
+            EXPECT_EQ(answer.out, "");
+            EXPECT_NE(answer.err.find(entry.second), std::string::npos) << answer.err;
+            EXPECT_EQ(folder.files(), files);
+        }
+}
+
+TEST_F(CliProject, FillStopsWithoutATable) {
+    copyTables();
+    const auto table = [this](const std::string& name) {
+        return std::filesystem::path(tables) / name;
+    };
+    for (const char* name :
+         {"DescrRules_SDTATypes.csv", "DescrSynonyms.csv", "SDTA_ASR_MGT.csv", "Conv_BiCode.csv",
+          "Property_SDTA_Library.csv", "Property_ASR_Library.csv", "LibColVisibility_Ext.csv",
+          "SDTA_Default_LPar.csv", "ASR_Default_LPar.csv", "GLibData.glb"}) {
+        std::filesystem::rename(table(name), table("away"));
+        for (const char* content : {"", "\n\nsomething else, altogether\n"}) {
+            std::filesystem::remove(table(name));
+            if (*content != 0)
+                std::ofstream(table(name)) << content;
+            const Answer answer = refused(2, {"fill"});
+            EXPECT_NE(answer.err.find(name), std::string::npos) << answer.err;
+        }
+        std::filesystem::remove(table(name));
+        std::filesystem::rename(table("away"), table(name));
+    }
+    refused(0, {"fill", "--dry-run"});
 }
 
 TEST_F(CliProject, FillKeepsTheCodePageOrWritesNothing) {
@@ -237,7 +280,7 @@ TEST_F(CliProject, FillCompletesTheSampleProject) {
     EXPECT_GT(uncompleted("analyses", "uncompletedFull"), 0);
     const Answer answer = inProject({"fill"});
     EXPECT_EQ(answer.code, 0) << answer.err;
-    EXPECT_EQ(answer.err, "") << "every file of the samples is there";
+    EXPECT_TRUE(answer.err.starts_with("Looked at ")) << answer.err;
     EXPECT_LT(uncompleted("sdta", "uncompleted"), sdta);
     EXPECT_LT(uncompleted("analyses", "uncompletedFull"), analyses);
 }

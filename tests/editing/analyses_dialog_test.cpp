@@ -96,12 +96,8 @@ class DialogCases final : public test::AnalysesCases {
         AsrDialog d;
         open(d, table, rows);
         d.session->RefreshAllRowFlags();
-        bool isFull = true;
-        for (std::size_t row = 0; row < rows.size(); ++row)
-            isFull = isFull && d.session->table().isComplete(row);
-        if (!isFull)
-            d.prompt.expectQuestion(notAllFilled, yes);
-        const TableOutcome outcome = d.session->ok({}, d.app.libraries.datasheetLinks);
+        const TableOutcome outcome =
+            d.session->ok({}, d.app.libraries.datasheetLinks, Consent::Given);
         std::wstring expected = answer;
         if (const auto at = expected.find(L"Method M\n"); at != std::wstring::npos)
             expected.replace(at, 8, L"Method Schematic Review (ASR)");
@@ -304,15 +300,17 @@ TEST(AnalysesDialog, OkStoresWhatTheLevelShows) {
 /// A dialog over columns that no group of the vocabulary has.
 class HandMadeSession final : public TableSession {
 public:
-    HandMadeSession(TableSetup setup, const ValidationTables& rules, Prompt& prompt)
-        : TableSession(std::move(setup), rules, {}, prompt) {
+    HandMadeSession(TableSetup setup, const ValidationTables& rules)
+        : TableSession(std::move(setup), rules, {}) {
         TableRow row;
         row.cells.resize(this->setup().columns.size());
         row.cells[typeColumn] = this->setup().types.at(1);
         table_.load(std::move(row));
     }
     FamilyGroups familyGroups() const override { return {}; }
-    TableOutcome ok(RowOrder order, DatasheetLinks&) override { return checkAllRowsForOk(order); }
+    TableOutcome ok(RowOrder order, DatasheetLinks&, Consent consent) override {
+        return checkAllRowsForOk(order, consent);
+    }
 
 private:
     bool isOpened(std::wstring_view) const override { return false; }
@@ -328,10 +326,10 @@ TEST(AnalysesDialog, AStopAtACellGoesThere) {
     setup.lastParameter = L(1);
     setup.types = {L"Default", L"Amplifier"};
     setup.properties.resize(3);
-    HandMadeSession s(std::move(setup), d.rules, d.prompt);
+    HandMadeSession s(std::move(setup), d.rules);
     s.paste({{{0, L(1)}, L"1-2"}});
     DatasheetLinks links;
-    const TableOutcome stop = s.ok({}, links);
+    const TableOutcome stop = s.ok({}, links, Consent::Given);
     EXPECT_FALSE(stop.accepted);
     EXPECT_EQ(stop.current, (CellAt{0, L(1)}));
     EXPECT_EQ(stop.selectedRows, std::vector<std::size_t>{0});
@@ -346,7 +344,7 @@ TEST(AnalysesDialog, CheckBoxes) {
     EXPECT_TRUE(setup.columns[calc].hidden);
     EXPECT_FALSE(setup.columns[calc - 1].hidden);
     setup.columns[calc].hidden = false;
-    HandMadeSession s(std::move(setup), d.rules, d.prompt);
+    HandMadeSession s(std::move(setup), d.rules);
     const auto typed = [&](std::wstring_view type) {
         s.modify({0, typeColumn}, type);
         EXPECT_TRUE(s.commit({0, typeColumn}, type, 1).accepted);

@@ -26,7 +26,9 @@ TEST(ComponentRows, DeletionAsksAndSparesTheProject) {
     SdtaDialog d;
     d.projectParts = {{L"P1", L"R1"}, {L"P2", L"R2"}};
     auto& s = d.open(3, std::vector<SdtaDialog::Part>(5, goodThyristor()));
-    const auto remove = [&](Rows rows) { return d.shown(s.deleteRows(rows)).removedRows; };
+    const auto remove = [&](Rows rows) {
+        return d.asked([&](Consent consent) { return s.deleteRows(rows, consent); }).removedRows;
+    };
     d.prompt.expect(L"Select row(s) for deleting by click on row header.");
     EXPECT_EQ(remove({}), Rows{});
     d.prompt.expect(L"You have selected 1 row for deletion.\nThis Part Number is present in the "
@@ -140,24 +142,19 @@ TEST(ComponentRows, DroppingAsksWhenComponentsDiffer) {
     d.projectParts.clear();
     auto& s = d.open(3, std::vector<SdtaDialog::Part>(5, goodThyristor()));
     d.shown(s.selectCell({0, typeColumn + 1})); // Full is worked out anew
-    EXPECT_TRUE(s.mayDrop());
+    EXPECT_TRUE(s.drop().accepted);
     EXPECT_TRUE(d.type({1, typeColumn + 1}, L"9"));
-    d.prompt.expectQuestion(L"Drop the changes to 1 component?", no);
-    EXPECT_FALSE(s.mayDrop());
+    EXPECT_EQ(s.drop().question, L"Drop the changes to 1 component?");
     EXPECT_TRUE(d.type({1, typeColumn + 1}, L"10")); // as it was
-    EXPECT_TRUE(s.mayDrop());
+    EXPECT_TRUE(s.drop().accepted);
     d.shown(s.add({L"NEW", 3, L"Diode SCR", 3}));
     d.shown(s.changeGroup(2, {L"", 7, L"Transistor Bipolar", 4}));
-    d.prompt.expectQuestion(L"You have selected 1 row for deletion.\nChoose Yes to delete or No to "
-                            L"exit.",
-                            yes);
-    d.shown(s.deleteRows({0}));
+    d.shown(s.deleteRows({0}, Consent::Given));
     EXPECT_TRUE(d.type({0, typeColumn + 1}, L"8"));
-    d.prompt.expectQuestion(L"Drop the changes to 4 components?", yes);
-    EXPECT_TRUE(s.mayDrop());
+    EXPECT_EQ(s.drop().question, L"Drop the changes to 4 components?");
     while (s.canUndo())
         d.shown(s.undo());
-    EXPECT_TRUE(s.mayDrop());
+    EXPECT_TRUE(s.drop().accepted);
 }
 
 TEST(ComponentRows, UndoKeepsCellsNotRows) {
@@ -194,7 +191,7 @@ TEST(ComponentRows, OkAsksOnceAndStopsAtTheFirstFault) {
     EXPECT_FALSE(d.ok());
 
     d.prompt.expectQuestion(notAllFilled, yes);
-    TableOutcome outcome = d.shown(s.ok({}, d.app.libraries.datasheetLinks));
+    TableOutcome outcome = d.closed();
     EXPECT_FALSE(outcome.accepted);
     EXPECT_EQ(outcome.selectedRows, Rows{1});
     const std::string line =
@@ -208,7 +205,7 @@ TEST(ComponentRows, OkAsksOnceAndStopsAtTheFirstFault) {
     // The order is that on the screen.
     const Rows order = {3, 2, 1, 0};
     d.prompt.expectQuestion(notAllFilled, yes);
-    outcome = d.shown(s.ok(order, d.app.libraries.datasheetLinks));
+    outcome = d.closed(order);
     EXPECT_EQ(outcome.selectedRows, Rows{2});
     EXPECT_EQ(d.line(), "Thermal resistance Oja must be greater than or equal to Junction to Case "
                         "Ojc.");
@@ -423,12 +420,8 @@ TEST(ComponentRows, UndoAndRedoWalkBothWays) {
                     s.changeGroup(row, {L"", 3, L"", 3});
                 break;
             default:
-                if (rows > 2) {
-                    d.prompt.expectQuestion(L"You have selected 1 row for deletion.\nChoose Yes "
-                                            L"to delete or No to exit.",
-                                            yes);
-                    s.deleteRows({row});
-                }
+                if (rows > 2)
+                    s.deleteRows({row}, Consent::Given);
             }
             if (const std::string now = picture(); now != pictures.back())
                 pictures.push_back(now);

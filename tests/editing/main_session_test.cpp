@@ -4,6 +4,7 @@
 #include "core/messages.h"
 #include "core/paths.h"
 #include "editing/main_session.h"
+#include "editing/new_component_session.h"
 #include "editing/startup.h"
 #include "support/places.h"
 #include "support/project_folder.h"
@@ -11,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <optional>
 #include <set>
 
@@ -117,10 +119,7 @@ TEST_F(MainSessionTest, HandsOutAGroupAndTakesItBack) {
         // Dropping the dialog undoes all but the numbers it announced.
         const auto dropped = page.openGroup(capacitors);
         EXPECT_EQ(dropped->table().rowCount(), 3u);
-        prompt.expectQuestion(message::selectedForDeletion(1) +
-                                  std::wstring(message::deleteQuestion),
-                              PromptAnswer::Yes);
-        dropped->deleteRows({1});
+        dropped->deleteRows({1}, Consent::Given);
         dropped->add(added);
     }
     page.setFilter(PageFilter::AllProject);
@@ -130,14 +129,11 @@ TEST_F(MainSessionTest, HandsOutAGroupAndTakesItBack) {
 
     page.setFilter(PageFilter::FullLibrary);
     const auto opened = page.openGroup(capacitors);
-    prompt.expectQuestion(message::selectedForDeletion(1) + std::wstring(message::deleteQuestion),
-                          PromptAnswer::Yes);
-    opened->deleteRows({1});
+    opened->deleteRows({1}, Consent::Given);
     opened->add(added);
     opened->changeGroup(1, {{}, 10, L"Resistor Chip", 6});
     DatasheetLinks links;
-    prompt.expectQuestion(message::notAllFilledIn, PromptAnswer::Yes);
-    ASSERT_TRUE(opened->ok({}, links).accepted);
+    ASSERT_TRUE(opened->ok({}, links, Consent::Given).accepted);
     page.storeGroup(*opened);
     EXPECT_FALSE(page.designLibrary.contains(L"CAP-8"));
     EXPECT_FALSE(page.designParts.contains(L"CAP-8"));
@@ -149,12 +145,8 @@ TEST_F(MainSessionTest, HandsOutAGroupAndTakesItBack) {
 
     // A part added by hand can be deleted again, one of the project cannot.
     const auto last = page.openGroup(capacitors);
-    prompt.expectQuestion(message::selectedForDeletion(2) + message::partlyDeletable(1, 1) +
-                              std::wstring(message::deleteQuestion),
-                          PromptAnswer::Yes);
-    EXPECT_EQ(last->deleteRows({0, 1}).removedRows, std::vector<std::size_t>{1});
-    prompt.expectQuestion(message::notAllFilledIn, PromptAnswer::Yes);
-    ASSERT_TRUE(last->ok({}, links).accepted);
+    EXPECT_EQ(last->deleteRows({0, 1}, Consent::Given).removedRows, std::vector<std::size_t>{1});
+    ASSERT_TRUE(last->ok({}, links, Consent::Given).accepted);
     page.storeGroup(*last);
     EXPECT_FALSE(page.designLibrary.contains(L"NEW-1"));
 }
@@ -199,6 +191,34 @@ TEST_F(MainSessionTest, AnalysesRecordsStartFromTheSdtaMaster) {
     EXPECT_EQ(app.asr.GroupAndTypeNames(record.group, 0).first, L"Capacitor");
     EXPECT_EQ(record.CatNum, L"cat-m");
     EXPECT_EQ(record.Description, L"words of the master");
+}
+
+TEST_F(MainSessionTest, EveryPartIsReachedAndClassifiedOnceItsTwinIs) {
+    folder.putParts("BT1,ODD-1,,what nobody knows,,Yes\n");
+    expectFirstStart();
+    MainSession& main = start();
+    for (int page = 0; page < MainSession::pageCount; ++page) {
+        const std::vector<GroupCount> lines = main.page(page).counts();
+        const auto line = std::find_if(lines.begin(), lines.end(),
+                                       [](const GroupCount& one) { return one.quantity != 0; });
+        ASSERT_NE(line, lines.end()) << page;
+        EXPECT_EQ(line->name, L"Not defined");
+        EXPECT_EQ(main.page(page).openNewComponents()->rows().size(), 1U);
+    }
+    AsrComponent& record = main.asrPage.designLibrary.at(L"ODD-1");
+    record.Manufacturer = L"ACME";
+    record.Notes = L"typed";
+    main.asrPage.refresh();
+    EXPECT_EQ(record.group, 1) << "nothing is known that was not known before";
+
+    const auto table = main.sdtaPage.openNewComponents();
+    table->setFamily(0, L"Resistor");
+    table->setGroup(0, L"Resistor");
+    main.storeNewComponents(0, *table);
+    main.sdtaPage.save(false);
+    main.asrPage.refresh();
+    EXPECT_EQ(app.asr.GroupAndTypeNames(record.group, 0).first, L"Resistor");
+    EXPECT_EQ(record.Manufacturer + L"|" + record.Notes, L"ACME|typed");
 }
 
 TEST_F(MainSessionTest, NoRefreshClassifiesTheSameTextTwice) {

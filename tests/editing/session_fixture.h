@@ -57,6 +57,7 @@ struct Dialog {
     CPartwrightPlugInApp app = shippedApp();
     ValidationTables rules = shippedRules();
     ScriptedPrompt prompt;
+    OutcomeBoxes boxes{prompt};
     PartSelection projectParts = {{L"P1", L"R1,R2"}};
     PartSelection shownParts;
     PartSelection libraryParts;
@@ -99,15 +100,22 @@ struct Dialog {
                              return own.find(part) != own.end() || elsewhere.contains(part);
                          }};
         session = std::make_unique<ComponentTableSession<Record>>(
-            app, group, level, std::move(library), rules, std::move(place), prompt);
+            app, group, level, std::move(library), rules, std::move(place));
         return *session;
     }
 
     /// Shows an outcome's boxes and hands it on.
     TableOutcome shown(TableOutcome outcome) {
-        session->present(outcome);
+        boxes.show(outcome);
         line_ = outcome.line.value_or(line_);
         return outcome;
+    }
+    /// A verb that asks first: what comes of it after the answer.
+    template <class Verb>
+    TableOutcome asked(Verb verb) {
+        TableOutcome outcome = verb(Consent::NotAsked);
+        line_ = outcome.line.value_or(line_);
+        return boxes.show(outcome) ? shown(verb(Consent::Given)) : outcome;
     }
     /// As a person types: every change of the text, then Enter.
     bool type(CellAt at, std::wstring_view text) {
@@ -128,7 +136,12 @@ struct Dialog {
     }
     /// The line below the table.
     std::string line() const { return narrow(line_); }
-    bool ok() { return shown(session->ok({}, app.libraries.datasheetLinks)).accepted; }
+    TableOutcome closed(RowOrder order = {}) {
+        return asked([&](Consent consent) {
+            return session->ok(order, app.libraries.datasheetLinks, consent);
+        });
+    }
+    bool ok() { return closed().accepted; }
 
 private:
     std::wstring line_;

@@ -150,12 +150,13 @@ TEST(TableSession, TableFaultBoxesDoNotNest) {
     PartSelection none;
     ComponentTableSession<SdtaComponent> s(
         d.app, 3, AnalysisLevel::Full, d.records(3, {test::goodThyristor()}), d.rules,
-        {&none, &none, &none, [](std::wstring_view) { return false; }}, prompt);
-    prompt.whileOpen = [&] { s.present(s.selectCell({0, L(2)})); };
-    s.present(s.selectCell({0, L(1)}));
+        {&none, &none, &none, [](std::wstring_view) { return false; }});
+    OutcomeBoxes boxes(prompt);
+    prompt.whileOpen = [&] { boxes.show(s.selectCell({0, L(2)})); };
+    boxes.show(s.selectCell({0, L(1)}));
     EXPECT_EQ(prompt.shown, 1);
     prompt.whileOpen = nullptr;
-    s.present(s.selectCell({0, L(1)}));
+    boxes.show(s.selectCell({0, L(1)}));
     EXPECT_EQ(prompt.shown, 2);
 }
 

@@ -75,7 +75,8 @@ void synonyms(const CPartwrightPlugInApp& app, const std::wstring& description) 
     SynonymTable table;
     LoadSynonyms(app.paths, table);
     const std::wstring result = table.rewrite(description);
-    const bool untouched = table.size() == 0 || description.empty() || description == L"-";
+    const bool untouched =
+        table.size() + table.prefixes().size() == 0 || description.empty() || description == L"-";
     test::demand(untouched ? result == description : result.starts_with(L' '),
                  "a rewritten text begins with a blank");
 }
@@ -87,7 +88,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     static const test::TempFolder folder;
     static constexpr const wchar_t* files[] = {L"DescrRules.csv", L"DescrRules_SDTATypes.csv",
-                                               L"SDTA_ASR_MGT.csv", L"DescrSynonyms.csv"};
+                                               L"SDTA_ASR_MGT.csv", L"DescrSynonyms.csv",
+                                               L"PartPrefixes.csv"};
     const std::size_t kind = data[0] % std::size(files);
     const std::string bytes = test::bytesOf(data + 1, size - 1);
     const auto lastLine = bytes.rfind('\n');
@@ -99,7 +101,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ResolveFilePaths(app.paths, L"/public");
     if (kind == 0)
         groups(app, description);
-    else if (kind == 3)
+    else if (kind >= 3)
         synonyms(app, description);
     else
         types(app, description);

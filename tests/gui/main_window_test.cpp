@@ -10,6 +10,7 @@
 #include <sys/resource.h>
 
 #include <QAction>
+#include <QClipboard>
 #include <QHeaderView>
 #include <QTimer>
 #include <cmath>
@@ -199,6 +200,56 @@ TEST_F(MainWindowCase, FillsTheActivePage) {
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
     EXPECT_EQ(folder.bytesOf(sampleSdta), MainWindow().folder.bytesOf(sampleSdta))
         << "nothing is written";
+}
+
+TEST_F(MainWindowCase, AFillIsToldListedAndTakenBackWithoutDroppingLaterWork) {
+    open();
+    EXPECT_FALSE(find<QWidget>("sdtaFillText").isVisible());
+    const QString before = status("sdtaStatusText");
+    const SdtaLibrary library = session->sdtaPage.designLibrary;
+    press("groupLibrary");
+    EXPECT_TRUE(status("sdtaFillText").startsWith(QStringLiteral("Group Library: 3")));
+
+    QString copied;
+    QTimer::singleShot(0, [&copied] {
+        QWidget* list = QApplication::activeModalWidget();
+        list->findChild<QPushButton*>(QStringLiteral("copy"))->click();
+        copied = QApplication::clipboard()->text();
+        QTest::keyClick(list, Qt::Key_Escape);
+    });
+    press("sdtaFillShow");
+    EXPECT_TRUE(copied.startsWith(QStringLiteral("Part Number\tParameter\tOld\tNew\n")));
+    EXPECT_TRUE(copied.contains(QStringLiteral("\n1N4007\tVr-RT\t\t1000\n")));
+
+    session->sdtaPage.designLibrary[L"1N4007"].LPar[0] = L"0.7"; // typed after the command
+    dialog->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&*dialog));
+    QTest::keyClick(&*dialog, Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(status("sdtaFillText")
+                    .endsWith(QStringLiteral(
+                        " parts are as before. 1 part was changed since and left alone.")));
+    for (const auto& [key, record] : library)
+        EXPECT_EQ(session->sdtaPage.designLibrary.at(key) == record, key != L"1N4007");
+    EXPECT_EQ(status("sdtaStatusText"), before);
+    EXPECT_FALSE(find<QPushButton>("sdtaFillTakeBack").isVisible());
+    QTest::keyClick(&*dialog, Qt::Key_Z, Qt::ControlModifier); // nothing is left to take back
+    EXPECT_EQ(session->sdtaPage.designLibrary.at(L"1N4007").LPar[0], L"0.7");
+}
+
+TEST_F(MainWindowCase, WithoutATableNothingIsFilled) {
+    std::filesystem::copy(places::tables, nativePath(folder / L"tables"));
+    tables = folder / L"tables";
+    std::filesystem::remove(nativePath(folder / L"tables/Conv_BiCode.csv"));
+    std::filesystem::remove(nativePath(folder / L"tables/GLibData.glb"));
+    open();
+    const AsrLibrary library = session->asrPage.designLibrary;
+    find<QTabWidget>("propertySheet").setCurrentIndex(1);
+    for (const char* command : {"groupLibrary", "descriptionParsing"}) {
+        prompt.expect(message::fillNeedsTables({folder / L"tables/Conv_BiCode.csv"}),
+                      PromptIcon::Warning);
+        press(command);
+    }
+    EXPECT_EQ(session->asrPage.designLibrary, library);
 }
 
 TEST_F(MainWindowCase, SaveWritesThePageShown) {

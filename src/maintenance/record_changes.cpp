@@ -1,11 +1,13 @@
-#include "cli/record_changes.h"
+#include "maintenance/record_changes.h"
 
 #include "core/cell_text.h"
 #include "core/text.h"
 
-namespace partwright::cli {
+namespace partwright {
 
 namespace {
+
+constexpr std::wstring_view notesField = L"Notes";
 
 /// The type as the file names it: the default type by its own name.
 template <class Record>
@@ -32,13 +34,15 @@ std::vector<std::pair<std::wstring, std::wstring>> fieldsOf(const Definitions<Re
     const Names columns = Kind<Record>::columns(record.group);
     for (std::size_t i = 0; i < columns.size(); ++i)
         fields.emplace_back(columns[i], cell::toFile(record.LPar[i]));
-    fields.emplace_back(L"Notes", record.Notes);
+    fields.emplace_back(notesField, record.Notes);
     return fields;
 }
 
+} // namespace
+
 template <class Record>
-RecordChange compare(const Definitions<Record>& definitions, const Record& before,
-                     const Record& after) {
+RecordChange changeBetween(const Definitions<Record>& definitions, const Record& before,
+                           const Record& after) {
     RecordChange change;
     change.partNumber = after.PartNum;
     auto old = fieldsOf(definitions, before);
@@ -57,7 +61,17 @@ RecordChange compare(const Definitions<Record>& definitions, const Record& befor
     return change;
 }
 
-} // namespace
+ChangeCount countOf(const RecordChange& change) {
+    ChangeCount count;
+    for (const FieldChange& field : change.fields) {
+        if (field.name == notesField)
+            continue;
+        ++(field.before.empty()  ? count.filled
+           : field.after.empty() ? count.emptied
+                                 : count.replaced);
+    }
+    return count;
+}
 
 template <class Library>
 std::vector<RecordChange>
@@ -71,9 +85,9 @@ changesBetween(const Definitions<typename Library::mapped_type>& definitions, co
         const auto found = old.find(key);
         if (found != old.end() && *found->second == record)
             continue;
-        RecordChange change = found == old.end()
-                                  ? compare(definitions, typename Library::mapped_type{}, record)
-                                  : compare(definitions, *found->second, record);
+        RecordChange change =
+            found == old.end() ? changeBetween(definitions, typename Library::mapped_type{}, record)
+                               : changeBetween(definitions, *found->second, record);
         change.added = found == old.end();
         if (change.added || !change.fields.empty())
             changes.push_back(std::move(change));
@@ -81,9 +95,13 @@ changesBetween(const Definitions<typename Library::mapped_type>& definitions, co
     return changes;
 }
 
+template RecordChange changeBetween(const Definitions<SdtaComponent>&, const SdtaComponent&,
+                                    const SdtaComponent&);
+template RecordChange changeBetween(const Definitions<AsrComponent>&, const AsrComponent&,
+                                    const AsrComponent&);
 template std::vector<RecordChange> changesBetween(const Definitions<SdtaComponent>&,
                                                   const SdtaLibrary&, const SdtaLibrary&);
 template std::vector<RecordChange> changesBetween(const Definitions<AsrComponent>&,
                                                   const AsrLibrary&, const AsrLibrary&);
 
-} // namespace partwright::cli
+} // namespace partwright
