@@ -3,6 +3,7 @@
 #include "core/command_line.h"
 #include "core/messages.h"
 #include "core/paths.h"
+#include "core/signal_guard.h"
 #include "core/system_clock.h"
 #include "core/text_file.h"
 #include "dialogs/main_dialog.h"
@@ -10,6 +11,7 @@
 #include "editing/main_session.h"
 #include "editing/startup.h"
 #include "platform/desktop_opener.h"
+#include "platform/guarded_application.h"
 #include "platform/message_prompt.h"
 #include "platform/progress_box.h"
 
@@ -40,9 +42,8 @@ std::vector<std::wstring> wideArguments(int argc, char** argv) {
     return arguments;
 }
 
-int runWindow(const partwright::CommandLine& fields) {
+void runWindow(const partwright::CommandLine& fields, partwright::Prompt& prompt) {
     using namespace partwright;
-    MessagePrompt prompt;
     DesktopOpener opener;
     SystemClock clock;
     CPartwrightPlugInApp app;
@@ -62,7 +63,6 @@ int runWindow(const partwright::CommandLine& fields) {
     }
     CPartwrightPlugInDlg dialog(session, {app, prompt, opener});
     dialog.exec();
-    return 0;
 }
 
 } // namespace
@@ -77,16 +77,21 @@ int main(int argc, char** argv) {
         std::puts("partwright " PARTWRIGHT_VERSION);
         return 0;
     }
-    QApplication application(argc, argv);
+    partwright::ignoreWriteSignals();
+    partwright::MessagePrompt prompt;
+    partwright::GuardedApplication application(argc, argv, prompt);
     QApplication::setDesktopFileName(QStringLiteral("partwright"));
     // Serves as the display name, too. Set as such it would be put behind the title of every box.
     QApplication::setApplicationName(QStringLiteral("Partwright"));
     const partwright::CommandLine fields =
         partwright::parseCommandLine(partwright::commandLineText(arguments));
     if (!fields.valid) {
-        partwright::MessagePrompt().tell(partwright::message::commandLineError,
-                                         partwright::PromptIcon::Warning);
+        prompt.tell(partwright::message::commandLineError, partwright::PromptIcon::Warning);
         return 0;
     }
-    return runWindow(fields);
+    const bool hasRun = partwright::MemoryGuard(prompt).run([&] {
+        runWindow(fields, prompt);
+        return true;
+    });
+    return hasRun ? 0 : 2;
 }

@@ -56,8 +56,8 @@ void addFindings(Project& project, const LibraryPageSession<Record>& page, Analy
 
 int runCheck(const PlaceOptions& place, const CheckOptions& options, Streams streams) {
     Project project(place, streams);
-    if (!project.isThere())
-        return Usage;
+    if (project.opened() != Fine)
+        return project.opened();
     MainSession& session = project.session;
     // Parts that the libraries lack are unfilled ones in the window, so they are here.
     for (int index = 0; index < MainSession::pageCount; ++index) {

@@ -28,9 +28,11 @@ std::size_t rowsIn(std::wstring_view path) {
 }
 
 template <class Record>
-int convert(Tables& tables, const ConvertOptions& options) {
+int convert(Tables& tables, const PlaceOptions& place, const ConvertOptions& options) {
     const std::wstring in = pathText(std::filesystem::path(options.in));
     const std::wstring out = pathText(std::filesystem::path(options.out));
+    if (!settleInterruptedSave(in, interruptedSaves(place), tables.prompt))
+        return Findings;
     typename Kind<Record>::Library library;
     const LoadResult result = load(tables.app, library, in);
     if (result.status != FileStatus::Ok) {
@@ -48,18 +50,16 @@ int convert(Tables& tables, const ConvertOptions& options) {
     auto& faults = tables.app.libraries.faults;
     if (const auto fault = faults.find(in); fault != faults.end())
         faults[out] = fault->second;
-    return saveLibraryFile<Record>(tables.app, library, out, false, tables.prompt) ==
-                   SaveOutcome::Saved
-               ? Fine
-               : Findings;
+    return saveLibraryFile<Record>(tables.app, library, out, false, tables.prompt) ? Fine
+                                                                                   : Findings;
 }
 
 } // namespace
 
 int runConvert(const PlaceOptions& place, const ConvertOptions& options, Streams streams) {
     Tables tables(place, streams);
-    return options.analyses ? convert<AsrComponent>(tables, options)
-                            : convert<SdtaComponent>(tables, options);
+    return options.analyses ? convert<AsrComponent>(tables, place, options)
+                            : convert<SdtaComponent>(tables, place, options);
 }
 
 } // namespace partwright::cli

@@ -63,8 +63,8 @@ void print(std::ostream& out, const std::vector<RecordChange>& changes, bool jso
 
 int runFill(const PlaceOptions& place, const FillOptions& options, Streams streams) {
     Project project(place, streams);
-    if (!project.isThere())
-        return Usage;
+    if (project.opened() != Fine)
+        return project.opened();
     // With a table or the part list unread, values would be missing or come from the wrong rules.
     // A library that was not read is refused by its own save.
     if (project.prompt.unreadableTable(project.app.libraries))
@@ -82,11 +82,11 @@ int runFill(const PlaceOptions& place, const FillOptions& options, Streams strea
     bool written = true;
     if (sdta) {
         sdtaChanges = fillPage(project, session.sdtaPage, options);
-        written = options.dryRun || session.sdtaPage.save(false) == SaveOutcome::Saved;
+        written = options.dryRun || session.sdtaPage.save(false);
     }
     if (analyses) {
         analysesChanges = fillPage(project, session.asrPage, options);
-        written = (options.dryRun || session.asrPage.save(false) == SaveOutcome::Saved) && written;
+        written = (options.dryRun || session.asrPage.save(false)) && written;
     }
     print<SdtaComponent>(streams.out, sdtaChanges, place.json);
     print<AsrComponent>(streams.out, analysesChanges, place.json);

@@ -18,6 +18,8 @@ struct PlaceOptions {
     std::string program;
     std::int32_t host = 1;
     bool json = false;
+    /// Complete the saves that were interrupted, instead of refusing to read their files.
+    bool recover = false;
 };
 
 struct TablesOptions {

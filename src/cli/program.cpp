@@ -17,6 +17,10 @@ namespace {
 
 constexpr const char* version = "partwright-cli " PARTWRIGHT_VERSION;
 
+void addRecover(CLI::App& command, PlaceOptions& place) {
+    command.add_flag("--recover", place.recover, "First complete saves that were interrupted");
+}
+
 /// Commands that open a project need its folder; the others take the options for scripts that give
 /// every command the same ones.
 void addPlace(CLI::App& command, PlaceOptions& place, bool project) {
@@ -34,6 +38,8 @@ void addPlace(CLI::App& command, PlaceOptions& place, bool project) {
     command.add_option("--program", place.program,
                        "Folder of the tables (default: worked out from the program's place)");
     command.add_flag("--json", place.json, "Answer as JSON");
+    if (project)
+        addRecover(command, place);
 }
 
 void addFilter(CLI::App& command, std::string& name) {
@@ -158,6 +164,7 @@ private:
     void addConvert() {
         CLI::App* command = app_.add_subcommand("convert", "Read a library and write it again");
         addPlace(*command, place_, false);
+        addRecover(*command, place_);
         command->add_option("IN", convert_.in, "Library to read")->required();
         command->add_option("OUT", convert_.out, "Library to write")->required();
         command->add_option("--kind", kind_, "sdta or analyses")

@@ -19,7 +19,7 @@ std::wstring folder(const std::string& argument) {
 }
 
 StartOptions startOptions(const PlaceOptions& place) {
-    return {folder(place.program), folder(place.publicFolder)};
+    return {folder(place.program), folder(place.publicFolder), interruptedSaves(place)};
 }
 
 /// Without group names no command gives an answer worth having, so the place is told where they
@@ -44,14 +44,18 @@ Project::Project(const PlaceOptions& place, Streams streams)
     app.paths.hostTool = place.host;
     app.paths.libraryFolder = folder(place.library);
     app.paths.projectInputFolder = withSeparator(folder(place.input));
-    loadAtStart(app, clock_, prompt, startOptions(place));
+    if (!loadAtStart(app, clock_, prompt, startOptions(place))) {
+        opened_ = Findings;
+        return;
+    }
     session.start();
     tellMissingGroups(app, prompt);
     const std::wstring fault =
         place.input.empty() ? std::wstring() : partListFault(app.paths, app.partList);
-    isThere_ = fault.empty() || prompt.unreadable(); // an unreadable list was told already
-    if (!isThere_)
-        prompt.tell(fault, PromptIcon::None);
+    if (fault.empty() || prompt.unreadable()) // an unreadable list was told already
+        return;
+    opened_ = Usage;
+    prompt.tell(fault, PromptIcon::None);
 }
 
 void Project::tellLookedAt(bool sdta, bool analyses) {
@@ -78,6 +82,10 @@ bool foldersAreThere(const PlaceOptions& place, bool project, Prompt& prompt) {
         allThere = false;
     }
     return allThere;
+}
+
+InterruptedSaves interruptedSaves(const PlaceOptions& place) {
+    return place.recover ? InterruptedSaves::Complete : InterruptedSaves::Refuse;
 }
 
 PageFilter pageFilter(const PageSession& page, std::optional<FilterChoice> choice) {

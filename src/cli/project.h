@@ -8,6 +8,7 @@
 #include "cli/console.h"
 #include "core/application.h"
 #include "core/system_clock.h"
+#include "editing/interrupted_saves.h"
 #include "editing/main_session.h"
 
 namespace partwright::cli {
@@ -26,9 +27,10 @@ class Project {
 public:
     Project(const PlaceOptions& place, Streams streams);
 
-    /// False when the input folder that was named holds no part list, or one without a header line:
-    /// what a command answers would be about nothing. Told on the error stream.
-    [[nodiscard]] bool isThere() const { return isThere_; }
+    /// Fine, or the exit code of what stands against working on the project, which was told: an
+    /// interrupted save; an input folder without a part list, or with one that has no header line,
+    /// so that what a command answers would be about nothing.
+    [[nodiscard]] ExitCode opened() const { return opened_; }
     /// Says on the error stream how many records of which files the command looked at.
     void tellLookedAt(bool sdta = true, bool analyses = true);
 
@@ -39,8 +41,10 @@ public:
 
 private:
     SystemClock clock_;
-    bool isThere_ = false;
+    ExitCode opened_ = Fine;
 };
+
+[[nodiscard]] InterruptedSaves interruptedSaves(const PlaceOptions& place);
 
 /// The folders that the options name are all there, those of a project only where a command opens
 /// one; what is not there is told.

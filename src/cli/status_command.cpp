@@ -99,8 +99,8 @@ Json pageJson(const PageSession& page, CountColumns columns) {
 
 int runStatus(const PlaceOptions& place, const StatusOptions& options, Streams streams) {
     Project project(place, streams);
-    if (!project.isThere())
-        return Usage;
+    if (project.opened() != Fine)
+        return project.opened();
     for (int index = 0; index < MainSession::pageCount; ++index) {
         PageSession& page = project.session.page(index);
         page.setFilter(pageFilter(page, options.filter));

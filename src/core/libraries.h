@@ -3,6 +3,7 @@
 // The master copies of the libraries, the links to data sheets, and what went wrong when their
 // files were read. Only what stands here is ever written to a file.
 
+#include "core/content_mark.h"
 #include "core/encoding.h"
 #include "core/library_kind.h"
 #include "core/records.h"
@@ -65,6 +66,10 @@ struct Libraries {
     DatasheetLinks datasheetLinks;
     /// Of the four library files and of the link table, by path.
     std::map<std::wstring, LibraryFault, std::less<>> faults;
+    /// What these files held when they were read or last written, by path.
+    std::map<std::wstring, ContentMark, std::less<>> marks;
+    /// That saves are not secured is told once in a run.
+    bool isUnsecuredTold = false;
 
     template <class Record>
     [[nodiscard]] MasterCopy<Record>& designLibrary() {

@@ -93,9 +93,50 @@ std::wstring indexFieldErrorIn(std::wstring_view field) {
     return join({indexFieldError, L": ", field});
 }
 
-std::wstring failedToWrite(std::wstring_view path, std::wstring_view reason) {
-    return join({L"The file could not be written:\n", path, L"\n", reason,
-                 L".\nThe records stay in memory."});
+std::wstring failedToWrite(std::wstring_view path, std::wstring_view reason,
+                           FileAfterFailure after) {
+    constexpr std::wstring_view states[] = {
+        L"The file is as it was.",
+        L"What it held could not be put back. What was to be saved is kept; the next start offers "
+        L"to complete the save.",
+        L"What it held could not be put back."};
+    return join({L"The file could not be written:\n", path, L"\n", reason, L".\n",
+                 states[static_cast<std::size_t>(after)]});
+}
+
+std::wstring fileInUse(std::wstring_view path) {
+    return join({L"Another program is writing the file at this moment:\n", path});
+}
+
+std::wstring fileChanged(std::wstring_view path, FileChange change) {
+    constexpr std::wstring_view changes[] = {
+        L"Another program changed the file since it was read:\n",
+        L"Another program removed the file since it was read:\n",
+        L"Another program made the file since this one looked for it:\n"};
+    return join({changes[static_cast<std::size_t>(change)], path,
+                 change == FileChange::Removed ? L"\nNothing was written. Write it anew?"
+                                               : L"\nNothing was written. Write over it?"});
+}
+
+std::wstring savesNotSecured(std::wstring_view reason) {
+    return join({L"Saves are not secured against interruptions, since their texts cannot be kept "
+                 L"in the user's state folder: ",
+                 reason, L"."});
+}
+
+std::wstring completeSaveQuestion(std::wstring_view path, bool isBegun) {
+    return join({L"The last save of this file was interrupted ",
+                 isBegun ? L"in its middle" : L"before it began", L":\n", path,
+                 L"\nWhat was to be saved is kept. Complete the save now?"});
+}
+
+std::wstring saveWasInterrupted(std::wstring_view path, std::wstring_view keptAt) {
+    return join({L"The last save of ", path, L" was interrupted. --recover completes it; deleting ",
+                 keptAt, L" leaves the file as it is."});
+}
+
+std::wstring saveCompleted(std::wstring_view path) {
+    return join({L"The interrupted save of ", path, L" was completed."});
 }
 
 std::wstring characterNotInCodePage(std::wstring_view path, std::wstring_view part,

@@ -13,6 +13,8 @@ namespace partwright::message {
 
 inline constexpr std::wstring_view caption = L"Partwright";
 inline constexpr std::wstring_view commandLineError = L"Command Line Error.";
+inline constexpr std::wstring_view outOfMemory =
+    L"There is not enough memory. The operation was given up.";
 inline constexpr std::wstring_view operationCompleted =
     L"Operation has been completed successfully.";
 /// How the box of a file that cannot be read begins.
@@ -26,6 +28,12 @@ inline constexpr std::wstring_view confirmAutoFill =
     L"on the accuracy of the descriptions to extract valid parameter values.\n - Please verify the "
     L"auto-filled values for accuracy after the process is complete.\n\nDo you want to proceed "
     L"with setting all missing values?\n[Yes, proceed] [No, cancel]";
+
+/// OK writes the libraries of one type; those of the other hold changes, too.
+inline constexpr std::wstring_view designUnsaved =
+    L"The design libraries have unsaved changes. Save them, too?";
+inline constexpr std::wstring_view publicUnsaved =
+    L"The public libraries have unsaved changes. Save them, too?";
 
 /// How many of the counted components are uncompleted.
 [[nodiscard]] std::wstring completenessStatus(std::int32_t uncompleted, std::int32_t total);
@@ -61,8 +69,27 @@ struct LookedAt {
 /// The index row of a decoder table does not count 1, 2, 3 and on.
 [[nodiscard]] std::wstring indexFieldErrorIn(std::wstring_view field);
 
+enum class FileAfterFailure {
+    Unchanged,
+    /// Neither old nor new, but the new text is kept.
+    Recoverable,
+    Damaged,
+};
 /// The disk refused the content of a file that could be opened.
-[[nodiscard]] std::wstring failedToWrite(std::wstring_view path, std::wstring_view reason);
+[[nodiscard]] std::wstring failedToWrite(std::wstring_view path, std::wstring_view reason,
+                                         FileAfterFailure after = FileAfterFailure::Unchanged);
+/// Another program holds the file.
+[[nodiscard]] std::wstring fileInUse(std::wstring_view path);
+enum class FileChange { Changed, Removed, Made };
+/// A file is not what it was when it was read or last written.
+[[nodiscard]] std::wstring fileChanged(std::wstring_view path, FileChange change);
+/// A save went on although its text could not be kept.
+[[nodiscard]] std::wstring savesNotSecured(std::wstring_view reason);
+/// A start finds the text of a save that was not carried through; the window asks.
+[[nodiscard]] std::wstring completeSaveQuestion(std::wstring_view path, bool isBegun);
+/// The command line refuses, in one line.
+[[nodiscard]] std::wstring saveWasInterrupted(std::wstring_view path, std::wstring_view keptAt);
+[[nodiscard]] std::wstring saveCompleted(std::wstring_view path);
 /// A part's text has a character that the file's code page lacks.
 [[nodiscard]] std::wstring characterNotInCodePage(std::wstring_view path, std::wstring_view part,
                                                   std::wstring_view column);

@@ -2,8 +2,8 @@
 
 #include "core/text.h"
 #include "core/text_file.h"
+#include "core/user_folder.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <optional>
 #include <system_error>
@@ -17,27 +17,10 @@ namespace {
 constexpr std::size_t maximumRead = 2048;
 constexpr std::size_t maximumWrite = 1024;
 
-std::wstring environment(const char* name) {
-    const char* value = std::getenv(name);
-    return value == nullptr ? std::wstring() : pathText(std::filesystem::path(value));
-}
-
-std::wstring userFolder() {
-    const std::wstring configured = environment("XDG_CONFIG_HOME");
-    if (!configured.empty())
-        return configured;
-#ifdef _WIN32
-    return environment("APPDATA");
-#else
-    const std::wstring home = environment("HOME");
-    return home.empty() ? std::wstring() : home + L"/.config";
-#endif
-}
-
 std::vector<std::wstring> machineFolders() {
-    std::wstring configured = environment("XDG_CONFIG_DIRS");
+    std::wstring configured = environmentPath("XDG_CONFIG_DIRS");
 #ifdef _WIN32
-    return {configured.empty() ? environment("PROGRAMDATA") : configured};
+    return {configured.empty() ? environmentPath("PROGRAMDATA") : configured};
 #else
     if (configured.empty())
         configured = L"/etc/xdg";
@@ -97,7 +80,7 @@ std::optional<std::size_t> findValue(const Place& place, std::wstring_view name)
 
 RegistryStatus readOnce(std::wstring_view base, std::wstring& value, std::wstring_view section,
                         std::wstring_view name) {
-    Place place = openPlace(fileIn(userFolder(), base, section), section);
+    Place place = openPlace(fileIn(userConfigFolder(), base, section), section);
     if (!place.readable)
         return RegistryStatus::NoPlace;
     for (const std::wstring& folder : machineFolders()) {
@@ -117,7 +100,7 @@ RegistryStatus readOnce(std::wstring_view base, std::wstring& value, std::wstrin
 
 RegistryStatus writeValue(std::wstring_view base, std::wstring_view value,
                           std::wstring_view section, std::wstring_view name) {
-    const std::wstring folder = userFolder();
+    const std::wstring folder = userConfigFolder();
     std::error_code error;
     std::filesystem::create_directories(nativePath(folder + L"/" + std::wstring(base)), error);
     Place place = openPlace(fileIn(folder, base, section), section);

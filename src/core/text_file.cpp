@@ -1,17 +1,11 @@
 #include "core/text_file.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <sys/types.h>
+#include "core/file_calls.h"
+#include "core/in_place_file.h"
+#include "core/signal_guard.h"
 
 #include <cerrno>
-#include <cstring>
 #include <system_error>
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
 
 namespace partwright {
 
@@ -20,140 +14,13 @@ namespace {
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr char32_t escapedByte = 0xDC00;
 
-// The few calls below are those that the C++ streams do not offer: to reserve space, to flush to
-// the device, and to open without emptying.
-#ifdef _WIN32
-int openFile(std::wstring_view path, bool write) {
-    const int flags = write ? _O_RDWR | _O_CREAT | _O_BINARY : _O_RDONLY | _O_BINARY;
-    return _wopen(nativePath(path).c_str(), flags, _S_IREAD | _S_IWRITE);
-}
-std::ptrdiff_t readSome(int file, char* data, std::size_t size) {
-    return _read(file, data, static_cast<unsigned>(std::min<std::size_t>(size, 1U << 30)));
-}
-std::ptrdiff_t writeSome(int file, const char* data, std::size_t size) {
-    return _write(file, data, static_cast<unsigned>(std::min<std::size_t>(size, 1U << 30)));
-}
-bool reserveSpace(int, std::size_t) {
-    return true;
-}
-bool cutTo(int file, std::size_t size) {
-    return _chsize_s(file, static_cast<__int64>(size)) == 0;
-}
-bool rewindFile(int file) {
-    return _lseeki64(file, 0, SEEK_SET) == 0;
-}
-bool flushFile(int file) {
-    return _commit(file) == 0;
-}
-void closeFile(int file) {
-    _close(file);
-}
-#else
-int openFile(std::wstring_view path, bool write) {
-    // A pipe must be refused, not waited for.
-    const int flags = (write ? O_RDWR | O_CREAT : O_RDONLY) | O_CLOEXEC | O_NONBLOCK;
-    return ::open(nativePath(path).c_str(), flags, 0666);
-}
-std::ptrdiff_t readSome(int file, char* data, std::size_t size) {
-    return ::read(file, data, size);
-}
-std::ptrdiff_t writeSome(int file, const char* data, std::size_t size) {
-    return ::write(file, data, size);
-}
-bool reserveSpace(int file, std::size_t size) {
-    if (size == 0)
-        return true;
-    const int error = ::posix_fallocate(file, 0, static_cast<off_t>(size));
-    if (error == 0 || error == EINVAL || error == EOPNOTSUPP || error == ENODEV || error == ESPIPE)
-        return true; // a device or a file system that cannot reserve is left to the write
-    errno = error;
-    return false;
-}
-bool cutTo(int file, std::size_t size) {
-    struct stat state {};
-    if (::fstat(file, &state) != 0)
-        return false;
-    return !S_ISREG(state.st_mode) || ::ftruncate(file, static_cast<off_t>(size)) == 0;
-}
-bool rewindFile(int file) {
-    return ::lseek(file, 0, SEEK_SET) == 0 || errno == ESPIPE;
-}
-bool flushFile(int file) {
-    return ::fsync(file) == 0 || errno == EINVAL || errno == EROFS;
-}
-void closeFile(int file) {
-    ::close(file);
-}
-#endif
+} // namespace
 
-/// Closes on every way out.
-class File {
-public:
-    File(std::wstring_view path, bool write) : handle_(openFile(path, write)) {}
-    ~File() {
-        if (handle_ >= 0)
-            closeFile(handle_);
-    }
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
-    [[nodiscard]] bool isOpen() const { return handle_ >= 0; }
-    [[nodiscard]] int handle() const { return handle_; }
-
-private:
-    int handle_;
-};
-
-bool isRegular(int file) {
-    struct stat state {};
-    return ::fstat(file, &state) == 0 && (state.st_mode & S_IFMT) == S_IFREG;
-}
-
-/// False for what is no regular file: a folder has no bytes, and a device may never end.
-bool readAll(int file, std::string& bytes) {
-    struct stat state {};
-    if (!isRegular(file) || ::fstat(file, &state) != 0)
-        return false;
-    std::size_t filled = 0;
-    bytes.resize(static_cast<std::size_t>(state.st_size) + 1);
-    for (;;) {
-        const std::ptrdiff_t count = readSome(file, bytes.data() + filled, bytes.size() - filled);
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count < 0)
-            return false;
-        if (count == 0)
-            break;
-        filled += static_cast<std::size_t>(count);
-        if (filled == bytes.size())
-            bytes.resize(bytes.size() * 2);
-    }
-    bytes.resize(filled);
-    return true;
-}
-
-bool writeAll(int file, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const std::ptrdiff_t count = writeSome(file, bytes.data(), bytes.size());
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count <= 0)
-            return false;
-        bytes.remove_prefix(static_cast<std::size_t>(count));
-    }
-    return true;
-}
-
-WriteResult failure(WriteStatus status, int error) {
-    return {status, decodeLossy(std::generic_category().message(error))};
-}
-
-TextForm formOf(std::string_view bytes) {
+TextForm textForm(std::string_view bytes) {
     const auto end = bytes.find('\n');
     return {detectCodePage(bytes),
             end != std::string_view::npos && end > 0 && bytes[end - 1] == '\r'};
 }
-
-} // namespace
 
 TextForm newFileForm() {
 #ifdef _WIN32
@@ -202,7 +69,7 @@ bool fileExists(std::wstring_view path) {
 
 TextFile readTextFile(std::wstring_view path) {
     TextFile result;
-    const File file(path, false);
+    const FileHandle file(nativePath(path), FileAccess::Read);
     if (!file.isOpen()) {
         result.status =
             errno == ENOENT || errno == ENOTDIR ? FileStatus::Absent : FileStatus::OpenFailed;
@@ -212,12 +79,13 @@ TextFile readTextFile(std::wstring_view path) {
     const auto isTwoByteText = [](std::string_view bytes) {
         return bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
     };
-    if (!readAll(file.handle(), result.bytes) || isTwoByteText(result.bytes)) {
+    if (!file.readAll(result.bytes) || isTwoByteText(result.bytes)) {
         result.bytes.clear();
         result.status = FileStatus::OpenFailed;
         return result;
     }
-    result.form = formOf(result.bytes);
+    result.mark = markOf(result.bytes);
+    result.form = textForm(result.bytes);
     if (std::string_view(result.bytes).starts_with(byteOrderMark))
         result.bytes.erase(0, byteOrderMark.size());
     result.status = FileStatus::Ok;
@@ -225,27 +93,9 @@ TextFile readTextFile(std::wstring_view path) {
 }
 
 WriteResult writeTextFile(std::wstring_view path, std::string_view bytes) {
-    const File file(path, true);
-    std::string before;
-    if (!file.isOpen() || (isRegular(file.handle()) && !readAll(file.handle(), before)))
-        return failure(WriteStatus::OpenFailed, errno);
-    if (!reserveSpace(file.handle(), bytes.size())) {
-        const WriteResult result = failure(WriteStatus::WriteFailed, errno);
-        static_cast<void>(cutTo(file.handle(), before.size()));
-        return result;
-    }
-    if (rewindFile(file.handle()) && writeAll(file.handle(), bytes) &&
-        cutTo(file.handle(), bytes.size()) && flushFile(file.handle()))
-        return {};
-    const WriteResult result = failure(WriteStatus::WriteFailed, errno);
-    if (rewindFile(file.handle()) && writeAll(file.handle(), before))
-        static_cast<void>(cutTo(file.handle(), before.size()));
-    return result;
-}
-
-TextForm formOnDisk(std::wstring_view path) {
-    const TextFile file = readTextFile(path);
-    return file.status == FileStatus::Ok && !file.bytes.empty() ? file.form : newFileForm();
+    const SignalGuard guard;
+    InPlaceFile file(path);
+    return file.write(std::string(bytes));
 }
 
 bool LineReader::next(std::string_view& line) {

@@ -1,14 +1,9 @@
 #pragma once
 
 // Whole text files, in and out. Reading gives bytes and the form they are in; writing puts bytes
-// in place. Parsing and formatting never touch a file.
-//
-// In-place writing, without a copy beside the file: the complete text exists before the file is
-// opened, the disk space for it is made sure of while the old content still stands, then one call
-// writes it, and it is flushed to the device. When anything fails before the first byte is
-// written the old content is untouched; when the write itself fails the old content is put back
-// as far as the device allows.
+// in place (core/in_place_file.h). Parsing and formatting never touch a file.
 
+#include "core/content_mark.h"
 #include "core/encoding.h"
 
 #include <filesystem>
@@ -27,6 +22,8 @@ struct TextForm {
 
 /// Of a file that does not exist yet.
 [[nodiscard]] TextForm newFileForm();
+/// The form that bytes are in.
+[[nodiscard]] TextForm textForm(std::string_view bytes);
 
 enum class FileStatus { Ok, Absent, OpenFailed };
 
@@ -35,6 +32,8 @@ struct TextFile {
     /// Without a byte-order mark.
     std::string bytes;
     TextForm form;
+    /// Of all bytes of the file.
+    ContentMark mark;
 };
 
 /// A path of the program as the file layer takes it. Path texts are wide; a byte of a file name
@@ -47,18 +46,25 @@ struct TextFile {
 /// A folder in place of a file counts as one that cannot be opened.
 [[nodiscard]] TextFile readTextFile(std::wstring_view path);
 
-enum class WriteStatus { Ok, OpenFailed, WriteFailed };
+enum class WriteStatus {
+    Ok,
+    OpenFailed,
+    WriteFailed,
+    /// Another program is writing the file at this moment.
+    Locked,
+    /// A file that was not there has been made by somebody else meanwhile.
+    Appeared,
+};
 
 struct WriteResult {
     WriteStatus status = WriteStatus::Ok;
-    /// The system's word on a failure, such as "No space left on device".
+    /// What the system says about a failure, such as "There is no space left on the disk".
     std::wstring reason;
+    /// Of a failure: the file is what it was before.
+    bool oldStands = false;
 };
 
 [[nodiscard]] WriteResult writeTextFile(std::wstring_view path, std::string_view bytes);
-
-/// The form a file on disk has, or newFileForm() when there is none.
-[[nodiscard]] TextForm formOnDisk(std::wstring_view path);
 
 /// Walks the lines of a text: each without its line end (LF, or CR LF); a text that ends in a line
 /// end has no empty line behind it.

@@ -10,6 +10,7 @@
 #include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QRadioButton>
 #include <QScreen>
@@ -261,6 +262,13 @@ void CPartwrightPlugInDlg::showAll() {
 void CPartwrightPlugInDlg::showCommands() {
     for (const auto& [command, button] : commands_)
         button->setEnabled(isAvailable(command) && session_.isOffered(command));
+}
+
+void CPartwrightPlugInDlg::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Cancel) && session_.isUnsaved())
+        event->accept();
+    else
+        QDialog::keyPressEvent(event);
 }
 
 void CPartwrightPlugInDlg::accept() {

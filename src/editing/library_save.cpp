@@ -1,55 +1,79 @@
 #include "editing/library_save.h"
 
 #include "core/messages.h"
+#include "library/datasheet_links.h"
 #include "library/library_writer.h"
 
 namespace partwright {
 
 namespace {
 
-SaveResult write(const CPartwrightPlugInApp& app, std::span<const SdtaComponent* const> records,
-                 std::wstring_view path, SaveForm form) {
-    return SaveSdtaLibrary(app, records, path, form);
+SaveResult write(CPartwrightPlugInApp& app, std::span<const SdtaComponent* const> records,
+                 std::wstring_view path, SaveChoices choices) {
+    return SaveSdtaLibrary(app, records, path, choices);
 }
-SaveResult write(const CPartwrightPlugInApp& app, std::span<const AsrComponent* const> records,
-                 std::wstring_view path, SaveForm form) {
-    return SaveAnalysesLibrary(app, records, path, form);
+SaveResult write(CPartwrightPlugInApp& app, std::span<const AsrComponent* const> records,
+                 std::wstring_view path, SaveChoices choices) {
+    return SaveAnalysesLibrary(app, records, path, choices);
+}
+
+/// The choice that a save asks for; none when there is nothing to choose.
+bool SaveChoices::*openChoice(SaveStatus status) {
+    switch (status) {
+    case SaveStatus::Changed:
+        return &SaveChoices::overChanged;
+    case SaveStatus::Unencodable:
+        return &SaveChoices::asUtf8;
+    case SaveStatus::Saved:
+    case SaveStatus::Refused:
+    case SaveStatus::Failed:
+        break;
+    }
+    return nullptr;
+}
+
+/// Saves, asking as often as the save has something to ask.
+template <class Save>
+bool saveAsking(CPartwrightPlugInApp& app, Prompt& prompt, const Save& save) {
+    SaveChoices choices;
+    for (;;) {
+        const SaveResult result = save(choices);
+        if (!result.notKept.empty() && !std::exchange(app.libraries.isUnsecuredTold, true))
+            prompt.tell(message::savesNotSecured(result.notKept), PromptIcon::Warning);
+        const auto choice = openChoice(result.status);
+        if (choice == nullptr) {
+            if (!result.message.empty())
+                prompt.tell(result.message, PromptIcon::Warning);
+            return result.status == SaveStatus::Saved;
+        }
+        if (!prompt.ask(message::caption, result.message))
+            return false;
+        choices.*choice = true;
+    }
 }
 
 } // namespace
 
 template <class Record>
-SaveOutcome saveLibraryFile(const CPartwrightPlugInApp& app,
-                            const typename Kind<Record>::Library& library, std::wstring_view path,
-                            bool announce, Prompt& prompt) {
+bool saveLibraryFile(CPartwrightPlugInApp& app, const typename Kind<Record>::Library& library,
+                     std::wstring_view path, bool announce, Prompt& prompt) {
     const RecordList<Record> records = recordsByGroup<Record>(library);
-    SaveResult result = write(app, records, path, SaveForm::Kept);
-    if (result.status == SaveStatus::Unencodable) {
-        if (!prompt.ask(message::caption, result.message))
-            return SaveOutcome::Failed;
-        result = write(app, records, path, SaveForm::Utf8);
-    }
-    if (!result.message.empty())
-        prompt.tell(result.message, PromptIcon::Warning);
-    switch (result.status) {
-    case SaveStatus::Saved:
-        break;
-    case SaveStatus::OpenFailed:
-        return SaveOutcome::CannotOpen;
-    case SaveStatus::Refused:
-        return SaveOutcome::Withheld;
-    case SaveStatus::WriteFailed:
-    case SaveStatus::Unencodable:
-        return SaveOutcome::Failed;
-    }
-    if (announce)
+    const bool isSaved = saveAsking(
+        app, prompt, [&](SaveChoices choices) { return write(app, records, path, choices); });
+    if (isSaved && announce)
         prompt.tell(message::operationCompleted, PromptIcon::Information);
-    return SaveOutcome::Saved;
+    return isSaved;
 }
 
-template SaveOutcome saveLibraryFile<SdtaComponent>(const CPartwrightPlugInApp&, const SdtaLibrary&,
-                                                    std::wstring_view, bool, Prompt&);
-template SaveOutcome saveLibraryFile<AsrComponent>(const CPartwrightPlugInApp&, const AsrLibrary&,
-                                                   std::wstring_view, bool, Prompt&);
+template bool saveLibraryFile<SdtaComponent>(CPartwrightPlugInApp&, const SdtaLibrary&,
+                                             std::wstring_view, bool, Prompt&);
+template bool saveLibraryFile<AsrComponent>(CPartwrightPlugInApp&, const AsrLibrary&,
+                                            std::wstring_view, bool, Prompt&);
+
+bool saveLinkFile(CPartwrightPlugInApp& app, Prompt& prompt) {
+    return saveAsking(app, prompt, [&](SaveChoices choices) {
+        return SaveDatasheetLinks(app.paths, app.libraries, choices);
+    });
+}
 
 } // namespace partwright

@@ -1,6 +1,7 @@
 #pragma once
 
-// Writing one library over its file, with the words that go with every outcome.
+// Writing a library or the links to data sheets over their file, with the questions that stand
+// before it and the words that go with every outcome.
 
 #include "core/application.h"
 #include "core/library_kind.h"
@@ -10,28 +11,18 @@
 
 namespace partwright {
 
-enum class SaveOutcome {
-    Saved,
-    /// The file cannot be opened for writing; told in a box.
-    CannotOpen,
-    /// The library was not understood when it was read, so it is not written; told in a box.
-    Withheld,
-    /// The disk refused the content, or the code page lacks a character and UTF-8 was declined;
-    /// told in a box. What is on the disk is as it was.
-    Failed,
-};
-
-/// Sorts the records by group and writes them. With `announce` a success is told.
+/// Sorts the records by group and writes them. With `announce` a success is told. False: nothing
+/// was saved, and why was told in a box.
 template <class Record>
-SaveOutcome saveLibraryFile(const CPartwrightPlugInApp& app,
-                            const typename Kind<Record>::Library& records, std::wstring_view path,
-                            bool announce, Prompt& prompt);
+[[nodiscard]] bool saveLibraryFile(CPartwrightPlugInApp& app,
+                                   const typename Kind<Record>::Library& records,
+                                   std::wstring_view path, bool announce, Prompt& prompt);
 
-extern template SaveOutcome saveLibraryFile<SdtaComponent>(const CPartwrightPlugInApp&,
-                                                           const SdtaLibrary&, std::wstring_view,
-                                                           bool, Prompt&);
-extern template SaveOutcome saveLibraryFile<AsrComponent>(const CPartwrightPlugInApp&,
-                                                          const AsrLibrary&, std::wstring_view,
-                                                          bool, Prompt&);
+extern template bool saveLibraryFile<SdtaComponent>(CPartwrightPlugInApp&, const SdtaLibrary&,
+                                                    std::wstring_view, bool, Prompt&);
+extern template bool saveLibraryFile<AsrComponent>(CPartwrightPlugInApp&, const AsrLibrary&,
+                                                   std::wstring_view, bool, Prompt&);
+
+[[nodiscard]] bool saveLinkFile(CPartwrightPlugInApp& app, Prompt& prompt);
 
 } // namespace partwright

@@ -11,6 +11,7 @@ MainSession::MainSession(CPartwrightPlugInApp& app, FillEngine& engine, Prompt& 
       engine_(engine), prompt_(prompt) {}
 
 void MainSession::start() {
+    savedLinks_ = app_.libraries.datasheetLinks;
     for (int index = 0; index < pageCount; ++index) {
         activePage_ = index;
         page(index).start();
@@ -98,37 +99,46 @@ void MainSession::storeNewComponents(int index, NewComponentTable& table) {
         asrPage.designLibrary.erase(part);
         if (index == 0) {
             sdtaPage.designLibrary.erase(part);
-            sdtaPage.publicLibrary.erase(part);
-        } else {
-            asrPage.publicLibrary.erase(part);
+            if (sdtaPage.publicLibrary.erase(part) != 0)
+                sdtaPage.markModified(false);
+        } else if (asrPage.publicLibrary.erase(part) != 0) {
+            asrPage.markModified(false);
         }
     }
     page(index).storeNewComponents(table);
 }
 
+bool MainSession::isUnsaved() const {
+    const auto changed = [](const PageSession& page) {
+        return page.hasUnsaved(true) || page.hasUnsaved(false);
+    };
+    return changed(sdtaPage) || changed(asrPage) || app_.libraries.datasheetLinks != savedLinks_;
+}
+
 bool MainSession::closeWithOk() {
-    bool close = true;
-    for (int index = 0; index < pageCount; ++index) {
-        const SaveOutcome outcome = page(index).save(false);
-        close = close && (outcome == SaveOutcome::Saved || outcome == SaveOutcome::CannotOpen);
-    }
-    return saveLinks() && close;
+    const bool isOtherUnsaved = sdtaPage.hasUnsaved(!isDesign_) || asrPage.hasUnsaved(!isDesign_);
+    const bool savesOther =
+        isOtherUnsaved &&
+        prompt_.ask(message::caption, isDesign_ ? message::publicUnsaved : message::designUnsaved);
+    bool isSaved = saveBothPages(isDesign_);
+    if (savesOther)
+        isSaved = saveBothPages(!isDesign_) && isSaved;
+    return saveLinks() && isSaved;
+}
+
+bool MainSession::saveBothPages(bool isDesign) {
+    bool isSaved = true;
+    for (int index = 0; index < pageCount; ++index)
+        isSaved = page(index).saveType(isDesign, false) && isSaved;
+    return isSaved;
 }
 
 bool MainSession::saveLinks() {
-    const LinkSaveResult saved = SaveDatasheetLinks(app_.paths, app_.libraries);
-    if (!saved.message.empty())
-        prompt_.tell(saved.message, PromptIcon::Warning);
-    switch (saved.status) {
-    case SaveStatus::Saved:
-    case SaveStatus::OpenFailed:
-        return true;
-    case SaveStatus::Refused:
-    case SaveStatus::WriteFailed:
-    case SaveStatus::Unencodable:
-        break;
-    }
-    return app_.libraries.datasheetLinks.empty();
+    const bool isSaved = saveLinkFile(app_, prompt_);
+    if (isSaved)
+        savedLinks_ = app_.libraries.datasheetLinks;
+    return isSaved || (app_.libraries.faults.contains(datasheetLinksPath(app_.paths)) &&
+                       app_.libraries.datasheetLinks.empty());
 }
 
 } // namespace partwright

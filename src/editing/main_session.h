@@ -4,7 +4,8 @@
 // offered, the two auto-fill commands, and the way it ends.
 //
 // "Save" writes the active page's library; "OK" writes both libraries of the current type, changed
-// or not, and the links to data sheets. Cancel writes nothing.
+// or not, and the links to data sheets; when records of the other type were changed and not saved,
+// it asks whether to write those as well. Cancel writes nothing and asks nothing.
 
 #include "core/application.h"
 #include "core/ports/prompt.h"
@@ -63,11 +64,16 @@ public:
     /// were removed leave both pages.
     void storeNewComponents(int page, NewComponentTable& table);
 
-    /// Saves all; true when the window closes. It stays, with everything in memory, when a write
-    /// was refused or failed; a file that cannot be opened is told and does not keep it open.
+    /// Closing without a save would lose records of either type, or links to data sheets. Parts of
+    /// the project that were added by themselves do not count.
+    [[nodiscard]] bool isUnsaved() const;
+
+    /// Saves all; true when the window closes. It stays, with everything in memory, when anything
+    /// could not be written.
     bool closeWithOk();
 
 private:
+    bool saveBothPages(bool isDesign);
     /// False when links would be lost by closing.
     bool saveLinks();
 
@@ -77,6 +83,8 @@ private:
     CPartwrightPlugInApp& app_;
     FillEngine& engine_;
     Prompt& prompt_;
+    /// The links as their file has them.
+    DatasheetLinks savedLinks_;
     int activePage_ = 0;
     bool isDesign_ = true;
     std::array<PageFilter, pageCount> storedFilterRadio_{};

@@ -148,7 +148,8 @@ std::vector<std::wstring> LibraryPageSession<Record>::finishFill(std::wstring_vi
     for (const std::wstring& text : report.messages)
         prompt_.tell(text, PromptIcon::None);
     std::vector<std::wstring> changed = report.changed;
-    modified_ = modified_ || !changed.empty();
+    if (!changed.empty())
+        markModified(isDesign_);
     const FillSummary done =
         fills_.add(app_.of<Record>(), command, std::move(report), workingLibrary());
     fillLine_ = message::fillDone(command, done.parts, done.texts.filled, done.texts.replaced,
@@ -181,7 +182,7 @@ void LibraryPageSession<Record>::takeBackFill() {
     if (const FillSummary* before = fills_.last())
         fillLine_ += L" " + message::fillDone(before->command, before->parts, before->texts.filled,
                                               before->texts.replaced, before->texts.emptied);
-    modified_ = true;
+    markModified(isDesign_);
     RebuildKeySets();
     refresh();
 }
@@ -222,7 +223,7 @@ void LibraryPageSession<Record>::storeGroup(TableSession& session) {
             library.insert_or_assign(key, std::move(record));
     }
     handedOut_.clear();
-    modified_ = true;
+    markModified(isDesign_);
     RebuildKeySets();
     refresh();
 }
@@ -244,18 +245,33 @@ void LibraryPageSession<Record>::storeNewComponents(NewComponentTable& table) {
         return;
     for (auto& [key, record] : records)
         workingLibrary().insert_or_assign(key, std::move(record));
-    modified_ = true;
+    markModified(isDesign_);
     RebuildKeySets();
     refresh();
 }
 
 template <class Record>
-SaveOutcome LibraryPageSession<Record>::save(bool announce) {
+bool LibraryPageSession<Record>::saveType(bool isDesign, bool announce) {
     MasterCopy<Record>& master =
-        isDesign_ ? app_.libraries.designLibrary<Record>() : app_.libraries.publicLibrary<Record>();
-    master.replace(workingLibrary());
+        isDesign ? app_.libraries.designLibrary<Record>() : app_.libraries.publicLibrary<Record>();
+    master.replace(isDesign ? designLibrary : publicLibrary);
     modified_ = true;
-    return saveLibraryFile<Record>(app_, master.records(), libraryPath(), announce, prompt_);
+    const std::wstring& path =
+        isDesign ? app_.paths.designPath<Record>() : app_.paths.publicPath<Record>();
+    const bool isSaved = saveLibraryFile<Record>(app_, master.records(), path, announce, prompt_);
+    saveFailed_[isDesign ? 1 : 0] = !isSaved;
+    return isSaved;
+}
+
+template <class Record>
+bool LibraryPageSession<Record>::hasUnsaved(bool isDesign) const {
+    const std::size_t type = isDesign ? 1 : 0;
+    if (!touched_[type])
+        return saveFailed_[type];
+    const Library& working = isDesign ? designLibrary : publicLibrary;
+    const MasterCopy<Record>& master =
+        isDesign ? app_.libraries.designLibrary<Record>() : app_.libraries.publicLibrary<Record>();
+    return saveFailed_[type] || working != inCapitals(master.records());
 }
 
 template <class Record>

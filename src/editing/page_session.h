@@ -28,6 +28,7 @@
 #include "library/project_input.h"
 #include "validation/validation_tables.h"
 
+#include <array>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -119,8 +120,16 @@ public:
     /// parts are the main session's affair, since they leave both pages.
     virtual void storeNewComponents(NewComponentTable& table) = 0;
 
-    /// Makes the working map the master copy and writes it over the file of the current library.
-    virtual SaveOutcome save(bool announce) = 0;
+    /// Makes the working map the master copy and writes it over the file of the current library;
+    /// false when nothing was written, which was told in a box.
+    bool save(bool announce) { return saveType(isDesign_, announce); }
+    /// The same for the library of either type.
+    virtual bool saveType(bool isDesign, bool announce) = 0;
+    /// Whether records of that type were changed and not saved since. Parts of the project that
+    /// were added by themselves do not count.
+    [[nodiscard]] virtual bool hasUnsaved(bool isDesign) const = 0;
+    /// Somebody changed records of that type.
+    void markModified(bool isDesign) { modified_ = touched_[isDesign ? 1 : 0] = true; }
 
     /// Why the page knows no part of the project; empty when it does.
     [[nodiscard]] std::wstring partListFault() const {
@@ -153,6 +162,9 @@ protected:
     PageFilter filter_ = PageFilter::AllProject;
     bool isDesign_ = true;
     bool modified_ = false;
+    /// By type, "Public" first: somebody changed records; the last save failed.
+    std::array<bool, 2> touched_{};
+    std::array<bool, 2> saveFailed_{};
     std::wstring fillLine_;
 
 private:
@@ -182,7 +194,8 @@ public:
     void storeGroup(TableSession& session) override;
     [[nodiscard]] std::unique_ptr<NewComponentTable> openNewComponents() override;
     void storeNewComponents(NewComponentTable& table) override;
-    SaveOutcome save(bool announce) override;
+    bool saveType(bool isDesign, bool announce) override;
+    [[nodiscard]] bool hasUnsaved(bool isDesign) const override;
 
     [[nodiscard]] Library& workingLibrary();
     [[nodiscard]] const Library& workingLibrary() const;

@@ -38,7 +38,7 @@ void tell(Prompt& prompt, const LoadResult& result, PromptIcon icon) {
         prompt.tell(result.message, icon);
 }
 
-void loadAtStart(CPartwrightPlugInApp& app, Clock& clock, Prompt& prompt,
+bool loadAtStart(CPartwrightPlugInApp& app, Clock& clock, Prompt& prompt,
                  const StartOptions& options) {
     app.decimalPoint = localeDecimalPoint();
     findProgramFolder(app.paths, options);
@@ -52,11 +52,14 @@ void loadAtStart(CPartwrightPlugInApp& app, Clock& clock, Prompt& prompt,
     setting(app.paths.datasheetFolder, L"PDF_Folder_Path");
     tell(prompt, LoadProjectInput(app.paths, app.partList, clock), PromptIcon::None);
     ResolveFilePaths(app.paths, options.publicFolder);
+    if (!settleInterruptedSaves(app.paths, options.interruptedSaves, prompt))
+        return false;
     if (app.sdta.properties.empty())
         tell(prompt, LoadSdtaProperties(app.paths, app.sdta));
     tell(prompt, LoadGroupNames(app.paths, app.classifier, app.sdta));
     loadSdtaLibraries(app, prompt);
     tell(prompt, LoadDatasheetLinks(app.paths, app.libraries), PromptIcon::None);
+    return true;
 }
 
 void loadTables(CPartwrightPlugInApp& app, Prompt& prompt, const StartOptions& options) {
@@ -96,7 +99,9 @@ void loadAnalysesLibraries(CPartwrightPlugInApp& app, Prompt& prompt) {
 
 void reloadSdtaLibraries(CPartwrightPlugInApp& app, Prompt& prompt) {
     const auto earlier = app.libraries.faults;
+    const auto marks = app.libraries.marks;
     loadSdtaLibraries(app, prompt);
+    app.libraries.marks = marks; // the page works on the records of the first time
     for (const auto& [path, fault] : earlier)
         if (fault != LibraryFault::None)
             app.libraries.faults[path] = fault;

@@ -8,6 +8,7 @@
 #include "core/application.h"
 #include "core/ports/clock.h"
 #include "core/ports/prompt.h"
+#include "editing/interrupted_saves.h"
 #include "library/load_result.h"
 
 #include <string>
@@ -19,10 +20,12 @@ struct StartOptions {
     std::wstring programFolder;
     /// Folder of the public libraries; the setting decides when empty.
     std::wstring publicFolder;
+    InterruptedSaves interruptedSaves = InterruptedSaves::Ask;
 };
 
-/// Fills the application from its hostTool, libraryFolder and projectInputFolder.
-void loadAtStart(CPartwrightPlugInApp& app, Clock& clock, Prompt& prompt,
+/// Fills the application from its hostTool, libraryFolder and projectInputFolder. False: the last
+/// save of a library was interrupted and is not settled, so nothing was read; told in a box.
+bool loadAtStart(CPartwrightPlugInApp& app, Clock& clock, Prompt& prompt,
                  const StartOptions& options);
 
 /// The tables alone, for work without a project: paths, property rows and group names of both

@@ -46,7 +46,9 @@ std::wstring datasheetLinksPath(const ProjectPaths& paths) {
 
 LoadResult LoadDatasheetLinks(const ProjectPaths& paths, Libraries& libraries) {
     const std::wstring path = datasheetLinksPath(paths);
-    const RuleTable table = readRuleTable(path, {.columns = linkColumns});
+    const TextFile file = readTextFile(path);
+    rememberRead(libraries, path, file);
+    const RuleTable table = ruleTableOf(file, {.columns = linkColumns});
     libraries.faults.erase(path);
     if (table.status == FileStatus::OpenFailed)
         libraries.faults[path] = LibraryFault::Unreadable;
@@ -58,21 +60,26 @@ LoadResult LoadDatasheetLinks(const ProjectPaths& paths, Libraries& libraries) {
     return resultOf(table, path);
 }
 
-LinkSaveResult SaveDatasheetLinks(const ProjectPaths& paths, const Libraries& libraries) {
+SaveResult SaveDatasheetLinks(const ProjectPaths& paths, Libraries& libraries,
+                              SaveChoices choices) {
     const std::wstring path = datasheetLinksPath(paths);
-    if (libraries.faults.contains(path))
-        return {SaveStatus::Refused, message::saveWouldLose(path, message::fileUnreadable())};
-    const TextForm form = formOnDisk(path);
+    SaveResult result;
+    if (libraries.faults.contains(path)) {
+        result.path = path;
+        result.status = SaveStatus::Refused;
+        result.message = message::saveWouldLose(path, message::fileUnreadable());
+        return result;
+    }
+    InPlaceFile file(path);
+    result = lookBeforeSave(libraries, path, file, choices);
+    if (result.status != SaveStatus::Saved)
+        return result;
+    const TextForm form = file.form();
     const std::wstring text = formatLinks(libraries.datasheetLinks, form.crLf ? L"\r\n" : L"\n");
     std::string bytes;
     if (!encodeInto(bytes, text, form.codePage))
         bytes = encodeUtf8(text);
-    const WriteResult written = writeTextFile(path, bytes);
-    if (written.status == WriteStatus::OpenFailed)
-        return {SaveStatus::OpenFailed, message::failedToOpenForWriting(path)};
-    if (written.status == WriteStatus::WriteFailed)
-        return {SaveStatus::WriteFailed, message::failedToWrite(path, written.reason)};
-    return {};
+    return putInPlace(libraries, path, file, std::move(bytes));
 }
 
 } // namespace partwright

@@ -7,8 +7,8 @@
 
 #include "core/libraries.h"
 #include "core/project_paths.h"
-#include "library/library_writer.h"
 #include "library/load_result.h"
+#include "library/save_result.h"
 
 #include <string>
 
@@ -19,15 +19,9 @@ namespace partwright {
 /// Fills libraries.datasheetLinks; an absent table leaves it as it is.
 LoadResult LoadDatasheetLinks(const ProjectPaths& paths, Libraries& libraries);
 
-struct LinkSaveResult {
-    SaveStatus status = SaveStatus::Saved;
-    /// What to show; empty when the table was saved.
-    std::wstring message;
-};
-
 /// Writes the links that name a file. The table keeps the form it has on disk, unless that cannot
 /// hold a character: then it becomes UTF-8.
-[[nodiscard]] LinkSaveResult SaveDatasheetLinks(const ProjectPaths& paths,
-                                                const Libraries& libraries);
+[[nodiscard]] SaveResult SaveDatasheetLinks(const ProjectPaths& paths, Libraries& libraries,
+                                            SaveChoices choices = {});
 
 } // namespace partwright

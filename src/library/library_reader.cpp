@@ -7,6 +7,7 @@
 #include "library/field_scanner.h"
 #include "library/library_dialect.h"
 #include "library/node_collector.h"
+#include "library/save_result.h"
 #include "library/text_table.h"
 
 #include <algorithm>
@@ -282,6 +283,7 @@ void LibraryParser<Record>::fillValues(Record& record, const GroupPlan& plan) co
 template <class Record>
 void takeRecords(CPartwrightPlugInApp& app, typename Kind<Record>::Library& target, TextFile& file,
                  LoadResult& result) {
+    rememberRead(app.libraries, result.path, file);
     LibraryFault fault = LibraryFault::None;
     if (file.status == FileStatus::OpenFailed) {
         fault = LibraryFault::Unreadable;

@@ -342,8 +342,8 @@ bool LibraryFormatter<Record>::row(const Record& record) {
 }
 
 template <class Record>
-SaveResult saveLibrary(const CPartwrightPlugInApp& app, std::span<const Record* const> records,
-                       const std::wstring& path, SaveForm wanted) {
+SaveResult saveLibrary(CPartwrightPlugInApp& app, std::span<const Record* const> records,
+                       const std::wstring& path, SaveChoices choices) {
     SaveResult result;
     result.path = path;
     const auto fault = app.libraries.faults.find(path);
@@ -355,25 +355,20 @@ SaveResult saveLibrary(const CPartwrightPlugInApp& app, std::span<const Record* 
                       : message::groupTableMissing(Dialect<Record>::groupTable(app.paths)));
         return result;
     }
-    TextForm form = formOnDisk(path);
-    if (wanted == SaveForm::Utf8)
+    InPlaceFile file(path);
+    result = lookBeforeSave(app.libraries, path, file, choices);
+    if (result.status != SaveStatus::Saved)
+        return result;
+    TextForm form = file.form();
+    if (choices.asUtf8)
         form.codePage = CodePage::Utf8;
     FormattedLibrary text = formatLibrary<Record>(app, records, path, form);
-    if (!text.encodable) {
-        result.status = SaveStatus::Unencodable;
-        result.message = message::characterNotInCodePage(path, text.part, text.column);
-        result.part = std::move(text.part);
-        result.column = std::move(text.column);
-        return result;
-    }
-    const WriteResult written = writeTextFile(path, text.bytes);
-    if (written.status == WriteStatus::OpenFailed) {
-        result.status = SaveStatus::OpenFailed;
-        result.message = message::failedToOpenForWriting(path);
-    } else if (written.status == WriteStatus::WriteFailed) {
-        result.status = SaveStatus::WriteFailed;
-        result.message = message::failedToWrite(path, written.reason);
-    }
+    if (text.encodable)
+        return putInPlace(app.libraries, path, file, std::move(text.bytes));
+    result.status = SaveStatus::Unencodable;
+    result.message = message::characterNotInCodePage(path, text.part, text.column);
+    result.part = std::move(text.part);
+    result.column = std::move(text.column);
     return result;
 }
 
@@ -451,18 +446,17 @@ template FormattedLibrary formatLibrary<AsrComponent>(const CPartwrightPlugInApp
                                                       std::span<const AsrComponent* const>,
                                                       std::wstring_view, TextForm);
 
-SaveResult SaveSdtaLibrary(const CPartwrightPlugInApp& app,
-                           std::span<const SdtaComponent* const> records, std::wstring_view path,
-                           SaveForm form) {
+SaveResult SaveSdtaLibrary(CPartwrightPlugInApp& app, std::span<const SdtaComponent* const> records,
+                           std::wstring_view path, SaveChoices choices) {
     return saveLibrary<SdtaComponent>(
-        app, records, path.empty() ? app.paths.sdtaLibraryPath : std::wstring(path), form);
+        app, records, path.empty() ? app.paths.sdtaLibraryPath : std::wstring(path), choices);
 }
 
-SaveResult SaveAnalysesLibrary(const CPartwrightPlugInApp& app,
+SaveResult SaveAnalysesLibrary(CPartwrightPlugInApp& app,
                                std::span<const AsrComponent* const> records, std::wstring_view path,
-                               SaveForm form) {
+                               SaveChoices choices) {
     return saveLibrary<AsrComponent>(
-        app, records, path.empty() ? app.paths.asrLibraryPath : std::wstring(path), form);
+        app, records, path.empty() ? app.paths.asrLibraryPath : std::wstring(path), choices);
 }
 
 std::wstring GroupHeaderRow(const CPartwrightPlugInApp& app, std::int32_t group) {

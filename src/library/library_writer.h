@@ -12,7 +12,7 @@
 // with the separator or a quote in it, or "<" at its start, which would end the row.
 
 #include "core/application.h"
-#include "core/text_file.h"
+#include "library/save_result.h"
 
 #include <cstdint>
 #include <span>
@@ -21,34 +21,6 @@
 #include <vector>
 
 namespace partwright {
-
-enum class SaveStatus {
-    Saved,
-    /// The library was not understood when it was read (libraries.faults).
-    Refused,
-    OpenFailed,
-    WriteFailed,
-    /// A character of a part does not exist in the file's code page.
-    Unencodable,
-};
-
-struct SaveResult {
-    SaveStatus status = SaveStatus::Saved;
-    /// The file that was meant.
-    std::wstring path;
-    /// What to show; empty when the library was saved.
-    std::wstring message;
-    /// Where the first character stands that could not be encoded.
-    std::wstring part;
-    std::wstring column;
-};
-
-enum class SaveForm {
-    /// As the file on disk.
-    Kept,
-    /// Changed to UTF-8, which holds every character.
-    Utf8,
-};
 
 template <class Record>
 using RecordList = std::vector<const Record*>;
@@ -82,14 +54,12 @@ extern template FormattedLibrary formatLibrary<AsrComponent>(const CPartwrightPl
                                                              std::wstring_view, TextForm);
 
 /// An empty path stands for the design library. `records` in the order of the file.
-[[nodiscard]] SaveResult SaveSdtaLibrary(const CPartwrightPlugInApp& app,
+[[nodiscard]] SaveResult SaveSdtaLibrary(CPartwrightPlugInApp& app,
                                          std::span<const SdtaComponent* const> records,
-                                         std::wstring_view path = {},
-                                         SaveForm form = SaveForm::Kept);
-[[nodiscard]] SaveResult SaveAnalysesLibrary(const CPartwrightPlugInApp& app,
+                                         std::wstring_view path = {}, SaveChoices choices = {});
+[[nodiscard]] SaveResult SaveAnalysesLibrary(CPartwrightPlugInApp& app,
                                              std::span<const AsrComponent* const> records,
-                                             std::wstring_view path = {},
-                                             SaveForm form = SaveForm::Kept);
+                                             std::wstring_view path = {}, SaveChoices choices = {});
 
 /// Single rows as they stand in a file, without a line end.
 [[nodiscard]] std::wstring GroupHeaderRow(const CPartwrightPlugInApp& app, std::int32_t group);

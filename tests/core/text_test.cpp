@@ -143,8 +143,6 @@ TEST(TextFile, Reading) {
                                                                  "a\r\nb"));
     EXPECT_EQ(file.bytes, "a\r\nb");
     EXPECT_EQ(file.form, (TextForm{CodePage::Utf8, true}));
-    EXPECT_EQ(formOnDisk(folder.put(L"old", "\xE9\n")), (TextForm{CodePage::Windows1252, false}));
-    EXPECT_EQ(formOnDisk(folder / L"none"), newFileForm());
     LineReader reader(std::string_view("a\r\n\nb\rc\r\nd\0e\n\r", 14));
     std::vector<std::string> lines;
     for (std::string_view line; reader.next(line);)
@@ -164,7 +162,7 @@ TEST(TextFile, WritingInPlace) {
     EXPECT_EQ(writeTextFile(folder / L"no/folder", "x").status, WriteStatus::OpenFailed);
     const WriteResult full = writeTextFile(L"/dev/full", "x");
     EXPECT_EQ(full.status, WriteStatus::WriteFailed);
-    EXPECT_EQ(full.reason, L"No space left on device");
+    EXPECT_EQ(full.reason, L"There is no space left on the disk");
 }
 
 } // namespace partwright::test

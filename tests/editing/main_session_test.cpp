@@ -3,9 +3,11 @@
 
 #include "core/messages.h"
 #include "core/paths.h"
+#include "core/system_error.h"
 #include "editing/main_session.h"
 #include "editing/new_component_session.h"
 #include "editing/startup.h"
+#include "support/interrupted_save.h"
 #include "support/places.h"
 #include "support/project_folder.h"
 #include "support/scripted_prompt.h"
@@ -13,6 +15,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <optional>
 #include <set>
 
@@ -295,15 +298,93 @@ TEST_F(MainSessionTest, SaveWritesTheActivePageAndOkBoth) {
     EXPECT_EQ(folder.bytesOf(analysesFile), "") << "the Design type was not shown at the end";
 }
 
-TEST_F(MainSessionTest, OkTellsWhatItCannotOpenAndCloses) {
+TEST_F(MainSessionTest, OkTellsWhatItCannotOpenAndStays) {
     expectFirstStart();
     MainSession& main = start();
     folder.block(sdtaFile);
     folder.block(linkFile);
     prompt.expect(message::failedToOpenForWriting(folder / sdtaFile), PromptIcon::Warning);
     prompt.expect(message::failedToOpenForWriting(folder / linkFile), PromptIcon::Warning);
-    EXPECT_TRUE(main.closeWithOk());
+    EXPECT_FALSE(main.closeWithOk());
     EXPECT_NE(folder.bytesOf(analysesFile).find("R-1"), std::string::npos);
+}
+
+TEST_F(MainSessionTest, OkAsksAboutUnsavedRecordsOfTheOtherType) {
+    expectFirstStart();
+    MainSession& main = start();
+    const auto okOfPublic = [&](PromptAnswer answer) {
+        main.setLibraryType(false);
+        prompt.expectQuestion(message::designUnsaved, answer);
+        EXPECT_TRUE(main.closeWithOk());
+        main.setLibraryType(true);
+    };
+    main.setLibraryType(false);
+    EXPECT_TRUE(main.closeWithOk()) << "parts that were added by themselves do not count";
+    main.setLibraryType(true);
+    main.sdtaPage.parseDescriptions();
+    okOfPublic(PromptAnswer::No);
+    EXPECT_FALSE(fileExists(folder / sdtaFile));
+    okOfPublic(PromptAnswer::Yes);
+    EXPECT_NE(folder.bytesOf(sdtaFile).find("R-1"), std::string::npos);
+    main.setLibraryType(false);
+    EXPECT_TRUE(main.closeWithOk());
+}
+
+TEST_F(MainSessionTest, AFileThatSomebodyChangedIsNotWrittenOverUnasked) {
+    folder.put(linkFile, "PartNum,FileName,\nR-1,r.pdf,\n");
+    expectFirstStart();
+    MainSession& main = start();
+    const std::vector<std::pair<std::wstring_view, message::FileChange>> changes = {
+        {sdtaFile, message::FileChange::Made},
+        {analysesFile, message::FileChange::Made},
+        {linkFile, message::FileChange::Changed}};
+    const auto changeAll = [&](std::string_view bytes) {
+        for (const auto& [file, change] : changes)
+            folder.put(file, bytes);
+    };
+    const auto answerAll = [&](PromptAnswer answer) {
+        for (const auto& [file, change] : changes)
+            prompt.expectQuestion(message::fileChanged(folder / file, change), answer);
+    };
+    changeAll("somebody's");
+    answerAll(PromptAnswer::No);
+    EXPECT_FALSE(main.closeWithOk());
+    for (const auto& [file, change] : changes)
+        EXPECT_EQ(folder.bytesOf(file), "somebody's");
+    answerAll(PromptAnswer::Yes);
+    EXPECT_TRUE(main.closeWithOk());
+    EXPECT_TRUE(main.closeWithOk()) << "what was written last is known";
+    std::filesystem::remove(nativePath(folder / sdtaFile));
+    prompt.expectQuestion(message::fileChanged(folder / sdtaFile, message::FileChange::Removed),
+                          PromptAnswer::Yes);
+    EXPECT_TRUE(main.closeWithOk());
+    EXPECT_TRUE(fileExists(folder / sdtaFile));
+}
+
+TEST_F(MainSessionTest, TheStartOffersToCompleteAnInterruptedSave) {
+    const std::string wanted = "PartNum,FileName,\nR-1,new.pdf,\n";
+    folder.put(linkFile, "PartNum,FileName,\n" + std::string(1000, 'o') + ",old.pdf,\n");
+    interruptSave(folder / linkFile, wanted);
+    const std::string torn = folder.bytesOf(linkFile);
+    for (const auto& [answer, link] :
+         {std::pair{PromptAnswer::No, torn}, std::pair{PromptAnswer::Yes, wanted}}) {
+        prompt.expectQuestion(message::completeSaveQuestion(folder / linkFile, true), answer);
+        expectFirstStart();
+        start();
+        EXPECT_EQ(folder.bytesOf(linkFile), link);
+    }
+    expectFirstStart();
+    start();
+    EXPECT_EQ(app.libraries.datasheetLinks.at(L"R-1"), L"new.pdf");
+}
+
+TEST_F(MainSessionTest, ThatSavesAreNotSecuredIsToldOnce) {
+    expectFirstStart();
+    MainSession& main = start();
+    setenv("XDG_STATE_HOME", nativePath(folder.put(L"a file", "")).c_str(), 1);
+    prompt.expect(message::savesNotSecured(systemErrorText(EEXIST)), PromptIcon::Warning);
+    EXPECT_TRUE(main.closeWithOk());
+    EXPECT_NE(folder.bytesOf(sdtaFile).find("R-1"), std::string::npos);
 }
 
 TEST_F(MainSessionTest, OkKeepsTheLinksAndTheWindowWhileTheirTableIsWithheld) {
@@ -444,7 +525,7 @@ TEST_F(MainSessionTest, ALibraryThatWasUnreadableAtFirstIsNotWrittenOver) {
     loadAtStart(app, clock, mending, {pathText(places::tables), folder / L"public"});
     session.emplace(app, engine, mending);
     session->start();
-    EXPECT_EQ(session->sdtaPage.save(false), SaveOutcome::Withheld);
+    EXPECT_FALSE(session->sdtaPage.save(false));
     EXPECT_EQ(mending.last, message::saveWouldLose(folder / sdtaFile, message::fileUnreadable()));
     EXPECT_EQ(folder.bytesOf(sdtaFile), mending.content);
 }

@@ -1,4 +1,5 @@
 #include "core/messages.h"
+#include "core/system_error.h"
 #include "dialogs/look.h"
 #include "gui/change_driver.h"
 #include "gui/main_window.h"
@@ -13,6 +14,7 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QTimer>
+#include <cerrno>
 #include <cmath>
 #include <csignal>
 
@@ -221,6 +223,8 @@ TEST_F(MainWindowCase, AFillIsToldListedAndTakenBackWithoutDroppingLaterWork) {
     EXPECT_TRUE(copied.startsWith(QStringLiteral("Part Number\tParameter\tOld\tNew\n")));
     EXPECT_TRUE(copied.contains(QStringLiteral("\n1N4007\tVr-RT\t\t1000\n")));
 
+    QTest::keyClick(&*dialog, Qt::Key_Escape);
+    EXPECT_TRUE(dialog->isVisible()) << "what was filled is not saved";
     session->sdtaPage.designLibrary[L"1N4007"].LPar[0] = L"0.7"; // typed after the command
     dialog->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&*dialog));
@@ -294,9 +298,10 @@ TEST_F(MainWindowCase, AFullDiskKeepsTheWindowOpenAndTheFilesWhole) {
     const auto before = folder.files();
     app.libraries.datasheetLinks[std::wstring(80, L'P')] = L"s.pdf";
     const auto expectFailure = [this](std::wstring_view file) {
-        prompt.expect(message::failedToWrite(folder / file, L"File too large"),
+        prompt.expect(message::failedToWrite(folder / file, systemErrorText(EFBIG)),
                       PromptIcon::Warning);
     };
+    prompt.expect(message::savesNotSecured(systemErrorText(EFBIG)), PromptIcon::Warning);
     expectFailure(sampleSdta);
     expectFailure(sampleAnalyses);
     expectFailure(linkFile);
@@ -316,9 +321,11 @@ TEST_F(MainWindowCase, FilesThatVanishedAreWrittenAnew) {
     open();
     std::filesystem::remove(nativePath(folder / sampleSdta));
     folder.block(sampleAnalyses); // cannot be opened
+    prompt.expectQuestion(message::fileChanged(folder / sampleSdta, message::FileChange::Removed),
+                          PromptAnswer::Yes);
     prompt.expect(message::failedToOpenForWriting(folder / sampleAnalyses), PromptIcon::Warning);
     press("ok");
-    EXPECT_FALSE(dialog->isVisible()) << "a file that cannot be opened does not keep it open";
+    EXPECT_TRUE(dialog->isVisible());
     SdtaLibrary again;
     static_cast<void>(LoadSdtaLibrary(app, again, app.paths.sdtaLibraryPath));
     EXPECT_EQ(again.size(), session->sdtaPage.designLibrary.size());

@@ -1,3 +1,4 @@
+#include "core/application.h"
 #include "library/datasheet_links.h"
 #include "support/temp_folder.h"
 
@@ -39,7 +40,7 @@ TEST(DatasheetLinks, RoundTripAndFaults) {
               L"Failed to Open File\n" + datasheetLinksPath(app.paths) + L".");
     EXPECT_EQ(app.libraries.datasheetLinks.size(), 1U);
     std::filesystem::remove(folder.path() / "DataSheetLinkTable.csv");
-    const LinkSaveResult refused = SaveDatasheetLinks(app.paths, app.libraries);
+    const SaveResult refused = SaveDatasheetLinks(app.paths, app.libraries);
     EXPECT_EQ(refused.status, SaveStatus::Refused);
     EXPECT_FALSE(refused.message.empty());
     EXPECT_FALSE(std::filesystem::exists(folder.path() / "DataSheetLinkTable.csv"));

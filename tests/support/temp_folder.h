@@ -1,7 +1,8 @@
 #pragma once
 
 // A folder of its own for each test, gone when the test ends. It stands in memory where the system
-// has such a place, so that flushing to the device costs nothing.
+// has such a place, so that flushing to the device costs nothing. The program's own state goes
+// there as well.
 
 #include "core/text_file.h"
 
@@ -26,6 +27,7 @@ public:
         if (mkdtemp(name.data()) == nullptr)
             std::abort();
         path_ = name;
+        setenv("XDG_STATE_HOME", (path_ / "state").c_str(), 1);
     }
     ~TempFolder() {
         std::error_code ignored;
