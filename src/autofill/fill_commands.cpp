@@ -1,6 +1,7 @@
 #include "autofill/fill_commands.h"
 
 #include "autofill/defaults.h"
+#include "autofill/synonyms.h"
 #include "core/cell_text.h"
 #include "core/completion.h"
 #include "core/text.h"
@@ -76,7 +77,7 @@ private:
         if (part.description.empty())
             return false;
         const std::wstring text = tools_.rewrite(part.description);
-        std::int32_t group = classifier_.DetectGroup(*designators, text, true);
+        std::int32_t group = classifier_.DetectGroup(*designators, forGroups(text), true);
         if (!tools_.app.classifier.groupNamesByCode.contains(group))
             return false;
         std::int32_t type = 0;

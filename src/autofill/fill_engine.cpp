@@ -127,7 +127,8 @@ Classification FillEngine::classify(std::wstring_view designators, std::wstring_
     if (isNew) {
         ++workedOut_;
         const std::wstring text = rewritten(description);
-        known->second = classified(classifier().DetectGroup(designators, text, false), text);
+        known->second =
+            classified(classifier().DetectGroup(designators, forGroups(text), false), text);
     }
     return known->second;
 }
@@ -176,7 +177,7 @@ FilledPart FillEngine::filled(std::int32_t group, std::wstring_view text) const 
 template <class Record>
 FilledPart FillEngine::fill(std::wstring_view designators, std::wstring_view description) const {
     const std::wstring text = rewritten(description);
-    return filled<Record>(classifier().DetectGroup(designators, text, false), text);
+    return filled<Record>(classifier().DetectGroup(designators, forGroups(text), false), text);
 }
 
 template <class Record>
@@ -186,8 +187,8 @@ FilledPart FillEngine::fillByWords(std::wstring_view designators,
         return {};
     const std::wstring text = rewritten(description);
     const std::int32_t group = designators.empty()
-                                   ? classifier().DetectGroupByWords(text)
-                                   : classifier().DetectGroup(designators, text, true);
+                                   ? classifier().DetectGroupByWords(forGroups(text))
+                                   : classifier().DetectGroup(designators, forGroups(text), true);
     return filled<Record>(group, text);
 }
 

@@ -71,6 +71,12 @@ private:
     std::vector<std::size_t> faultyLines_;
 };
 
+/// A rewritten text without the blank in front: expressions of groups must match the whole text,
+/// and one that begins with a word would never do.
+[[nodiscard]] inline std::wstring_view forGroups(std::wstring_view rewritten) {
+    return rewritten.substr(rewritten.starts_with(L' ') ? 1 : 0);
+}
+
 /// The columns that are read.
 [[nodiscard]] RuleTableForm synonymForm();
 

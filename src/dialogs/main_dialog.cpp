@@ -11,6 +11,7 @@
 #include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QRadioButton>
 #include <QScreen>
@@ -275,6 +276,13 @@ void CPartwrightPlugInDlg::showAll() {
 void CPartwrightPlugInDlg::showCommands() {
     for (const auto& [command, button] : commands_)
         button->setEnabled(isAvailable(command) && session_.isOffered(command));
+}
+
+void CPartwrightPlugInDlg::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Cancel) && session_.isUnsaved())
+        event->accept();
+    else
+        QDialog::keyPressEvent(event);
 }
 
 void CPartwrightPlugInDlg::accept() {

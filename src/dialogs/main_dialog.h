@@ -46,6 +46,10 @@ public Q_SLOTS:
     /// OK: saves all, and closes unless a write failed.
     void accept() override;
 
+protected:
+    /// Escape closes only while nothing is unsaved: one press too many must not cost the work.
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     /// Keys that turn the pages, and the entry that tells about the program.
     void addKeys();

@@ -11,6 +11,7 @@ MainSession::MainSession(CPartwrightPlugInApp& app, FillEngine& engine, Prompt& 
       engine_(engine), prompt_(prompt) {}
 
 void MainSession::start() {
+    savedLinks_ = app_.libraries.datasheetLinks;
     for (int index = 0; index < pageCount; ++index) {
         activePage_ = index;
         page(index).start();
@@ -107,6 +108,13 @@ void MainSession::storeNewComponents(int index, NewComponentTable& table) {
     page(index).storeNewComponents(table);
 }
 
+bool MainSession::isUnsaved() const {
+    const auto changed = [](const PageSession& page) {
+        return page.hasUnsaved(true) || page.hasUnsaved(false);
+    };
+    return changed(sdtaPage) || changed(asrPage) || app_.libraries.datasheetLinks != savedLinks_;
+}
+
 bool MainSession::closeWithOk() {
     const bool isOtherUnsaved = sdtaPage.hasUnsaved(!isDesign_) || asrPage.hasUnsaved(!isDesign_);
     const bool savesOther =
@@ -127,6 +135,8 @@ bool MainSession::saveBothPages(bool isDesign) {
 
 bool MainSession::saveLinks() {
     const bool isSaved = saveLinkFile(app_, prompt_);
+    if (isSaved)
+        savedLinks_ = app_.libraries.datasheetLinks;
     const auto report = app_.libraries.loadReports.find(datasheetLinksPath(app_.paths));
     const bool isWithheld = report != app_.libraries.loadReports.end() &&
                             report->second.fault != LibraryFault::None;

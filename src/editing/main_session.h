@@ -64,6 +64,10 @@ public:
     /// were removed leave both pages.
     void storeNewComponents(int page, NewComponentTable& table);
 
+    /// Closing without a save would lose records of either type, or links to data sheets. Parts of
+    /// the project that were added by themselves do not count.
+    [[nodiscard]] bool isUnsaved() const;
+
     /// Saves all; true when the window closes. It stays, with everything in memory, when anything
     /// could not be written.
     bool closeWithOk();
@@ -79,6 +83,8 @@ private:
     CPartwrightPlugInApp& app_;
     FillEngine& engine_;
     Prompt& prompt_;
+    /// The links as their file has them.
+    DatasheetLinks savedLinks_;
     int activePage_ = 0;
     bool isDesign_ = true;
     std::array<PageFilter, pageCount> storedFilterRadio_{};

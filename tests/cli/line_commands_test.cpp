@@ -4,6 +4,7 @@
 #include "support/places.h"
 
 #include <cstdio>
+#include <fstream>
 
 namespace partwright::test {
 
@@ -167,6 +168,17 @@ TEST_F(CliTest, TablesReportsFindings) {
     answer = withTables({"tables"});
     EXPECT_NE(answer.out.find("Conv_BiCode.csv:"), std::string::npos);
     EXPECT_NE(answer.out.find(std::to_string(findings.size()) + " finding"), std::string::npos);
+}
+
+TEST_F(CliTest, AnExpressionOfAGroupMayBeginWithItsWord) {
+    copyTables();
+    const std::string path = tables + "/DescrRules.csv";
+    std::ifstream file(path);
+    std::ostringstream changed;
+    for (std::string line; std::getline(file, line);)
+        changed << (line.starts_with("6,") ? "6,Diode Zener Suppressor,,ZENER.*,,D" : line) << '\n';
+    std::ofstream(path) << changed.str();
+    EXPECT_EQ(withTables({"classify"}, "D1\tZENER 5V\n").objects().at(0)["group"], 6);
 }
 
 // The program itself: the tables are found from anywhere, for each design tool in its own place.

@@ -223,6 +223,8 @@ TEST_F(MainWindowCase, AFillIsToldListedAndTakenBackWithoutDroppingLaterWork) {
     EXPECT_TRUE(copied.startsWith(QStringLiteral("Part Number\tParameter\tOld\tNew\n")));
     EXPECT_TRUE(copied.contains(QStringLiteral("\n1N4007\tVr-RT\t\t1000\n")));
 
+    QTest::keyClick(&*dialog, Qt::Key_Escape);
+    EXPECT_TRUE(dialog->isVisible()) << "what was filled is not saved";
     session->sdtaPage.designLibrary[L"1N4007"].LPar[0] = L"0.7"; // typed after the command
     dialog->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&*dialog));
