@@ -138,8 +138,8 @@ bool MainSession::saveLinks() {
     if (isSaved)
         savedLinks_ = app_.libraries.datasheetLinks;
     const auto report = app_.libraries.loadReports.find(datasheetLinksPath(app_.paths));
-    const bool isWithheld = report != app_.libraries.loadReports.end() &&
-                            report->second.fault != LibraryFault::None;
+    const bool isWithheld =
+        report != app_.libraries.loadReports.end() && report->second.fault != LibraryFault::None;
     return isSaved || (isWithheld && app_.libraries.datasheetLinks.empty());
 }
 
