@@ -41,12 +41,19 @@ nlohmann::ordered_json json(const LibraryFinding& finding) {
             {"text", encodeUtf8(finding.finding.summary())}};
 }
 
+/// What was not taken of the two files of the kind, what is wrong in the records, and what a save
+/// changes.
 template <class Record>
 void addFindings(Project& project, const LibraryPageSession<Record>& page, AnalysisLevel level,
                  std::vector<LibraryFinding>& findings) {
     const auto add = [&](std::vector<LibraryFinding> found) {
         std::move(found.begin(), found.end(), std::back_inserter(findings));
     };
+    const ProjectPaths& paths = project.app.paths;
+    const auto& reports = project.app.libraries.loadReports;
+    for (const auto* path : {&paths.designPath<Record>(), &paths.publicPath<Record>()})
+        if (const auto report = reports.find(*path); report != reports.end())
+            add(loadFindings(Kind<Record>::name, report->first, report->second));
     const auto& library = page.workingLibrary();
     add(checkLibrary<Record>(project.app, library, project.session.rules, level));
     add(saveFindings<Record>(project.app, library));

@@ -19,8 +19,8 @@ PromptAnswer ConsolePrompt::show(std::wstring_view /*title*/, std::wstring_view 
 bool ConsolePrompt::unreadableTable(const Libraries& libraries) const {
     const auto isLibrary = [&libraries](const std::wstring& text) {
         return std::any_of(
-            libraries.faults.begin(), libraries.faults.end(),
-            [&text](const auto& fault) { return text == message::failedToOpen(fault.first); });
+            libraries.loadReports.begin(), libraries.loadReports.end(),
+            [&text](const auto& report) { return text == message::failedToOpen(report.first); });
     };
     return !std::all_of(unreadable_.begin(), unreadable_.end(), isLibrary);
 }

@@ -17,14 +17,9 @@ LoadResult load(CPartwrightPlugInApp& app, AsrLibrary& target, std::wstring_view
     return LoadAnalysesLibrary(app, target, path);
 }
 
-/// Rows that stand in a library file, understood or not.
-std::size_t rowsIn(std::wstring_view path) {
-    const TextFile file = readTextFile(path);
-    LineReader lines(file.bytes);
-    std::size_t rows = 0;
-    for (std::string_view line; lines.next(line);)
-        rows += line.starts_with('>') ? 1 : 0;
-    return rows;
+bool isSameFile(std::wstring_view a, std::wstring_view b) {
+    std::error_code error;
+    return a == b || std::filesystem::equivalent(nativePath(a), nativePath(b), error);
 }
 
 template <class Record>
@@ -41,17 +36,19 @@ int convert(Tables& tables, const PlaceOptions& place, const ConvertOptions& opt
                            PromptIcon::None);
         return Usage;
     }
-    if (const std::size_t rows = rowsIn(in); library.size() < rows) {
-        tables.prompt.tell(message::rowsLeftOut(in, rows - library.size(), rows), PromptIcon::None);
-        if (library.empty())
-            return Findings; // most likely the other kind of library
+    LoadReport& report = tables.app.libraries.loadReports[in];
+    tellReport(tables.prompt, in, report);
+    const bool lost = report.losses() > 0 && !options.dropUnread;
+    if (lost && isSameFile(in, out)) {
+        tables.prompt.tell(message::savingNeedsLeave(in, report.losses()), PromptIcon::None);
+        tellEntries(tables.prompt, report);
+        return Findings;
     }
-    // What was not understood on reading would be lost in the copy as well.
-    auto& faults = tables.app.libraries.faults;
-    if (const auto fault = faults.find(in); fault != faults.end())
-        faults[out] = fault->second;
-    return saveLibraryFile<Record>(tables.app, library, out, false, tables.prompt) ? Fine
-                                                                                   : Findings;
+    // The copy is made whatever it lacks, since the original stays; the exit code tells.
+    report.dropsAllowed = true;
+    tables.app.libraries.loadReports[out] = report;
+    const bool saved = saveLibraryFile<Record>(tables.app, library, out, false, tables.prompt);
+    return saved && !lost ? Fine : Findings;
 }
 
 } // namespace

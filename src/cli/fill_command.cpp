@@ -2,6 +2,7 @@
 #include "cli/project.h"
 #include "core/encoding.h"
 #include "core/messages.h"
+#include "library/library_writer.h"
 #include "maintenance/record_changes.h"
 
 #include <nlohmann/json.hpp>
@@ -59,6 +60,21 @@ void print(std::ostream& out, const std::vector<RecordChange>& changes, bool jso
     }
 }
 
+/// Tells what saving this page's library would drop of the file; false when that is nothing, or
+/// agreed to.
+template <class Record>
+bool refuses(Project& project, const LibraryPageSession<Record>& page, bool dropUnread) {
+    LoadReport& report = project.app.libraries.loadReports[page.libraryPath()];
+    report.dropsAllowed = dropUnread;
+    const std::size_t lines =
+        droppedLines<Record>(report, recordsByGroup<Record>(page.workingLibrary()));
+    if (lines == 0 || dropUnread || report.fault != LibraryFault::None)
+        return false;
+    project.prompt.tell(message::savingNeedsLeave(page.libraryPath(), lines), PromptIcon::None);
+    tellEntries(project.prompt, report);
+    return true;
+}
+
 } // namespace
 
 int runFill(const PlaceOptions& place, const FillOptions& options, Streams streams) {
@@ -76,6 +92,10 @@ int runFill(const PlaceOptions& place, const FillOptions& options, Streams strea
     const bool sdta = options.sdta || !options.analyses;
     const bool analyses = options.analyses || !options.sdta;
     MainSession& session = project.session;
+    const bool sdtaRefuses = sdta && refuses(project, session.sdtaPage, options.dropUnread);
+    const bool asrRefuses = analyses && refuses(project, session.asrPage, options.dropUnread);
+    if ((sdtaRefuses || asrRefuses) && !options.dryRun)
+        return Findings;
     // All is saved before anything is printed: whoever reads the answer may close the pipe.
     std::vector<RecordChange> sdtaChanges;
     std::vector<RecordChange> analysesChanges;

@@ -44,6 +44,8 @@ struct FillOptions {
     bool sdta = false;
     bool analyses = false;
     bool dryRun = false;
+    /// Write although lines of the files are lost by it.
+    bool dropUnread = false;
     std::optional<FilterChoice> filter;
 };
 
@@ -58,6 +60,7 @@ struct ConvertOptions {
     std::string in;
     std::string out;
     bool analyses = false;
+    bool dropUnread = false;
 };
 
 } // namespace partwright::cli

@@ -42,6 +42,11 @@ void addPlace(CLI::App& command, PlaceOptions& place, bool project) {
         addRecover(command, place);
 }
 
+void addDropUnread(CLI::App& command, bool& flag) {
+    command.add_flag("--drop-unread", flag,
+                     "Write although lines that could not be read are lost by it");
+}
+
 void addFilter(CLI::App& command, std::string& name) {
     command
         .add_option("--filter", name,
@@ -133,6 +138,7 @@ private:
         command->add_flag("--sdta", fill_.sdta, "The SDTA library");
         command->add_flag("--analyses", fill_.analyses, "The Analyses library");
         command->add_flag("--dry-run", fill_.dryRun, "Show the changes and write nothing");
+        addDropUnread(*command, fill_.dropUnread);
         addFilter(*command, filter_);
         command->callback([this] {
             fill_.filter = filterNamed(filter_);
@@ -170,6 +176,7 @@ private:
         command->add_option("--kind", kind_, "sdta or analyses")
             ->required()
             ->check(CLI::IsMember({"sdta", "analyses"}));
+        addDropUnread(*command, convert_.dropUnread);
         command->callback([this] {
             convert_.analyses = kind_ == "analyses";
             action_ = [this] { return runConvert(place_, convert_, streams_); };

@@ -50,12 +50,27 @@ Project::Project(const PlaceOptions& place, Streams streams)
     }
     session.start();
     tellMissingGroups(app, prompt);
+    for (const auto& [path, report] : app.libraries.loadReports)
+        tellReport(prompt, path, report);
     const std::wstring fault =
         place.input.empty() ? std::wstring() : partListFault(app.paths, app.partList);
     if (fault.empty() || prompt.unreadable()) // an unreadable list was told already
         return;
     opened_ = Usage;
     prompt.tell(fault, PromptIcon::None);
+}
+
+void tellReport(Prompt& prompt, std::wstring_view path, const LoadReport& report) {
+    // A file that cannot be opened, and group names that nobody knows, were told of before.
+    const bool isTold =
+        report.fault == LibraryFault::Unreadable || report.fault == LibraryFault::NoGroupNames;
+    if (!isTold && (report.fault != LibraryFault::None || report.count() > 0))
+        prompt.tell(message::loadSummary(path, report), PromptIcon::None);
+}
+
+void tellEntries(Prompt& prompt, const LoadReport& report) {
+    for (const LoadEntry& entry : report.entries())
+        prompt.tell(message::entryText(entry), PromptIcon::None);
 }
 
 void Project::tellLookedAt(bool sdta, bool analyses) {

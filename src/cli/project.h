@@ -44,6 +44,11 @@ private:
     ExitCode opened_ = Fine;
 };
 
+/// One line about what was not taken of a file, if anything was not.
+void tellReport(Prompt& prompt, std::wstring_view path, const LoadReport& report);
+/// All of it, a line each.
+void tellEntries(Prompt& prompt, const LoadReport& report);
+
 [[nodiscard]] InterruptedSaves interruptedSaves(const PlaceOptions& place);
 
 /// The folders that the options name are all there, those of a project only where a command opens

@@ -12,6 +12,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -19,6 +20,13 @@
 #include <vector>
 
 namespace partwright {
+
+/// A group that the program has columns for, and its table has no valid row.
+struct GroupGap {
+    std::int32_t code = 0;
+    /// Of the table, where the gap shows; 0 when it shows nowhere.
+    std::size_t line = 0;
+};
 
 /// What one kind alone has.
 template <class Record>
@@ -43,6 +51,8 @@ struct Definitions : OwnDefinitions<Record> {
     /// Raised by each reading of the property rows: what was worked out from others is stale.
     std::uint32_t propertiesRead = 0;
     std::vector<std::wstring> groupNames;
+    /// With a gap, records would be written under other groups than theirs.
+    std::optional<GroupGap> gap;
     std::map<std::wstring, std::vector<TypeEntry>, std::less<>> groupTypes;
     /// The type that "Default" stands for, by group number.
     std::vector<std::int16_t> defaultTypes;

@@ -1,5 +1,6 @@
 #include "core/encoding.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
@@ -9,6 +10,8 @@ namespace partwright {
 namespace {
 
 constexpr wchar_t replacement = 0xFFFD;
+/// A byte of 0x80 or above that is no UTF-8 stands at this distance in the text.
+constexpr wchar_t foreignBytes = 0xDC00;
 
 /// Windows-1252 from 0x80 to 0x9F; the five unused codes stand for themselves.
 constexpr std::array<wchar_t, 32> upperControls = {
@@ -138,7 +141,15 @@ bool isValidUtf8(std::string_view bytes) {
 }
 
 CodePage detectCodePage(std::string_view bytes) {
-    return isValidUtf8(bytes) ? CodePage::Utf8 : CodePage::Windows1252;
+    if (isValidUtf8(bytes))
+        return CodePage::Utf8;
+    while (!bytes.empty()) {
+        const std::string_view line = bytes.substr(0, bytes.find_first_of("\r\n"));
+        if (asciiRun(line, 0) < line.size() && isValidUtf8(line))
+            return CodePage::Utf8;
+        bytes.remove_prefix(std::min(line.size() + 1, bytes.size()));
+    }
+    return CodePage::Windows1252;
 }
 
 void decodeInto(std::wstring& target, std::string_view bytes, CodePage codePage) {
@@ -158,7 +169,10 @@ void decodeInto(std::wstring& target, std::string_view bytes, CodePage codePage)
             continue;
         }
         const CodePoint point = nextCodePoint(bytes, at);
-        appendCodePoint(target, point.length == 0 ? replacement : point.value);
+        if (point.length == 0)
+            target.push_back(static_cast<wchar_t>(foreignBytes + byte));
+        else
+            appendCodePoint(target, point.value);
         at += point.length == 0 ? 1 : point.length;
     }
 }
@@ -170,7 +184,10 @@ std::wstring decode(std::string_view bytes, CodePage codePage) {
 }
 
 std::wstring decodeLossy(std::string_view bytes) {
-    return decode(bytes, CodePage::Utf8);
+    std::wstring text = decode(bytes, CodePage::Utf8);
+    if (!isValidUtf8(bytes))
+        std::replace_if(text.begin(), text.end(), isForeignByte, replacement);
+    return text;
 }
 
 bool encodeInto(std::string& target, std::wstring_view text, CodePage codePage) {
@@ -178,7 +195,10 @@ bool encodeInto(std::string& target, std::wstring_view text, CodePage codePage) 
         if (static_cast<char32_t>(text[at]) < 0x80) {
             target.push_back(static_cast<char>(text[at++]));
         } else if (codePage == CodePage::Utf8) {
-            appendUtf8(target, takeCodePoint(text, at));
+            if (isForeignByte(text[at])) // no half of a pair: takeCodePoint leaves none behind
+                target.push_back(static_cast<char>(text[at++] - foreignBytes));
+            else
+                appendUtf8(target, takeCodePoint(text, at));
         } else if (!appendWindows1252(target, text[at++])) {
             return false;
         }
@@ -189,7 +209,8 @@ bool encodeInto(std::string& target, std::wstring_view text, CodePage codePage) 
 std::string encodeUtf8(std::wstring_view text) {
     std::string result;
     result.reserve(text.size());
-    static_cast<void>(encodeInto(result, text, CodePage::Utf8));
+    for (std::size_t at = 0; at < text.size();)
+        appendUtf8(result, takeCodePoint(text, at));
     return result;
 }
 

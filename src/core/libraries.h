@@ -6,6 +6,7 @@
 #include "core/content_mark.h"
 #include "core/encoding.h"
 #include "core/library_kind.h"
+#include "core/load_report.h"
 #include "core/records.h"
 
 #include <cstdint>
@@ -17,15 +18,6 @@
 #include <vector>
 
 namespace partwright {
-
-/// Why a library that was read must not be written back.
-enum class LibraryFault {
-    None,
-    /// Data rows were met while no group name was known.
-    NoGroupNames,
-    /// The file is there and could not be read.
-    Unreadable,
-};
 
 /// All that the records read from a library file depend on.
 struct LibraryReading {
@@ -64,8 +56,8 @@ struct Libraries {
     MasterCopy<AsrComponent> asrDesignLibrary;
     MasterCopy<AsrComponent> asrPublicLibrary;
     DatasheetLinks datasheetLinks;
-    /// Of the four library files and of the link table, by path.
-    std::map<std::wstring, LibraryFault, std::less<>> faults;
+    /// What was not taken of the four library files and of the link table, by path.
+    std::map<std::wstring, LoadReport, std::less<>> loadReports;
     /// What these files held when they were read or last written, by path.
     std::map<std::wstring, ContentMark, std::less<>> marks;
     /// That saves are not secured is told once in a run.

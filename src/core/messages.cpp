@@ -2,6 +2,8 @@
 
 #include "core/text.h"
 
+#include <algorithm>
+
 namespace partwright::message {
 
 namespace {
@@ -155,19 +157,131 @@ std::wstring saveChanges(std::wstring_view after) {
     return join({L"A save changes it to \"", after, L"\"."});
 }
 
-std::wstring rowsLeftOut(std::wstring_view path, std::size_t leftOut, std::size_t rows) {
-    return join({std::to_wstring(leftOut), L" of ", std::to_wstring(rows),
-                 L" rows were left out, being of the other kind of library, too long, or followed "
-                 L"by another row of the same part:\n",
-                 path});
-}
-
 std::wstring groupTableMissing(std::wstring_view tablePath) {
     return join({L"No group names are known; the table is missing or empty:\n", tablePath});
 }
 
 std::wstring fileUnreadable() {
     return L"The file was there and could not be opened.";
+}
+
+std::wstring wrongColumns(std::size_t line, std::wstring_view group) {
+    return join({L"The header in line ", std::to_wstring(line),
+                 L" does not have the columns of the group below it, ", group, L"."});
+}
+
+std::wstring groupNotInTable(std::size_t line, std::wstring_view group) {
+    return join({L"Line ", std::to_wstring(line), L" and those below it are of the group ", group,
+                 L", which the table of groups does not have."});
+}
+
+std::wstring gapInGroupTable(std::int32_t code, std::size_t line, std::wstring_view tablePath) {
+    const std::wstring place = line == 0 ? std::wstring() : L", line " + std::to_wstring(line);
+    return join({L"The table of groups has no valid row for group ", std::to_wstring(code),
+                 L", so that records would get other groups and columns:\n", tablePath, place});
+}
+
+std::wstring linkNotReadBack(std::wstring_view path, std::wstring_view part,
+                             std::wstring_view file) {
+    return join({L"The links to data sheets were not written, since the table cannot hold the link "
+                 L"of part ",
+                 part, L" to the file \"", file, L"\":\n", path});
+}
+
+std::wstring causeText(const LoadEntry& entry) {
+    switch (entry.cause) {
+    case LoadCause::TooLong:
+        return L"a cell of more than 255 characters; the row is left out and stays in the file";
+    case LoadCause::OtherKind:
+        return L"no row of this kind of library; it stays in the file";
+    case LoadCause::Malformed:
+        return L"the row could not be read";
+    case LoadCause::NoPartNumber:
+        return L"no part number or no group";
+    case LoadCause::Repeated:
+        return L"the part stands again in line " + std::to_wstring(entry.otherLine);
+    case LoadCause::CaseTwin:
+        return L"differs only in case from the part in line " + std::to_wstring(entry.otherLine);
+    case LoadCause::UnknownGroup:
+        return join({L"group \"", entry.name, L"\" is not known, so the values are left out"});
+    case LoadCause::UnknownType:
+        return join({L"type \"", entry.name, L"\" is not known"});
+    case LoadCause::WrongCellCount:
+        return L"not as many cells as its group has, or no \"<\" at the end";
+    case LoadCause::OtherHeader:
+        return L"the header above it has the columns of another group";
+    case LoadCause::NoHeader:
+        return L"no header says where manufacturer and notes stand, so they are left out";
+    case LoadCause::RefusedField:
+        return L"quotes that do not fit; what stands behind them is left out";
+    case LoadCause::Colour:
+        return L"the colour is left out";
+    case LoadCause::FirstLine:
+        return L"the first line is never read as a row";
+    case LoadCause::Torn:
+        return L"the file ends in the middle of this row, which is left out";
+    case LoadCause::NoEnd:
+        return L"the file ends without \"End of File\"; it may have been cut";
+    case LoadCause::ZeroBytes:
+        return L"zero bytes, as an interrupted save leaves them";
+    case LoadCause::Board:
+        return L"a board (PCB), which is not kept";
+    case LoadCause::ForeignBytes:
+        return L"bytes that are no UTF-8; they stay as they are";
+    case LoadCause::Backslash:
+        return L"a backslash in a text was read as a hyphen";
+    case LoadCause::BehindEnd:
+        return L"stands behind \"End of File\"";
+    case LoadCause::NoLink:
+        return L"no link from a part to a file; it stays in the table";
+    }
+    return {};
+}
+
+std::wstring entryText(const LoadEntry& entry) {
+    std::wstring text;
+    if (entry.line != 0)
+        text = L"line " + std::to_wstring(entry.line);
+    if (!entry.part.empty())
+        text.append(text.empty() ? L"part " : L", part ").append(entry.part);
+    return text.append(text.empty() ? L"" : L": ").append(causeText(entry));
+}
+
+std::wstring furtherLines(std::size_t lines) {
+    return join({L"and ", std::to_wstring(lines), L" more"});
+}
+
+std::wstring loadSummary(std::wstring_view path, const LoadReport& report) {
+    constexpr std::size_t shown = 5;
+    std::wstring text(path);
+    text += L": ";
+    if (report.fault != LibraryFault::None)
+        text.append(replaceAll(report.faultText, L"\n", L" ")).append(L" It will not be written. ");
+    if (report.count() == 0)
+        return text;
+    text += std::to_wstring(report.count());
+    text += report.count() == 1 ? L" line was not taken as it stands: "
+                                : L" lines were not taken as they stand: ";
+    const std::size_t listed = std::min(report.entries().size(), shown);
+    for (std::size_t i = 0; i < listed; ++i)
+        text.append(i == 0 ? L"" : L"; ").append(entryText(report.entries()[i]));
+    if (report.count() > listed)
+        text += L"; " + furtherLines(report.count() - listed);
+    return text;
+}
+
+std::wstring savingWillDrop(std::wstring_view path, std::size_t lines) {
+    return join({L"Saving will drop ", std::to_wstring(lines), lines == 1 ? L" line" : L" lines",
+                 L", or parts of ", lines == 1 ? L"it" : L"them",
+                 L", which could not be read as they stand in this file:\n", path,
+                 L"\nSave all the same?"});
+}
+
+std::wstring savingNeedsLeave(std::wstring_view path, std::size_t lines) {
+    return join({path, L": Saving would drop ", std::to_wstring(lines),
+                 lines == 1 ? L" line" : L" lines",
+                 L", in whole or in part. Nothing was written; --drop-unread writes it all the "
+                 L"same."});
 }
 
 std::wstring foundCheckId(std::int32_t checkId) {

@@ -3,6 +3,8 @@
 // Every text that the program shows in a box, one function each: a search for its words leads here
 // and to the one place that shows it. Arguments are typed; a user's text is never a format.
 
+#include "core/load_report.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -95,13 +97,40 @@ enum class FileChange { Changed, Removed, Made };
                                                   std::wstring_view column);
 /// A library was read while it could not be understood, so writing it would lose records.
 [[nodiscard]] std::wstring saveWouldLose(std::wstring_view path, std::wstring_view cause);
-/// A copy of a library has fewer records than the library has rows.
-[[nodiscard]] std::wstring rowsLeftOut(std::wstring_view path, std::size_t leftOut,
-                                       std::size_t rows);
 /// The cause of the refusal: no group was known while the library was read.
 [[nodiscard]] std::wstring groupTableMissing(std::wstring_view tablePath);
 /// The cause of the refusal: the file was there and could not be read.
 [[nodiscard]] std::wstring fileUnreadable();
+/// Further causes, which the content of the file shows.
+inline constexpr std::wstring_view fileNotUnderstood =
+    L"No row of this file was understood; is it the other kind of library, or was its first line "
+    L"lost?";
+[[nodiscard]] std::wstring wrongColumns(std::size_t line, std::wstring_view group);
+[[nodiscard]] std::wstring groupNotInTable(std::size_t line, std::wstring_view group);
+/// The table of groups has no row for a group that the program has columns for.
+[[nodiscard]] std::wstring gapInGroupTable(std::int32_t code, std::size_t line,
+                                           std::wstring_view tablePath);
+
+inline constexpr std::wstring_view linkColumnsMissing =
+    L"It has no columns \"PartNum\" and \"FileName\".";
+/// A link that would come back as another one, or as none.
+[[nodiscard]] std::wstring linkNotReadBack(std::wstring_view path, std::wstring_view part,
+                                           std::wstring_view file);
+
+// --- What was not taken of a file ----------------------------------------------------------------
+
+/// What became of a line, without its number and part.
+[[nodiscard]] std::wstring causeText(const LoadEntry& entry);
+/// The same with line and part: "line 40, part R-10K: ...".
+[[nodiscard]] std::wstring entryText(const LoadEntry& entry);
+/// Of a list that was cut.
+[[nodiscard]] std::wstring furtherLines(std::size_t lines);
+/// One line about a file, with the first five entries.
+[[nodiscard]] std::wstring loadSummary(std::wstring_view path, const LoadReport& report);
+/// A save would leave less in the file than stands there: the question, and the refusal of a
+/// program that cannot ask.
+[[nodiscard]] std::wstring savingWillDrop(std::wstring_view path, std::size_t lines);
+[[nodiscard]] std::wstring savingNeedsLeave(std::wstring_view path, std::size_t lines);
 
 // --- Change Component dialogs: cells -------------------------------------------------------------
 

@@ -120,7 +120,7 @@ RegistryStatus writeValue(std::wstring_view base, std::wstring_view value,
     for (const std::wstring& text : place.lines) {
         if (!encodeInto(bytes, text, place.form.codePage))
             return RegistryStatus::WriteFailed;
-        bytes += place.form.crLf ? "\r\n" : "\n";
+        bytes += place.form.lineEndBytes();
     }
     return writeTextFile(place.path, bytes).status == WriteStatus::Ok ? RegistryStatus::Ok
                                                                       : RegistryStatus::WriteFailed;

@@ -14,20 +14,38 @@ namespace {
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr char32_t escapedByte = 0xDC00;
 
+/// The line end of the first line counts.
+LineEnd lineEndOf(std::string_view bytes) {
+    const auto end = bytes.find('\n');
+    if (end == std::string_view::npos)
+        return bytes.find('\r') == std::string_view::npos ? LineEnd::Lf : LineEnd::Cr;
+    return end > 0 && bytes[end - 1] == '\r' ? LineEnd::CrLf : LineEnd::Lf;
+}
+
 } // namespace
 
 TextForm textForm(std::string_view bytes) {
-    const auto end = bytes.find('\n');
-    return {detectCodePage(bytes),
-            end != std::string_view::npos && end > 0 && bytes[end - 1] == '\r'};
+    return {detectCodePage(bytes), lineEndOf(bytes)};
 }
 
 TextForm newFileForm() {
 #ifdef _WIN32
-    return {CodePage::Utf8, true};
+    return {CodePage::Utf8, LineEnd::CrLf};
 #else
-    return {CodePage::Utf8, false};
+    return {CodePage::Utf8, LineEnd::Lf};
 #endif
+}
+
+std::string_view TextForm::lineEndBytes() const {
+    switch (lineEnd) {
+    case LineEnd::CrLf:
+        return "\r\n";
+    case LineEnd::Cr:
+        return "\r";
+    case LineEnd::Lf:
+        break;
+    }
+    return "\n";
 }
 
 std::filesystem::path nativePath(std::wstring_view path) {
@@ -98,12 +116,15 @@ WriteResult writeTextFile(std::wstring_view path, std::string_view bytes) {
     return file.write(std::string(bytes));
 }
 
+LineReader::LineReader(std::string_view bytes)
+    : rest_(bytes), mark_(lineEndOf(bytes) == LineEnd::Cr ? '\r' : '\n') {}
+
 bool LineReader::next(std::string_view& line) {
     if (rest_.empty())
         return false;
-    const auto end = rest_.find('\n');
+    const auto end = rest_.find(mark_);
     line = rest_.substr(0, end);
-    if (!line.empty() && line.back() == '\r' && end != std::string_view::npos)
+    if (mark_ == '\n' && !line.empty() && line.back() == '\r' && end != std::string_view::npos)
         line.remove_suffix(1);
     rest_.remove_prefix(end == std::string_view::npos ? rest_.size() : end + 1);
     return true;

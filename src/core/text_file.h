@@ -12,11 +12,14 @@
 
 namespace partwright {
 
+enum class LineEnd { Lf, CrLf, Cr };
+
 /// How a text stands in its file.
 struct TextForm {
     CodePage codePage = CodePage::Utf8;
-    /// Lines end in CR LF.
-    bool crLf = false;
+    LineEnd lineEnd = LineEnd::Lf;
+    /// The bytes of a line end.
+    [[nodiscard]] std::string_view lineEndBytes() const;
     friend bool operator==(const TextForm&, const TextForm&) = default;
 };
 
@@ -66,16 +69,19 @@ struct WriteResult {
 
 [[nodiscard]] WriteResult writeTextFile(std::wstring_view path, std::string_view bytes);
 
-/// Walks the lines of a text: each without its line end (LF, or CR LF); a text that ends in a line
-/// end has no empty line behind it.
+/// Walks the lines of a text: each without its line end (LF, CR LF, or CR in a text without any
+/// LF); a text that ends in a line end has no empty line behind it.
 class LineReader {
 public:
-    explicit LineReader(std::string_view bytes) : rest_(bytes) {}
+    explicit LineReader(std::string_view bytes);
     /// False at the end of the text.
     [[nodiscard]] bool next(std::string_view& line);
+    /// What stands behind the line that was read last.
+    [[nodiscard]] std::string_view rest() const { return rest_; }
 
 private:
     std::string_view rest_;
+    char mark_;
 };
 
 } // namespace partwright

@@ -113,10 +113,10 @@ void CAdvDlg::addPartNumber(QVBoxLayout* column, const QString& partNumber) {
 
 void CAdvDlg::cleanPartNumber() {
     const CleanText clean = partwright::cleanPartNumber(engineText(partNumber_->text()));
-    partNumberLine_->setText(qtText(clean.complaint.value_or(std::wstring())));
-    partNumberLine_->setVisible(clean.complaint.has_value());
     if (!clean.complaint)
         return;
+    partNumberLine_->setText(qtText(*clean.complaint));
+    partNumberLine_->show();
     const int cursor = partNumber_->cursorPosition();
     partNumber_->setText(qtText(clean.text));
     partNumber_->setCursorPosition(cursor);

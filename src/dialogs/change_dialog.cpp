@@ -9,9 +9,9 @@
 #include "editing/open_datasheet.h"
 #include "editing/power_calculator.h"
 
-#include <QCoreApplication>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
@@ -73,11 +73,10 @@ CComChange1::CComChange1(TableSession& session, const DialogServices& services,
     const auto& columns = session_.setup().columns;
     for (std::size_t at = 1; at < columns.size(); ++at)
         if (!columns[at].hidden)
-            findBar_->addColumn(static_cast<int>(at) - 1, qtText(columns[at].header));
-    connect(findBar_, &FindBar::requested, this, [this](const QString& request) {
-        SearchRequest message(engineText(request));
-        QCoreApplication::sendEvent(this, &message);
-    });
+            findBar_->addColumn(at, qtText(columns[at].header));
+    connect(findBar_, &FindBar::requested, this, &CComChange1::find);
+    connect(grid_, &CComponentGrid::findAsked, this, &CComChange1::openFindBar);
+    connect(grid_, &CComponentGrid::marksCounted, this, &CComChange1::showMarkCount);
     connect(findBar_, &FindBar::closed, grid_, [this] { grid_->setFocus(Qt::OtherFocusReason); });
     fitToScreen();
     grid_->setFocus(Qt::OtherFocusReason);
@@ -131,7 +130,13 @@ void CComChange1::makeControls(QBoxLayout* column) {
     addLater(box, tr("Search"), QStringLiteral("datasheet_search.svg"),
              QStringLiteral("datasheetSearch"));
     addLater(box, tr("Refresh"), QStringLiteral("refresh.svg"), QStringLiteral("datasheetRefresh"));
-    row->addStretch(1);
+    markCount_ = new QLabel(this);
+    markCount_->setObjectName(QStringLiteral("markCount"));
+    markCount_->setAlignment(Qt::AlignRight | Qt::AlignBottom);
+    markCount_->setWordWrap(true);
+    markCount_->setToolTip(tr("F8 goes to the next one, Shift+F8 to the one before"));
+    look::paintAlarm(*markCount_);
+    row->addWidget(markCount_, 1);
     box = buttonColumn(row);
     QPushButton* const ok = addButton(box, tr("OK"), QStringLiteral("ok.svg"),
                                       tr("Keep the changes"), QStringLiteral("ok"));
@@ -166,6 +171,8 @@ void CComChange1::makeShortcuts() {
         redoKeys.append(usual);
     for (const QKeySequence& key : redoKeys)
         add(key, [this] { grid_->redo(); });
+    add(Qt::Key_F8, [this] { grid_->goToMark(false); });
+    add(Qt::SHIFT | Qt::Key_F8, [this] { grid_->goToMark(true); });
     add(Qt::CTRL | Qt::SHIFT | Qt::Key_F, [this] { openFindBar(); });
     add(Qt::Key_F3, [this] { findBar_->repeat(false); });
     add(Qt::SHIFT | Qt::Key_F3, [this] { findBar_->repeat(true); });
@@ -201,6 +208,38 @@ void CComChange1::accept() {
         grid_->setFocus(Qt::OtherFocusReason);
 }
 
+/// The window behind has the keyboard again, even where a box went away together with this one.
+void CComChange1::done(int result) {
+    QDialog::done(result);
+    if (parentWidget() != nullptr)
+        parentWidget()->window()->activateWindow();
+}
+
+void CComChange1::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Cancel))
+        escape();
+    else
+        QDialog::keyPressEvent(event);
+}
+
+void CComChange1::escape() {
+    if (grid_->escape())
+        return;
+    if (findBar_->isVisible()) {
+        findBar_->close();
+        return;
+    }
+    const TableOutcome outcome = session_.drop();
+    if (outcome.accepted || grid_->show(outcome))
+        reject();
+}
+
+void CComChange1::showMarkCount(std::size_t cells) {
+    markCount_->setText(cells == 0   ? QString()
+                        : cells == 1 ? tr("1 cell breaks its rule")
+                                     : tr("%1 cells break their rule").arg(cells));
+}
+
 void CComChange1::customEvent(QEvent* event) {
     if (event->type() != SearchRequest::messageNumber) {
         QDialog::customEvent(event);
@@ -211,10 +250,36 @@ void CComChange1::customEvent(QEvent* event) {
                                     grid_->currentSessionCell(), grid_->rowOrder()));
 }
 
+void CComChange1::showPart(const QString& part) {
+    const ComponentTable& table = session_.table();
+    for (std::size_t row = 0; row < table.rowCount(); ++row)
+        if (table.row(row).part() == engineText(part)) {
+            TableOutcome there;
+            there.current = CellAt{row, partNumberColumn};
+            there.selectedRows = {row};
+            grid_->show(there);
+        }
+}
+
 void CComChange1::openFindBar() {
-    const auto current = grid_->currentCell();
     if (grid_->commitEdit())
-        findBar_->open(current ? current->col - 1 : 0);
+        findBar_->open();
+}
+
+void CComChange1::find(const TableQuery& query) {
+    if (!grid_->commitEdit())
+        return;
+    const auto hit = session_.find(query, grid_->currentSessionCell(), grid_->rowOrder());
+    findBar_->answer(!hit                                 ? tr("No row has this text.")
+                     : hit->isWrapped && query.isBackward ? tr("Went on from the last row.")
+                     : hit->isWrapped                     ? tr("Went on from the first row.")
+                                                          : QString());
+    if (!hit)
+        return;
+    TableOutcome outcome;
+    outcome.current = hit->at;
+    outcome.selectedRows = {hit->at.row};
+    grid_->show(outcome);
 }
 
 std::optional<std::size_t> CComChange1::currentRow() {

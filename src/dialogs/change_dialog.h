@@ -49,13 +49,18 @@ public:
                 std::shared_ptr<grid::SortFlags> flags, QWidget* parent = nullptr);
 
     [[nodiscard]] CComponentGrid& grid() { return *grid_; }
+    /// Makes the row of a part current; nothing without such a row.
+    void showPart(const QString& part);
 
 public Q_SLOTS:
     /// OK: the checks of all rows; the dialog ends when nothing stops them.
     void accept() override;
+    void done(int result) override;
 
 protected:
     void customEvent(QEvent* event) override;
+    /// Escape takes one step back, and closes the table only when there is none left.
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void makeControls(QBoxLayout* column);
@@ -78,11 +83,15 @@ private:
     void changeGroup();
     void calculate();
     void openFindBar();
+    void find(const TableQuery& query);
+    void escape();
+    void showMarkCount(std::size_t cells);
 
     TableSession& session_;
     DialogServices services_;
     CComponentGrid* grid_ = nullptr;
     QLabel* line_ = nullptr;
+    QLabel* markCount_ = nullptr;
     FindBar* findBar_ = nullptr;
 };
 

@@ -10,11 +10,9 @@
 
 namespace partwright {
 
-using grid::CellKind;
 using grid::CellPos;
 using grid::CellRange;
 using grid::RedrawLock;
-using grid::StyleChange;
 
 namespace {
 
@@ -30,49 +28,24 @@ int gridColumn(std::size_t column) {
     return static_cast<int>(column);
 }
 
-CellKind kindOf(const TableColumn& column) {
-    switch (column.kind) {
-    case ColumnKind::Datasheet:
-        return CellKind::Link;
-    case ColumnKind::PinLibrary:
-    case ColumnKind::CalcOutput:
-        return CellKind::CheckBox;
-    default:
-        return column.choices == ColumnChoices::None ? CellKind::Text : CellKind::DropDown;
-    }
-}
-
-/// The list that most cells of a column have.
-const ChoiceList* usualChoices(const TableSetup& setup, const TableColumn& column) {
-    switch (column.choices) {
-    case ColumnChoices::Type:
-        return &setup.typeChoices;
-    case ColumnChoices::At:
-        return &setup.atChoices;
-    case ColumnChoices::Package:
-        return &setup.packageChoices;
-    case ColumnChoices::Process:
-    case ColumnChoices::Option:
-        return &setup.notApplicableChoices;
-    case ColumnChoices::None:
-        break;
-    }
-    return nullptr;
-}
-
 } // namespace
 
 CComponentGrid::CComponentGrid(TableSession& session, Prompt& prompt,
                                std::shared_ptr<grid::SortFlags> flags, QWidget* parent)
-    : CGridWnd(parent), session_(session), boxes_(prompt) {
+    : CGridWnd(parent), session_(session), cells_(session), boxes_(prompt) {
     setSortFlags(std::move(flags));
+    setSource(cells_);
+    const RedrawLock lock(*this);
     makeColumns();
-    makeRows();
+    InsertRows(1, static_cast<int>(session_.table().rowCount()));
+    setFrozenCols(gridColumn(partNumberColumn));
+    judging_.setSingleShot(true);
+    connect(&judging_, &QTimer::timeout, this, &CComponentGrid::judgeSome);
+    judging_.start();
 }
 
 void CComponentGrid::makeColumns() {
     const TableSetup& setup = session_.setup();
-    const RedrawLock lock(*this);
     const int last = gridColumn(setup.columns.size()) - 1;
     InsertCols(1, last);
     SetColWidth(0, 0, pixels(setup.columns[0]));
@@ -82,69 +55,24 @@ void CComponentGrid::makeColumns() {
         setText(0, col, qtText(column.header));
         SetColWidth(col, col, pixels(column));
         HideCols(col, col, column.hidden);
-        StyleChange look{.kind = kindOf(column), .readOnly = session_.isReadOnly(at)};
-        if (const ChoiceList* const list = usualChoices(setup, column))
-            look.choices = choiceText(list);
-        if (column.header.starts_with(L'$'))
-            look.enabled = false;
-        if (column.kind == ColumnKind::Full)
-            look.align = Qt::AlignHCenter;
-        setColStyle(col, look);
+        setColStyle(col, cells_.columnLook(at));
     }
     SetStyleRange({0, 1, 0, last}, {.bold = true});
 }
 
-void CComponentGrid::makeRows() {
-    const RedrawLock lock(*this);
-    const std::size_t count = session_.table().rowCount();
-    InsertRows(1, static_cast<int>(count));
-    keys_.resize(count);
-    for (std::size_t row = 0; row < count; ++row)
-        keys_[row] = rowKey(static_cast<int>(row) + 1);
-    deferRows(1, static_cast<int>(count));
-}
-
-QString CComponentGrid::choiceText(const ChoiceList* list) {
-    QString& text = choiceTexts_[list];
-    if (text.isNull()) {
-        text = qtText(list->text());
-        text.chop(text.endsWith(QLatin1Char('\n')) ? 1 : 0);
-    }
-    return text;
-}
-
-void CComponentGrid::tieRows() const {
-    if (tied_)
-        return;
-    tied_ = true;
-    std::vector<std::size_t> sessionRowOfKey;
-    for (std::size_t row = 0; row < keys_.size(); ++row) {
-        if (keys_[row] >= sessionRowOfKey.size())
-            sessionRowOfKey.resize(keys_[row] + std::size_t{1});
-        sessionRowOfKey[keys_[row]] = row;
-    }
-    gridRows_.resize(keys_.size());
-    sessionRows_.resize(keys_.size());
-    for (int row = 1; row <= rowCount(); ++row) {
-        const std::size_t sessionRow = sessionRowOfKey[rowKey(row)];
-        gridRows_[sessionRow] = row;
-        sessionRows_[static_cast<std::size_t>(row) - 1] = sessionRow;
-    }
-}
-
-int CComponentGrid::gridRow(std::size_t sessionRow) const {
-    tieRows();
-    return gridRows_[sessionRow];
-}
-
-CellAt CComponentGrid::sessionCell(int row, int col) const {
-    tieRows();
-    return {sessionRows_[static_cast<std::size_t>(row) - 1], static_cast<std::size_t>(col)};
+void CComponentGrid::judgeSome() {
+    constexpr std::size_t rowsAtOnce = 250;
+    if (session_.marks().judgeMore(rowsAtOnce))
+        judging_.start();
+    Q_EMIT marksCounted(session_.marks().count());
 }
 
 std::vector<std::size_t> CComponentGrid::rowOrder() const {
-    tieRows();
-    return sessionRows_;
+    std::vector<std::size_t> rows;
+    rows.reserve(static_cast<std::size_t>(rowCount()));
+    for (int row = 1; row <= rowCount(); ++row)
+        rows.push_back(static_cast<std::size_t>(sourceRow(row)));
+    return rows;
 }
 
 std::optional<CellAt> CComponentGrid::currentSessionCell() const {
@@ -161,100 +89,29 @@ std::vector<std::size_t> CComponentGrid::selectedSessionRows() const {
     return rows;
 }
 
-void CComponentGrid::fillRow(int row) {
-    if (reshaping_) {
-        deferRows(row, row); // which row of the session it is will be known in a moment
-        return;
-    }
-    const TableSetup& setup = session_.setup();
-    const std::size_t sessionRow = sessionCell(row, 1).row;
-    const auto& cells = session_.table().row(sessionRow).cells;
-    for (std::size_t at = 1; at < setup.columns.size(); ++at) {
-        const int col = gridColumn(at);
-        const QString text = qtText(cells[at]);
-        if (this->text(row, col) != text)
-            setText(row, col, text);
-        if (setup.columns[at].kind == ColumnKind::Parameter)
-            showStyle(row, {sessionRow, at});
-    }
-}
-
-void CComponentGrid::showStyle(int row, CellAt at) {
-    const int col = gridColumn(at.column);
-    const grid::CellStyle& now = cellStyle(row, col);
-    StyleChange change;
-    if (const bool enabled = session_.isEnabled(at); enabled != now.enabled)
-        change.enabled = enabled;
-    if (const ChoiceList* const list = session_.choices(at)) {
-        QString choices = choiceText(list);
-        // One text serves all cells with a list, so its place tells lists apart.
-        if (choices.constData() != now.choices.constData())
-            change.choices = std::move(choices);
-    }
-    if (change.enabled || change.choices)
-        SetStyleRange(CellRange::cell(row, col), change);
-}
-
-void CComponentGrid::takeOutRows(const std::vector<std::size_t>& rows) {
-    std::vector<int> gone;
-    gone.reserve(rows.size());
-    for (const std::size_t row : rows)
-        gone.push_back(gridRow(row));
-    std::size_t next = 0;
-    std::size_t kept = 0;
-    for (std::size_t row = 0; row < keys_.size(); ++row) {
-        if (next < rows.size() && rows[next] == row)
-            ++next;
-        else
-            keys_[kept++] = keys_[row];
-    }
-    keys_.resize(kept);
-    tied_ = false;
-    removeRowList(std::move(gone));
-}
-
-/// A row stands before the one that follows it in the session, so that what comes back by undo
-/// comes back to its neighbours.
-void CComponentGrid::putInRows(const std::vector<std::size_t>& rows) {
-    for (std::size_t i = 0; i < rows.size();) {
-        const std::size_t row = rows[i];
-        std::size_t count = 1;
-        while (i + count < rows.size() && rows[i + count] == row + count)
-            ++count;
-        const bool isLast = row >= keys_.size();
-        const int before =
-            isLast ? rowCount() + 1 : rowOfKey(keys_[row], static_cast<int>(row) + 1);
-        InsertRows(before, static_cast<int>(count));
-        keys_.insert(keys_.begin() + static_cast<std::ptrdiff_t>(row), count, 0);
-        for (std::size_t k = 0; k < count; ++k)
-            keys_[row + k] = rowKey(before + static_cast<int>(k));
-        i += count;
-    }
-    tied_ = false;
-}
-
-void CComponentGrid::reshape(const TableOutcome& outcome) {
-    reshaping_ = true;
-    if (!outcome.removedRows.empty())
-        takeOutRows(outcome.removedRows);
-    if (!outcome.insertedRows.empty())
-        putInRows(outcome.insertedRows);
-    reshaping_ = false;
-    for (const std::size_t row : outcome.insertedRows)
-        deferRow(row);
-}
-
 bool CComponentGrid::show(const TableOutcome& outcome) {
-    const bool isReshaped = !outcome.removedRows.empty() || !outcome.insertedRows.empty();
+    const auto numbers = [](const std::vector<std::size_t>& rows) {
+        return std::vector<int>(rows.begin(), rows.end());
+    };
     {
         const RedrawLock lock(*this);
-        if (isReshaped)
-            reshape(outcome);
+        if (!outcome.removedRows.empty() || !outcome.insertedRows.empty())
+            sourceReshaped(numbers(outcome.removedRows), numbers(outcome.insertedRows));
         for (const std::size_t row : outcome.changedRows)
-            deferRow(row);
+            sourceChanged(static_cast<int>(row));
     }
-    if (isReshaped && currentCell() && !outcome.current)
-        currentCellMoved(currentCell()->row, currentCell()->col);
+    judging_.start();
+    return showRest(outcome);
+}
+
+void CComponentGrid::showLook(const TableOutcome& outcome) {
+    for (const std::size_t row : outcome.changedRows)
+        cellsChanged(CellRange::rows(gridRow(row), gridRow(row)));
+    showRest(outcome);
+}
+
+/// All but the cells.
+bool CComponentGrid::showRest(const TableOutcome& outcome) {
     if (outcome.line)
         Q_EMIT lineChanged(qtText(*outcome.line));
     if (outcome.current)
@@ -289,7 +146,7 @@ void CComponentGrid::showChange(const TableOutcome& outcome) {
     show(outcome);
     const auto current = currentSessionCell();
     if (current && !outcome.line && !isEditing())
-        show(session_.lookAgain(*current));
+        showLook(session_.lookAgain(*current));
 }
 
 void CComponentGrid::cellCommitted(int, int, const QString&) {
@@ -306,8 +163,9 @@ void CComponentGrid::editCancelled(int row, int col) {
 }
 
 void CComponentGrid::currentCellMoved(int row, int col) {
-    if (!reshaping_ && row >= 1 && col >= 1)
-        show(session_.selectCell(sessionCell(row, col)));
+    const CellAt at = sessionCell(row, col);
+    cells_.setTypeRow(at.row);
+    showLook(session_.selectCell(at));
 }
 
 void CComponentGrid::autoFillFinished(CellPos source, const CellRange&) {
@@ -328,12 +186,7 @@ void CComponentGrid::fillFinished(CellPos source, const CellRange& range) {
 }
 
 void CComponentGrid::dropDownEntered(int row, int col) {
-    const CellAt at = sessionCell(row, col);
-    const ColumnChoices choices = session_.setup().columns[at.column].choices;
-    const bool isMarked = choices == ColumnChoices::At || choices == ColumnChoices::Package ||
-                          choices == ColumnChoices::Process;
-    if (isMarked && !session_.table().type(at.row).empty())
-        SetStyleRange(CellRange::cell(row, col), {.italic = true});
+    cells_.listEntered(sessionCell(row, col));
 }
 
 void CComponentGrid::pasteCell(int row, int col, const QString& text) {
@@ -342,7 +195,7 @@ void CComponentGrid::pasteCell(int row, int col, const QString& text) {
 
 void CComponentGrid::pasteFinished(const CellRange&) {
     const WaitCursor wait;
-    showChange(session_.paste(std::exchange(pasted_, {})));
+    showChange(session_.paste(std::exchange(pasted_, {}), pasteAs_));
 }
 
 bool CComponentGrid::doubleClick(int row, int col) {
@@ -370,6 +223,10 @@ bool CComponentGrid::keyPressed(QKeyEvent* event) {
             deleteSelectedRows();
         return true;
     }
+    if (event->keyCombination() == (Qt::CTRL | Qt::SHIFT | Qt::Key_V)) {
+        pasteTyped();
+        return true;
+    }
     if (event->matches(QKeySequence::Find)) {
         selectWholeRow();
         return true;
@@ -388,6 +245,20 @@ void CComponentGrid::deleteSelectedRows() {
 void CComponentGrid::selectWholeRow() {
     if (commitEdit())
         show(session_.selectWholeRow(currentSessionCell()));
+}
+
+void CComponentGrid::goToMark(bool backward) {
+    if (!commitEdit())
+        return;
+    clearSelection();
+    showLook(session_.nextMark(currentSessionCell(), rowOrder(), backward));
+    setFocus(Qt::OtherFocusReason);
+}
+
+void CComponentGrid::pasteTyped() {
+    pasteAs_ = PasteAs::Typed;
+    paste();
+    pasteAs_ = PasteAs::Text;
 }
 
 void CComponentGrid::undo() {
@@ -410,11 +281,7 @@ void CComponentGrid::showMove(const TableOutcome& outcome) {
         (!current || std::find(rows.begin(), rows.end(), current->row) == rows.end()))
         setCurrentCell(gridRow(rows.front()), current ? gridColumn(current->column) : 1);
     else if (current)
-        show(session_.lookAgain(*currentSessionCell()));
-}
-
-void CComponentGrid::rowsSorted(int) {
-    tied_ = false;
+        showLook(session_.lookAgain(*currentSessionCell()));
 }
 
 grid::SortRule CComponentGrid::sortRule(int col) const {
@@ -429,6 +296,12 @@ void CComponentGrid::menuOpening(QMenu& menu) {
         entry->setShortcut(key);
         entry->setEnabled(enabled);
     };
+    add(tr("Paste as &Typed"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_V),
+        currentCell().has_value(), &CComponentGrid::pasteTyped);
+    add(tr("Fi&nd..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_F), true,
+        &CComponentGrid::findAsked);
+    const auto nextMark = [this] { goToMark(false); };
+    add(tr("Ne&xt Marked Cell"), QKeySequence(Qt::Key_F8), session_.marks().count() > 0, nextMark);
     menu.addSeparator();
     add(tr("&Undo"), QKeySequence::Undo, session_.canUndo(), &CComponentGrid::undo);
     add(tr("&Redo"), QKeySequence(Qt::CTRL | Qt::Key_Y), session_.canRedo(), &CComponentGrid::redo);

@@ -4,16 +4,16 @@
 // user does into the session's verbs. It knows no rule about parts; every verb answers with what
 // is to be shown, and show() shows it.
 //
-// The session counts rows from 0 in the order of its records, the grid from 1 in the order on the
-// screen. Sorting moves grid rows only, so the two are tied by the grid's row keys.
+// The session counts rows from 0 in the order of its records, and is the source of the grid's
+// cells; the grid counts them from 1 in the order on the screen.
 //
 // Deleting and the link of a row are the grid's own keys here; the dialog around it adds the rest.
 
+#include "dialogs/table_cells.h"
 #include "editing/table_session.h"
 #include "grid/grid_window.h"
 
-#include <QHash>
-#include <functional>
+#include <QTimer>
 #include <memory>
 #include <vector>
 
@@ -38,7 +38,9 @@ public:
     [[nodiscard]] std::optional<CellAt> currentSessionCell() const;
     /// Session rows from top to bottom of the screen.
     [[nodiscard]] std::vector<std::size_t> rowOrder() const;
-    [[nodiscard]] int gridRow(std::size_t sessionRow) const;
+    [[nodiscard]] int gridRow(std::size_t sessionRow) const {
+        return rowOfSource(static_cast<int>(sessionRow));
+    }
     /// Whole rows as the selection has them, in session rows.
     [[nodiscard]] std::vector<std::size_t> selectedSessionRows() const;
 
@@ -46,15 +48,22 @@ public:
     void undo();
     void redo();
     void selectWholeRow();
+    /// To the next cell that bears a mark.
+    void goToMark(bool backward);
+    /// Pastes what typing would make of the texts.
+    void pasteTyped();
 
 Q_SIGNALS:
     /// The "Parameter Description" line.
     void lineChanged(const QString& line);
+    /// So many cells bear a mark, of those that were judged so far.
+    void marksCounted(std::size_t cells);
     /// The file of a data sheet was asked for.
     void datasheetOpened(const QString& file);
+    /// The entry of the menu that leads to the find bar.
+    void findAsked();
 
 protected:
-    void fillRow(int row) override;
     bool validateCell(int row, int col, const QString& text) override;
     void cellTextModified(int row, int col) override;
     void editCancelled(int row, int col) override;
@@ -67,35 +76,26 @@ protected:
     bool keyPressed(QKeyEvent* event) override;
     void currentCellMoved(int row, int col) override;
     void cellCommitted(int row, int col, const QString& before) override;
-    void rowsSorted(int col) override;
     void menuOpening(QMenu& menu) override;
     [[nodiscard]] grid::SortRule sortRule(int col) const override;
 
 private:
     void makeColumns();
-    void makeRows();
-    void reshape(const TableOutcome& outcome);
+    /// Shows what a look at a cell gave: no text has changed.
+    void showLook(const TableOutcome& outcome);
     void showMove(const TableOutcome& outcome);
-    /// The row's texts changed: they are taken from the session when it is looked at.
-    void deferRow(std::size_t sessionRow) { deferRows(gridRow(sessionRow), gridRow(sessionRow)); }
-    void showStyle(int row, CellAt at);
-    void takeOutRows(const std::vector<std::size_t>& rows);
-    void putInRows(const std::vector<std::size_t>& rows);
-    /// Row numbers of the grid by session row, and back.
-    void tieRows() const;
-    [[nodiscard]] CellAt sessionCell(int row, int col) const;
-    [[nodiscard]] QString choiceText(const ChoiceList* list);
+    bool showRest(const TableOutcome& outcome);
+    [[nodiscard]] CellAt sessionCell(int row, int col) const {
+        return {static_cast<std::size_t>(sourceRow(row)), static_cast<std::size_t>(col)};
+    }
+    void judgeSome();
 
     TableSession& session_;
+    TableCells cells_;
     OutcomeBoxes boxes_;
-    /// Rows come and go: the cell that becomes current meanwhile is looked at afterwards.
-    bool reshaping_ = false;
-    /// By session row.
-    std::vector<grid::RowKey> keys_;
-    mutable std::vector<int> gridRows_;
-    mutable std::vector<std::size_t> sessionRows_;
-    mutable bool tied_ = false;
-    QHash<const ChoiceList*, QString> choiceTexts_;
+    /// Judges the rows that nobody looked at yet, a few whenever there is time.
+    QTimer judging_;
+    PasteAs pasteAs_ = PasteAs::Text;
     std::vector<CellText> pasted_;
     std::vector<CellText> filled_;
 };

@@ -1,5 +1,8 @@
 #include "dialogs/find_bar.h"
 
+#include "dialogs/look.h"
+#include "dialogs/qt_text.h"
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -13,7 +16,7 @@ namespace partwright {
 
 FindBar::FindBar(QWidget* parent)
     : QFrame(parent), column_(new QComboBox(this)), mode_(new QComboBox(this)),
-      backward_(new QCheckBox(tr("Bac&kward"), this)), text_(new QLineEdit(this)) {
+      text_(new QLineEdit(this)), answer_(new QLabel(this)) {
     setObjectName(QStringLiteral("findBar"));
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
@@ -27,13 +30,13 @@ FindBar::FindBar(QWidget* parent)
     };
     addLabelled(tr("&Find:"), text_, QStringLiteral("findText"));
     text_->setMinimumWidth(fontMetrics().averageCharWidth() * 20);
+    column_->addItem(tr("(all columns)"));
     addLabelled(tr("i&n column:"), column_, QStringLiteral("findColumn"));
     mode_->addItems({tr("whole text"), tr("part of the text"), tr("beginning of the text")});
     mode_->setCurrentIndex(1);
     addLabelled(tr("co&mparing:"), mode_, QStringLiteral("findMode"));
-    backward_->setObjectName(QStringLiteral("findBackward"));
-    backward_->setAccessibleName(tr("Search backward"));
-    row->addWidget(backward_);
+    case_ = addCheck(tr("Match &case"), QStringLiteral("findCase"));
+    backward_ = addCheck(tr("Bac&kward"), QStringLiteral("findBackward"));
 
     auto* find = new QPushButton(tr("Fin&d Next"), this);
     find->setObjectName(QStringLiteral("findNext"));
@@ -47,23 +50,34 @@ FindBar::FindBar(QWidget* parent)
     hide->setToolTip(tr("Close the find bar (Esc)"));
     connect(hide, &QPushButton::clicked, this, &FindBar::close);
     row->addWidget(hide);
-    row->addStretch(1);
-    QWidget* const inOrder[] = {text_, column_, mode_, backward_, find, hide};
+    answer_->setObjectName(QStringLiteral("findAnswer"));
+    look::paintAlarm(*answer_);
+    row->addWidget(answer_, 1);
+    QWidget* const inOrder[] = {text_, column_, mode_, case_, backward_, find, hide};
     for (std::size_t i = 1; i < std::size(inOrder); ++i)
         setTabOrder(inOrder[i - 1], inOrder[i]);
     QWidget::hide();
 }
 
-void FindBar::addColumn(int number, const QString& header) {
-    column_->addItem(header, number);
+QCheckBox* FindBar::addCheck(const QString& caption, const QString& name) {
+    auto* const check = new QCheckBox(caption, this);
+    check->setObjectName(name);
+    layout()->addWidget(check);
+    return check;
 }
 
-void FindBar::open(int column) {
-    if (const int entry = column_->findData(column); entry >= 0)
-        column_->setCurrentIndex(entry);
+void FindBar::addColumn(std::size_t column, const QString& header) {
+    column_->addItem(header, static_cast<qulonglong>(column));
+}
+
+void FindBar::open() {
     show();
     text_->setFocus(Qt::ShortcutFocusReason);
     text_->selectAll();
+}
+
+void FindBar::answer(const QString& text) {
+    answer_->setText(text);
 }
 
 void FindBar::repeat(bool backward) {
@@ -72,18 +86,23 @@ void FindBar::repeat(bool backward) {
 
 void FindBar::request(bool backward) {
     if (text_->text().isEmpty()) {
-        open(column_->currentData().toInt());
+        open();
         return;
     }
-    Q_EMIT requested(QStringLiteral("%1_%2_%3_")
-                         .arg(column_->currentData().toInt())
-                         .arg(mode_->currentIndex())
-                         .arg(backward ? 1 : 0) +
-                     text_->text());
+    TableQuery query;
+    if (const QVariant column = column_->currentData(); column.isValid())
+        query.column = column.value<std::size_t>();
+    query.match = static_cast<TextMatch>(mode_->currentIndex());
+    query.isBackward = backward;
+    query.ignoresCase = !case_->isChecked();
+    query.wraps = true;
+    query.text = engineText(text_->text());
+    Q_EMIT requested(query);
 }
 
 void FindBar::close() {
     hide();
+    answer({});
     Q_EMIT closed();
 }
 

@@ -1,13 +1,16 @@
 #pragma once
 
-// The small bar that searches a table of components: a column, how to compare, a direction and a
-// text. It only words the request; whoever has the table answers it.
+// The small bar that searches a table of components: a text, a column or all of them, how to
+// compare, a direction. It only words the query; whoever has the table answers it.
+
+#include "editing/table_search.h"
 
 #include <QFrame>
 #include <QString>
 
 class QCheckBox;
 class QComboBox;
+class QLabel;
 class QLineEdit;
 
 namespace partwright {
@@ -18,16 +21,18 @@ class FindBar : public QFrame {
 public:
     explicit FindBar(QWidget* parent = nullptr);
 
-    /// A column to search in; `number` counts from 0 at the part number.
-    void addColumn(int number, const QString& header);
-    /// Shows the bar with the given column chosen, ready for typing.
-    void open(int column);
+    /// A column of the table to search in, besides all of them.
+    void addColumn(std::size_t column, const QString& header);
+    /// Shows the bar, ready for typing.
+    void open();
+    void close();
     /// Searches once more; the other way round when `backward` differs from the bar's direction.
     void repeat(bool backward);
+    /// What became of the query, beside it.
+    void answer(const QString& text);
 
 Q_SIGNALS:
-    /// "column_mode_direction_text", as the table takes it.
-    void requested(const QString& request);
+    void requested(const TableQuery& query);
     void closed();
 
 protected:
@@ -35,12 +40,14 @@ protected:
 
 private:
     void request(bool backward);
-    void close();
+    QCheckBox* addCheck(const QString& caption, const QString& name);
 
     QComboBox* column_;
     QComboBox* mode_;
-    QCheckBox* backward_;
+    QCheckBox* case_ = nullptr;
+    QCheckBox* backward_ = nullptr;
     QLineEdit* text_;
+    QLabel* answer_;
 };
 
 } // namespace partwright

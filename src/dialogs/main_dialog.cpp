@@ -4,6 +4,7 @@
 #include "dialogs/image_icon.h"
 #include "dialogs/look.h"
 #include "dialogs/new_component_dialog.h"
+#include "dialogs/qt_text.h"
 #include "dialogs/wait_cursor.h"
 
 #include <QAction>
@@ -86,6 +87,10 @@ CPartwrightPlugInDlg::CPartwrightPlugInDlg(MainSession& session, const DialogSer
     connect(sdtaPage_, &CLibraryPage::groupOpened, this,
             [this](int group) { openGroup(0, group); });
     connect(asrPage_, &CLibraryPage::groupOpened, this, [this](int group) { openGroup(1, group); });
+    connect(sdtaPage_, &CLibraryPage::partOpened, this,
+            [this](const QString& part) { openPart(0, part); });
+    connect(asrPage_, &CLibraryPage::partOpened, this,
+            [this](const QString& part) { openPart(1, part); });
     showAll();
     const QSize wanted(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 46);
     resize(wanted.boundedTo(screen()->availableSize() * 9 / 10));
@@ -229,14 +234,21 @@ void CPartwrightPlugInDlg::run(MainCommand command) {
     }
 }
 
-void CPartwrightPlugInDlg::openGroup(int page, int group) {
+void CPartwrightPlugInDlg::openPart(int page, const QString& part) {
+    const int group = session_.page(page).reveal(engineText(part));
+    showAll(); // the filter may be another one
+    openGroup(page, group, part);
+}
+
+void CPartwrightPlugInDlg::openGroup(int page, int group, const QString& part) {
     if (group == 0) {
-        openNewComponents(page);
+        openNewComponents(page, part);
         return;
     }
     PageSession& owner = session_.page(page);
     const auto components = owner.openGroup(group);
     CComChange1 dialog(*components, services_, sortFlags_[static_cast<std::size_t>(page)], this);
+    dialog.showPart(part);
     if (dialog.exec() != QDialog::Accepted)
         return;
     const WaitCursor wait;
@@ -244,9 +256,11 @@ void CPartwrightPlugInDlg::openGroup(int page, int group) {
     showAll();
 }
 
-void CPartwrightPlugInDlg::openNewComponents(int page) {
+void CPartwrightPlugInDlg::openNewComponents(int page, const QString& part) {
     const auto table = session_.page(page).openNewComponents();
-    if (CNewComp1(*table, services_, newComponentSort_, this).exec() != QDialog::Accepted)
+    CNewComp1 dialog(*table, services_, newComponentSort_, this);
+    dialog.showPart(part);
+    if (dialog.exec() != QDialog::Accepted)
         return;
     const WaitCursor wait;
     session_.storeNewComponents(page, *table);

@@ -61,8 +61,10 @@ private:
                             const QString& image, const QString& toolTip, const QString& name);
     void run(MainCommand command);
     /// A group of a page is to be edited; `page` is 0 for SDTA and 1 for Analyses.
-    void openGroup(int page, int group);
-    void openNewComponents(int page);
+    /// With `part` its row is current.
+    void openGroup(int page, int group, const QString& part = {});
+    void openNewComponents(int page, const QString& part);
+    void openPart(int page, const QString& part);
     void showAll();
     void showCommands();
 

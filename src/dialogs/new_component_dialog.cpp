@@ -83,6 +83,12 @@ QBoxLayout* CNewComp1::makeButtons() {
     return row;
 }
 
+void CNewComp1::showPart(const QString& part) {
+    for (int row = 1; row <= grid_->rowCount(); ++row)
+        if (grid_->text(row, CNewComponentGrid::PartNumber) == part)
+            grid_->setCurrentCell(row, CNewComponentGrid::PartNumber);
+}
+
 void CNewComp1::accept() {
     if (grid_->commitEdit())
         QDialog::accept();

@@ -24,6 +24,9 @@ public:
     CNewComp1(NewComponentTable& table, const DialogServices& services,
               std::shared_ptr<grid::SortFlags> sortFlags, QWidget* parent = nullptr);
 
+    /// Makes the row of a part current; nothing without such a row.
+    void showPart(const QString& part);
+
 public Q_SLOTS:
     /// OK: an open list is committed first.
     void accept() override;

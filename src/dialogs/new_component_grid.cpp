@@ -4,14 +4,12 @@
 #include "validation/choice_list.h"
 
 #include <QKeyEvent>
-#include <algorithm>
 
 namespace partwright {
 
 using grid::CellKind;
 using grid::CellPos;
 using grid::CellRange;
-using grid::Redraw;
 
 namespace {
 
@@ -28,13 +26,53 @@ constexpr ColumnLook columns[] = {
 
 } // namespace
 
+QString NewComponentCells::text(int row, int col) const {
+    const NewComponentRow& line = this->row(row);
+    switch (col) {
+    case CNewComponentGrid::PartNumber:
+        return qtText(line.part).trimmed();
+    case CNewComponentGrid::CatalogNumber:
+        return qtText(line.catalogNumber);
+    case CNewComponentGrid::Description:
+        return qtText(line.description);
+    case CNewComponentGrid::Family:
+        return qtText(line.family);
+    case CNewComponentGrid::Group:
+        return qtText(line.group);
+    case CNewComponentGrid::Used:
+        return qtText(line.used);
+    case CNewComponentGrid::Datasheet:
+        return qtText(line.datasheet);
+    case CNewComponentGrid::Manufacturer:
+        return qtText(line.manufacturer);
+    case CNewComponentGrid::Notes:
+        return qtText(line.notes);
+    default:
+        return {};
+    }
+}
+
+const grid::CellStyle* NewComponentCells::style(int row, int col) const {
+    if (col != CNewComponentGrid::Group)
+        return nullptr;
+    const auto [entry, added] = looks_.try_emplace(this->row(row).family);
+    if (added) {
+        entry->second.kind = CellKind::DropDown;
+        for (const std::wstring& name : table_.groups(entry->first))
+            entry->second.choices += qtText(name) + QLatin1Char('\n');
+        entry->second.enabled = !entry->second.choices.isEmpty();
+    }
+    return &entry->second;
+}
+
 CNewComponentGrid::CNewComponentGrid(NewComponentTable& table,
                                      std::shared_ptr<grid::SortFlags> sortFlags, QWidget* parent)
-    : CGridWnd(parent), table_(table) {
+    : CGridWnd(parent), table_(table), cells_(table) {
     setSortFlags(std::move(sortFlags));
+    setSource(cells_);
     const grid::RedrawLock lock(*this);
     buildColumns();
-    fillRows();
+    InsertRows(1, static_cast<int>(table_.rows().size()));
 }
 
 void CNewComponentGrid::buildColumns() {
@@ -55,64 +93,20 @@ void CNewComponentGrid::buildColumns() {
         families.add(key, shown == key ? std::wstring_view() : shown);
     }
     setColStyle(Family, {.kind = CellKind::DropDown, .choices = qtText(families.text())});
-    setColStyle(Group, {.kind = CellKind::DropDown, .enabled = false});
-}
-
-void CNewComponentGrid::fillRows() {
-    InsertRows(1, static_cast<int>(table_.rows().size()));
-    int row = 1;
-    for (const NewComponentRow& line : table_.rows()) {
-        keys_.push_back(rowKey(row));
-        const auto put = [&](Column col, const std::wstring& text) {
-            if (!text.empty())
-                setText(row, col, qtText(text), Redraw::Later);
-        };
-        setText(row, PartNumber, qtText(line.part).trimmed(), Redraw::Later);
-        put(CatalogNumber, line.catalogNumber);
-        put(Description, line.description);
-        put(Used, line.used);
-        put(Datasheet, line.datasheet);
-        put(Manufacturer, line.manufacturer);
-        put(Notes, line.notes);
-        ++row;
-    }
-    rebuildPlaces();
-    for (row = 1; row <= rowCount(); ++row)
-        showChoices(row);
-}
-
-void CNewComponentGrid::rebuildPlaces() {
-    places_.clear();
-    for (std::size_t place = 0; place < keys_.size(); ++place)
-        places_.emplace(keys_[place], place);
-}
-
-const QString& CNewComponentGrid::groupChoices(const std::wstring& family) {
-    const auto [entry, added] = groupChoices_.try_emplace(family);
-    if (added)
-        for (const std::wstring& name : table_.groups(family))
-            entry->second += qtText(name) + QLatin1Char('\n');
-    return entry->second;
-}
-
-void CNewComponentGrid::showChoices(int row) {
-    const NewComponentRow& line = table_.rows()[placeOf(row)];
-    setText(row, Family, qtText(line.family));
-    const QString& choices = groupChoices(line.family);
-    SetStyleRange(CellRange::cell(row, Group),
-                  {.value = qtText(line.group), .enabled = !choices.isEmpty(), .choices = choices});
 }
 
 void CNewComponentGrid::assign(int row, int col, const QString& text) {
+    const int place = sourceRow(row);
     if (col == Family)
-        table_.setFamily(placeOf(row), text.toStdWString());
+        table_.setFamily(static_cast<std::size_t>(place), engineText(text));
     else if (col == Group)
-        table_.setGroup(placeOf(row), text.toStdWString());
-    showChoices(row);
+        table_.setGroup(static_cast<std::size_t>(place), engineText(text));
+    sourceChanged(place);
 }
 
-void CNewComponentGrid::cellCommitted(int row, int col, const QString&) {
-    assign(row, col, text(row, col));
+bool CNewComponentGrid::validateCell(int row, int col, const QString& text) {
+    assign(row, col, text);
+    return true;
 }
 
 void CNewComponentGrid::pasteCell(int row, int col, const QString& text) {
@@ -146,24 +140,17 @@ bool CNewComponentGrid::keyPressed(QKeyEvent* event) {
 
 void CNewComponentGrid::deleteKey() {
     if (const auto current = currentCell(); current && current->col == Datasheet) {
-        table_.clearDatasheet(placeOf(current->row));
-        setText(current->row, Datasheet, QString());
+        const int place = sourceRow(current->row);
+        table_.clearDatasheet(static_cast<std::size_t>(place));
+        sourceChanged(place);
         return;
     }
-    const std::vector<int> rows = selectedRows();
     std::vector<std::size_t> places;
-    places.reserve(rows.size());
-    for (const int row : rows)
-        places.push_back(placeOf(row));
-    const std::vector<std::size_t> gone = table_.deleteRows(places);
-    std::vector<int> goneRows;
-    for (std::size_t i = 0; i < rows.size(); ++i)
-        if (std::binary_search(gone.begin(), gone.end(), places[i]))
-            goneRows.push_back(rows[i]);
-    for (auto place = gone.rbegin(); place != gone.rend(); ++place)
-        keys_.erase(keys_.begin() + static_cast<std::ptrdiff_t>(*place));
-    rebuildPlaces();
-    removeRowList(std::move(goneRows));
+    for (const int row : selectedRows())
+        places.push_back(static_cast<std::size_t>(sourceRow(row)));
+    const std::vector<std::size_t> gone = table_.deleteRows(std::move(places));
+    if (!gone.empty())
+        sourceReshaped({gone.begin(), gone.end()}, {});
 }
 
 } // namespace partwright

@@ -3,19 +3,36 @@
 // The table of parts without a group: the user chooses a family and a group for each, and may
 // delete parts that the project does not use. All else is only shown.
 //
-// Rows move when they are sorted and go when they are deleted; each keeps the key that the grid
-// gave it, and by it the table's row is found. Every way of changing a cell, the list, a paste and
-// a fill, ends in the table's own verbs, and the cell shows what the table made of it.
+// The grid's cells are those of the table. Every way of changing one, the list, a paste and a fill,
+// ends in the table's own verbs, and the cell shows what the table made of it.
 
 #include "editing/new_component_session.h"
+#include "grid/cell_source.h"
 #include "grid/grid_window.h"
 
 #include <map>
 #include <memory>
-#include <unordered_map>
-#include <vector>
 
 namespace partwright {
+
+/// The rows of a NewComponentTable as the cells of a grid.
+class NewComponentCells final : public grid::CellSource {
+public:
+    explicit NewComponentCells(const NewComponentTable& table) : table_(table) {}
+
+    [[nodiscard]] QString text(int row, int col) const override;
+    /// A group is chosen from those of the row's family.
+    [[nodiscard]] const grid::CellStyle* style(int row, int col) const override;
+
+private:
+    [[nodiscard]] const NewComponentRow& row(int row) const {
+        return table_.rows()[static_cast<std::size_t>(row)];
+    }
+
+    const NewComponentTable& table_;
+    /// Of the group cells, by family.
+    mutable std::map<std::wstring, grid::CellStyle> looks_;
+};
 
 class CNewComponentGrid : public grid::CGridWnd {
     Q_OBJECT
@@ -44,26 +61,17 @@ Q_SIGNALS:
 protected:
     void autoFillFinished(grid::CellPos source, const grid::CellRange& range) override;
     void pasteCell(int row, int col, const QString& text) override;
-    void cellCommitted(int row, int col, const QString& before) override;
+    bool validateCell(int row, int col, const QString& text) override;
     bool doubleClick(int row, int col) override;
     bool keyPressed(QKeyEvent* event) override;
 
 private:
     void buildColumns();
-    void fillRows();
-    /// Of the table, by the row of the grid.
-    [[nodiscard]] std::size_t placeOf(int row) const { return places_.at(rowKey(row)); }
-    void rebuildPlaces();
     void assign(int row, int col, const QString& text);
-    void showChoices(int row);
-    [[nodiscard]] const QString& groupChoices(const std::wstring& family);
     void deleteKey();
 
     NewComponentTable& table_;
-    /// By place in the table.
-    std::vector<grid::RowKey> keys_;
-    std::unordered_map<grid::RowKey, std::size_t> places_;
-    std::map<std::wstring, QString> groupChoices_;
+    NewComponentCells cells_;
 };
 
 } // namespace partwright

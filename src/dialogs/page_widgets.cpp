@@ -3,8 +3,10 @@
 #include "core/messages.h"
 #include "dialogs/image_icon.h"
 #include "dialogs/look.h"
+#include "dialogs/qt_text.h"
 #include "dialogs/row_list_dialog.h"
 #include "dialogs/wait_cursor.h"
+#include "library/part_key.h"
 
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -109,13 +111,7 @@ void CMyListCtrl::wheelEvent(QWheelEvent* event) {
 CLibraryPage::CLibraryPage(PageSession& session, QString prefix, QWidget* parent)
     : QWidget(parent), session_(session), prefix_(std::move(prefix)) {
     auto* column = new QVBoxLayout(this);
-    QGroupBox* pathBox = makeBox(tr("Library file path:"), QStringLiteral("PathBox"));
-    path_ = new QLineEdit(pathBox);
-    path_->setReadOnly(true);
-    path_->setObjectName(objectName("Path"));
-    path_->setAccessibleName(tr("Library file path"));
-    (new QHBoxLayout(pathBox))->addWidget(path_);
-    column->addWidget(pathBox);
+    addPathBox(column);
     optionsRow_ = new QHBoxLayout;
     column->addLayout(optionsRow_);
     list_ = new CMyListCtrl(this);
@@ -125,6 +121,61 @@ CLibraryPage::CLibraryPage(PageSession& session, QString prefix, QWidget* parent
         if (row >= 0 && static_cast<std::size_t>(row) < groupOfRow_.size())
             Q_EMIT groupOpened(groupOfRow_[static_cast<std::size_t>(row)]);
     });
+}
+
+void CLibraryPage::addPathBox(QBoxLayout* column) {
+    QGroupBox* pathBox = makeBox(tr("Library file path:"), QStringLiteral("PathBox"));
+    auto* row = new QHBoxLayout(pathBox);
+    path_ = new QLineEdit(pathBox);
+    path_->setReadOnly(true);
+    path_->setObjectName(objectName("Path"));
+    path_->setAccessibleName(tr("Library file path"));
+    row->addWidget(path_);
+    loadMark_ = new QPushButton(pathBox);
+    loadMark_->setObjectName(objectName("LoadMark"));
+    loadMark_->setFlat(true);
+    connect(loadMark_, &QPushButton::clicked, this, &CLibraryPage::listLeftOut);
+    row->addWidget(loadMark_);
+    column->addWidget(pathBox);
+}
+
+void CLibraryPage::showLoadMark() {
+    const LoadReport& report = session_.loadReport();
+    const bool isFaulty = report.fault != LibraryFault::None;
+    const QString lines = report.count() == 1 ? tr("1 line") : tr("%1 lines").arg(report.count());
+    loadMark_->setText(isFaulty ? tr("Not understood") : tr("%1 not taken").arg(lines));
+    const QString name = isFaulty
+                             ? tr("This file was not understood and will not be written")
+                             : tr("%1 of this file could not be taken as they stand").arg(lines);
+    loadMark_->setAccessibleName(name);
+    loadMark_->setToolTip(tr("%1; click for the list").arg(name));
+    loadMark_->setVisible(isFaulty || report.count() > 0);
+}
+
+void CLibraryPage::listLeftOut() {
+    const LoadReport& report = session_.loadReport();
+    QString explanation;
+    if (report.fault != LibraryFault::None)
+        explanation = tr("This file will not be written: %1\n").arg(qtText(report.faultText));
+    explanation += tr("Enter or a double click opens a part that is in the library.");
+    if (report.count() > report.entries().size())
+        explanation += tr(" The first %1 of %2 lines are listed.")
+                           .arg(report.entries().size())
+                           .arg(report.count());
+    RowListDialog dialog({tr("Lines that were not taken as they stand"),
+                          {tr("Line"), tr("Part Number"), tr("What is the matter")},
+                          explanation},
+                         this);
+    std::vector<RowListModel::Row> rows;
+    for (const LoadEntry& entry : report.entries())
+        rows.push_back({entry.line == 0 ? std::wstring() : std::to_wstring(entry.line), entry.part,
+                        message::causeText(entry)});
+    dialog.setRows(std::move(rows));
+    dialog.setChoosable(
+        [&](std::size_t row) { return session_.hasPart(asReadBack(report.entries()[row].part)); });
+    if (dialog.exec() == QDialog::Accepted && dialog.chosen() >= 0)
+        Q_EMIT partOpened(
+            qtText(asReadBack(report.entries()[static_cast<std::size_t>(dialog.chosen())].part)));
 }
 
 QString CLibraryPage::objectName(const char* suffix) const {
@@ -181,7 +232,8 @@ void CLibraryPage::finishLayout() {
     qobject_cast<QVBoxLayout*>(layout())->setStretchFactor(list_, 1);
     addFillLine();
     // As the eye goes: path, options, list.
-    QWidget* before = path_;
+    setTabOrder(path_, loadMark_);
+    QWidget* before = loadMark_;
     for (QRadioButton* radio : findChildren<QRadioButton*>()) {
         setTabOrder(before, radio);
         before = radio;
@@ -280,6 +332,7 @@ void CLibraryPage::showSession() {
         radio->setChecked(session_.filter() == filter);
         radio->setEnabled(session_.isDesign() || filter == PageFilter::FullLibrary);
     }
+    showLoadMark();
     showFillLine();
     showOptions();
 }

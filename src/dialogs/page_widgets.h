@@ -61,6 +61,8 @@ Q_SIGNALS:
     void changed();
     /// A group was asked to be opened; `group` is its number.
     void groupOpened(int group);
+    /// A part was asked to be shown in its group.
+    void partOpened(const QString& part);
 
 protected:
     QRadioButton* addFilterRadio(QBoxLayout* layout, PageFilter filter, const QString& text,
@@ -72,7 +74,11 @@ protected:
     virtual void showOptions() {}
 
 private:
+    void addPathBox(QBoxLayout* column);
     void addStatusBox();
+    /// Beside the path: how many lines of the file were not taken as they stand.
+    void showLoadMark();
+    void listLeftOut();
     /// Under the list: what the last auto-fill command did, "Show" and "Take back".
     void addFillLine();
     void showFillLine();
@@ -81,6 +87,7 @@ private:
     PageSession& session_;
     QString prefix_;
     QLineEdit* path_ = nullptr;
+    QPushButton* loadMark_ = nullptr;
     QBoxLayout* optionsRow_ = nullptr;
     QLabel* statusPicture_ = nullptr;
     QLabel* statusText_ = nullptr;

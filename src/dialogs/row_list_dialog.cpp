@@ -133,6 +133,13 @@ void RowListDialog::setRows(std::vector<RowListModel::Row> rows) {
     count_->setText(model_->rowCount() == 1 ? tr("1 row") : tr("%1 rows").arg(model_->rowCount()));
 }
 
+void RowListDialog::setChoosable(std::function<bool(std::size_t)> choosable) {
+    choosable_ = std::move(choosable);
+    // Enter is about the row, also where it leads nowhere.
+    for (QPushButton* button : findChildren<QPushButton*>())
+        button->setAutoDefault(false);
+}
+
 void RowListDialog::copy() const {
     std::vector<int> rows;
     for (const QModelIndex& index : view_->selectionModel()->selectedRows())
@@ -161,7 +168,7 @@ void RowListDialog::copy() const {
 }
 
 void RowListDialog::choose(const QModelIndex& index) {
-    if (!choosable_ || !index.isValid())
+    if (!choosable_ || !index.isValid() || !choosable_(model_->givenRow(index.row())))
         return;
     chosen_ = static_cast<int>(model_->givenRow(index.row()));
     accept();

@@ -13,6 +13,7 @@
 #include <QDialog>
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -64,8 +65,8 @@ public:
     RowListDialog(const Look& look, QWidget* parent);
 
     void setRows(std::vector<RowListModel::Row> rows);
-    /// Enter and double click end the dialog with the row chosen.
-    void setChoosable(bool choosable) { choosable_ = choosable; }
+    /// Enter and double click end the dialog with the row chosen, if `choosable` agrees to it.
+    void setChoosable(std::function<bool(std::size_t)> choosable);
     /// The row that ended the dialog, as setRows() was given it; -1 when none did.
     [[nodiscard]] int chosen() const { return chosen_; }
 
@@ -78,7 +79,7 @@ private:
     RowListModel* model_;
     QTableView* view_;
     QLabel* count_;
-    bool choosable_ = false;
+    std::function<bool(std::size_t)> choosable_;
     int chosen_ = -1;
 };
 

@@ -19,6 +19,7 @@ namespace {
 
 constexpr std::wstring_view valueRule = L"single value";
 constexpr std::wstring_view completenessRule = L"completeness";
+constexpr std::wstring_view loadRule = L"load";
 constexpr std::wstring_view saveRule = L"save";
 
 /// The rows of one group, and what is found in them.
@@ -134,6 +135,26 @@ template std::vector<LibraryFinding> checkLibrary<AsrComponent>(const CPartwrigh
                                                                 const AsrLibrary&,
                                                                 const ValidationTables&,
                                                                 AnalysisLevel);
+
+std::vector<LibraryFinding> loadFindings(std::wstring_view library, std::wstring_view path,
+                                         const LoadReport& report) {
+    std::vector<LibraryFinding> findings;
+    const auto add = [&](std::wstring_view part, std::wstring_view text) {
+        LibraryFinding& finding = findings.emplace_back();
+        finding.library = library;
+        finding.part = part;
+        finding.finding = refusal(std::wstring(path).append(L": ").append(text));
+        finding.finding.rule = loadRule;
+    };
+    if (report.fault != LibraryFault::None)
+        add({}, report.faultText);
+    for (const LoadEntry& entry : report.entries())
+        add(entry.part,
+            message::entryText({entry.line, entry.cause, {}, entry.name, entry.otherLine}));
+    if (report.count() > report.entries().size())
+        add({}, message::furtherLines(report.count() - report.entries().size()));
+    return findings;
+}
 
 template <class Record>
 std::vector<LibraryFinding> saveFindings(const CPartwrightPlugInApp& app,

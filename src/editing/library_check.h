@@ -11,6 +11,7 @@
 // the first message counts. Findings come by group, part and column.
 //
 // saveFindings() tells what no dialog can: texts of the library that its file would not give back.
+// What the file had and the library has not is a finding as well (loadFindings).
 
 #include "core/application.h"
 #include "core/library_kind.h"
@@ -60,5 +61,9 @@ extern template std::vector<LibraryFinding> saveFindings<SdtaComponent>(const CP
                                                                         const SdtaLibrary&);
 extern template std::vector<LibraryFinding> saveFindings<AsrComponent>(const CPartwrightPlugInApp&,
                                                                        const AsrLibrary&);
+
+/// What was not taken of a library's file, under the rule "load".
+[[nodiscard]] std::vector<LibraryFinding>
+loadFindings(std::wstring_view library, std::wstring_view path, const LoadReport& report);
 
 } // namespace partwright

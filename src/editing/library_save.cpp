@@ -22,6 +22,8 @@ bool SaveChoices::*openChoice(SaveStatus status) {
     switch (status) {
     case SaveStatus::Changed:
         return &SaveChoices::overChanged;
+    case SaveStatus::WouldDrop:
+        return &SaveChoices::dropsLines;
     case SaveStatus::Unencodable:
         return &SaveChoices::asUtf8;
     case SaveStatus::Saved:

@@ -137,8 +137,10 @@ bool MainSession::saveLinks() {
     const bool isSaved = saveLinkFile(app_, prompt_);
     if (isSaved)
         savedLinks_ = app_.libraries.datasheetLinks;
-    return isSaved || (app_.libraries.faults.contains(datasheetLinksPath(app_.paths)) &&
-                       app_.libraries.datasheetLinks.empty());
+    const auto report = app_.libraries.loadReports.find(datasheetLinksPath(app_.paths));
+    const bool isWithheld =
+        report != app_.libraries.loadReports.end() && report->second.fault != LibraryFault::None;
+    return isSaved || (isWithheld && app_.libraries.datasheetLinks.empty());
 }
 
 } // namespace partwright

@@ -1,11 +1,11 @@
 #include "editing/new_component_session.h"
 
-#include "core/cell_text.h"
 #include "core/messages.h"
 #include "core/text.h"
 #include "core/vocabulary.h"
 #include "editing/clean_text.h"
 #include "editing/row_deletion.h"
+#include "library/part_key.h"
 
 #include <algorithm>
 #include <type_traits>
@@ -164,9 +164,7 @@ bool GroupChoiceSession::accept(std::wstring_view partNumber, Prompt& prompt) {
     if (asksGroup() && group_ >= groups().size())
         return false;
     if (asksPartNumber()) {
-        // A longer number could not be read back.
-        const std::wstring line = cleanPartNumber(partNumber).text;
-        const std::wstring part = upperCase(trim(line).substr(0, cell::maximumLength));
+        const std::wstring part = asReadBack(cleanPartNumber(partNumber).text);
         if (part.empty() || isTaken_(part)) {
             prompt.tell(part.empty() ? message::enterPartNumber : message::duplicatePartNumber,
                         PromptIcon::None);

@@ -90,6 +90,12 @@ void PageSession::tellAll(const std::vector<LoadResult>& results) {
         tell(prompt_, result);
 }
 
+const LoadReport& PageSession::loadReport() const {
+    static const LoadReport nothing;
+    const auto found = app_.libraries.loadReports.find(libraryPath());
+    return found == app_.libraries.loadReports.end() ? nothing : found->second;
+}
+
 template <class Record>
 void LibraryPageSession<Record>::refresh() {
     if (isDesign_ && addMissingParts())
@@ -274,6 +280,17 @@ bool LibraryPageSession<Record>::hasUnsaved(bool isDesign) const {
 }
 
 template <class Record>
+std::int32_t LibraryPageSession<Record>::reveal(std::wstring_view part) {
+    if (!isCounted(std::wstring(part))) {
+        setFilter(PageFilter::FullLibrary);
+        refresh();
+    }
+    const auto record = workingLibrary().find(part);
+    const std::int32_t group = record == workingLibrary().end() ? 0 : record->second.group;
+    return app_.of<Record>().isInUse(group) ? group : 0;
+}
+
+template <class Record>
 void LibraryPageSession<Record>::takeMasters() {
     designLibrary = inCapitals(app_.libraries.designLibrary<Record>().records());
     publicLibrary = inCapitals(app_.libraries.publicLibrary<Record>().records());
@@ -283,7 +300,7 @@ template <class Record>
 Record LibraryPageSession<Record>::newRecord(std::wstring_view partNumber,
                                              std::wstring_view designators) const {
     Record record;
-    record.PartNum = cut(upperCase(partNumber));
+    record.PartNum = partNumber;
     record.CatNum = projectText(app_.partList, designators, app_.partList.columnCatalogNumber);
     record.Description = projectText(app_.partList, designators, app_.partList.columnDescription);
     return record;

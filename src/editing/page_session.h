@@ -131,6 +131,13 @@ public:
     /// Somebody changed records of that type.
     void markModified(bool isDesign) { modified_ = touched_[isDesign ? 1 : 0] = true; }
 
+    /// What was not taken of the file that is shown.
+    [[nodiscard]] const LoadReport& loadReport() const;
+    [[nodiscard]] virtual bool hasPart(std::wstring_view part) const = 0;
+    /// The group under which the list has a part that is there. "Full Library" is chosen where the
+    /// filter leaves it out.
+    [[nodiscard]] virtual std::int32_t reveal(std::wstring_view part) = 0;
+
     /// Why the page knows no part of the project; empty when it does.
     [[nodiscard]] std::wstring partListFault() const {
         return partwright::partListFault(app_.paths, app_.partList);
@@ -196,6 +203,10 @@ public:
     void storeNewComponents(NewComponentTable& table) override;
     bool saveType(bool isDesign, bool announce) override;
     [[nodiscard]] bool hasUnsaved(bool isDesign) const override;
+    [[nodiscard]] bool hasPart(std::wstring_view part) const override {
+        return workingLibrary().find(part) != workingLibrary().end();
+    }
+    [[nodiscard]] std::int32_t reveal(std::wstring_view part) override;
 
     [[nodiscard]] Library& workingLibrary();
     [[nodiscard]] const Library& workingLibrary() const;

@@ -1,11 +1,11 @@
 #include "editing/startup.h"
 
-#include "core/cell_text.h"
 #include "core/paths.h"
 #include "core/settings.h"
 #include "core/text.h"
 #include "library/datasheet_links.h"
 #include "library/library_reader.h"
+#include "library/part_key.h"
 #include "library/project_input.h"
 #include "library/property_tables.h"
 #include "library/small_tables.h"
@@ -98,13 +98,12 @@ void loadAnalysesLibraries(CPartwrightPlugInApp& app, Prompt& prompt) {
 }
 
 void reloadSdtaLibraries(CPartwrightPlugInApp& app, Prompt& prompt) {
-    const auto earlier = app.libraries.faults;
+    // The page works on the records of the first time.
+    const auto reports = app.libraries.loadReports;
     const auto marks = app.libraries.marks;
     loadSdtaLibraries(app, prompt);
-    app.libraries.marks = marks; // the page works on the records of the first time
-    for (const auto& [path, fault] : earlier)
-        if (fault != LibraryFault::None)
-            app.libraries.faults[path] = fault;
+    app.libraries.loadReports = reports;
+    app.libraries.marks = marks;
     // Each library is read twice in a run, not more often.
     app.libraries.sdtaDesignLibrary.forgetReading();
     app.libraries.sdtaPublicLibrary.forgetReading();
@@ -113,12 +112,10 @@ void reloadSdtaLibraries(CPartwrightPlugInApp& app, Prompt& prompt) {
 PartSelection partsOfProject(const PartList& list, bool onlySelected) {
     PartSelection parts;
     for (const auto& [designator, entry] : list.projectEntries) {
-        std::wstring value = list.ProjectValue(designator, list.columnPartNumber);
-        if (value.empty() || (onlySelected && entry.selected == 0))
+        const std::wstring part = asReadBack(list.ProjectValue(designator, list.columnPartNumber));
+        if (part.empty() || (onlySelected && entry.selected == 0))
             continue;
-        if (value.size() > cell::maximumLength) // as the record's own key will be
-            value.resize(cell::maximumLength);
-        std::wstring& designators = parts[upperCase(value)];
+        std::wstring& designators = parts[part];
         if (!designators.empty())
             designators += L',';
         designators += designator;

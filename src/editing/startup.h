@@ -47,8 +47,9 @@ void loadAnalysesLibraries(CPartwrightPlugInApp& app, Prompt& prompt);
 /// even if it can be read now: the SDTA page works on the records of the first time.
 void reloadSdtaLibraries(CPartwrightPlugInApp& app, Prompt& prompt);
 
-/// Part number in capitals to designators, joined by "," in key order, over the project's rows;
-/// with `onlySelected` those that the designer selected. Values empty or "Empty" are no part.
+/// Part number, as a library gives it back, to designators, joined by "," in key order, over the
+/// project's rows; with `onlySelected` those that the designer selected. Values empty or "Empty"
+/// are no part.
 [[nodiscard]] PartSelection partsOfProject(const PartList& list, bool onlySelected);
 
 } // namespace partwright

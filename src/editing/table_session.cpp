@@ -75,12 +75,13 @@ std::wstring TableSession::meaning(CellAt at) const {
                : property->messages[static_cast<std::size_t>(name - property->names.begin())];
 }
 
-std::wstring TableSession::explanation(CellAt at) const {
+std::wstring TableSession::explanation(CellAt at) {
     if (column(at.column).kind != ColumnKind::Parameter ||
         table_.text(at.row, at.column) == cell::notApplicable)
         return {};
     std::wstring text = meaning(at);
-    if (const std::wstring rule = judge_.ruleText(at); !rule.empty())
+    const std::wstring rule = marks_.isMarked(at) ? std::wstring() : judge_.ruleText(at);
+    if (!rule.empty())
         text += (text.empty() ? L"" : L"\n") + rule;
     return text;
 }

@@ -85,8 +85,9 @@ public:
     [[nodiscard]] bool isEnabled(CellAt at) const;
     /// The list that the cell drops down; null when it has none.
     [[nodiscard]] const ChoiceList* choices(CellAt at) const;
-    /// What the parameter means and what its rule asks for; empty for other columns.
-    [[nodiscard]] std::wstring explanation(CellAt at) const;
+    /// What the parameter means and what its rule asks for, where its mark does not say that;
+    /// empty for other columns.
+    [[nodiscard]] std::wstring explanation(CellAt at);
     [[nodiscard]] CellMarks& marks() { return marks_; }
 
     // --- Moving and looking

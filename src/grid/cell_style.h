@@ -12,8 +12,8 @@
 #include <QColor>
 #include <QHash>
 #include <QString>
+#include <deque>
 #include <optional>
-#include <vector>
 
 namespace partwright::grid {
 
@@ -70,12 +70,13 @@ class StyleTable {
 public:
     StyleTable();
 
+    /// It stays where it is.
     [[nodiscard]] const CellStyle& at(StyleId id) const { return styles_[id]; }
     [[nodiscard]] StyleId find(const CellStyle& style);
     [[nodiscard]] std::size_t size() const { return styles_.size(); }
 
 private:
-    std::vector<CellStyle> styles_;
+    std::deque<CellStyle> styles_;
     QMultiHash<size_t, StyleId> index_;
 };
 

@@ -51,9 +51,12 @@ public:
             return {};
         if (kind == QAccessible::Name || kind == QAccessible::Value)
             return grid_->controlText(pos_.row, pos_.col);
-        if (kind == QAccessible::Description && pos_.row > 0 && pos_.col > 0)
-            return CGridWnd::tr("%1, row %2").arg(grid_->text(0, pos_.col)).arg(pos_.row);
-        return {};
+        if (kind != QAccessible::Description || pos_.row == 0 || pos_.col == 0)
+            return {};
+        QString said = CGridWnd::tr("%1, row %2").arg(grid_->text(0, pos_.col)).arg(pos_.row);
+        if (const QString mark = grid_->markText(pos_.row, pos_.col); !mark.isEmpty())
+            said += QStringLiteral(". ") + mark;
+        return said;
     }
 
     QRect rect() const override {

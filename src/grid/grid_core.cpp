@@ -1,8 +1,8 @@
 #include "grid/grid_core.h"
 
 #include "grid/choice_list.h"
+#include "grid/tab_text.h"
 
-#include <QKeyEvent>
 #include <algorithm>
 #include <utility>
 
@@ -17,20 +17,54 @@ constexpr int smallestSize = 15;
 
 } // namespace
 
-CGridCore::CGridCore()
-    : widths_{defaultRowHeaderWidth}, rowHeight_(defaultRowHeight),
-      sortFlags_(std::make_shared<SortFlags>()) {
+CGridCore::CGridCore() : rowHeight_(defaultRowHeight), sortFlags_(std::make_shared<SortFlags>()) {
     CellStyle header;
     header.bold = true;
     header.readOnly = true;
-    store_.setStyle(0, 0, styles_.find(header));
+    columns_.push_back({.width = defaultRowHeaderWidth, .headerStyle = styles_.find(header)});
 }
 
 CGridCore::~CGridCore() = default;
 
+void CGridCore::setSource(const CellSource& source) {
+    source_ = &source;
+}
+
+void CGridCore::sourceChanged(int source) {
+    contentChanged();
+    const int row = rowOfSource(source);
+    cellsChanged(CellRange::rows(row, row));
+}
+
+void CGridCore::sourceReshaped(const std::vector<int>& removed, const std::vector<int>& inserted) {
+    const auto key = current_ ? std::optional(rowKey(current_->row)) : std::nullopt;
+    std::vector<int> gone;
+    gone.reserve(removed.size());
+    for (const int source : removed)
+        gone.push_back(rowOfSource(source));
+    std::sort(gone.begin(), gone.end());
+    if (!gone.empty())
+        takeOut(gone);
+    const bool isGone = key && rowOfKey(*key) < 1; // before its key is given to another row
+    for (std::size_t i = 0; i < inserted.size();) {
+        int count = 1;
+        while (i + static_cast<std::size_t>(count) < inserted.size() &&
+               inserted[i + static_cast<std::size_t>(count)] == inserted[i] + count)
+            ++count;
+        const bool isLast = inserted[i] >= rowCount();
+        rows_.insert(isLast ? rowCount() + 1 : rowOfSource(inserted[i]), inserted[i], count);
+        i += static_cast<std::size_t>(count);
+    }
+    selection_.clear();
+    structureChanged();
+    followCurrent(key, isGone);
+}
+
 void CGridCore::InsertRows(int before, int count) {
-    const auto key = current_ ? std::optional(store_.keyOf(current_->row)) : std::nullopt;
-    store_.insertRows(std::clamp(before, 1, rowCount() + 1), count);
+    const auto key = current_ ? std::optional(rowKey(current_->row)) : std::nullopt;
+    if (ownsCells())
+        sheet_.addRows(count);
+    rows_.insert(std::clamp(before, 1, rowCount() + 1), rowCount(), count);
     selection_.clear();
     structureChanged();
     followCurrent(key);
@@ -38,11 +72,9 @@ void CGridCore::InsertRows(int before, int count) {
 
 void CGridCore::InsertCols(int before, int count) {
     const int at = std::clamp(before, 1, colCount() + 1);
-    store_.insertCols(at, count);
-    widths_.insert(widths_.begin() + at, static_cast<std::size_t>(count), defaultColWidth);
-    const StyleId header = store_.styleOf(0, 0);
-    for (int col = at; col < at + count; ++col)
-        store_.setStyle(0, col, header);
+    sheet_.insertCols(at, count);
+    columns_.insert(columns_.begin() + at, static_cast<std::size_t>(count),
+                    {.width = defaultColWidth, .headerStyle = columns_.front().headerStyle});
     selection_.clear();
     structureChanged();
     if (current_ && current_->col >= at)
@@ -62,41 +94,47 @@ void CGridCore::removeRowList(std::vector<int> rows) {
     std::erase_if(rows, [&](int row) { return row < 1 || row > rowCount(); });
     if (rows.empty())
         return;
-    const bool gone = current_ && std::binary_search(rows.begin(), rows.end(), current_->row);
-    const auto key = current_ ? std::optional(store_.keyOf(current_->row)) : std::nullopt;
-    store_.removeRows(rows);
+    const auto key = current_ ? std::optional(rowKey(current_->row)) : std::nullopt;
+    takeOut(rows);
     selection_.clear();
     structureChanged();
-    if (!gone) {
-        followCurrent(key);
-    } else {
-        const CellPos old = *current_;
-        current_.reset();
-        if (rowCount() > 0)
-            setCurrent(CellPos{std::min(old.row, rowCount()), old.col});
-    }
+    followCurrent(key, key && rowOfKey(*key) < 1);
 }
 
-void CGridCore::followCurrent(std::optional<RowKey> key) {
-    if (key && current_)
-        current_->row = store_.rowOf(*key);
+void CGridCore::takeOut(const std::vector<int>& rows) {
+    const std::vector<int> gone = rows_.remove(rows);
+    if (ownsCells())
+        sheet_.removeRows(gone);
+}
+
+void CGridCore::followCurrent(std::optional<RowKey> key, bool isGone) {
+    if (!key || !current_)
+        return;
+    if (!isGone) {
+        current_->row = rowOfKey(*key);
+        return;
+    }
+    const CellPos old = *current_;
+    current_.reset();
+    if (rowCount() > 0)
+        setCurrent(CellPos{std::min(old.row, rowCount()), old.col});
 }
 
 void CGridCore::HideRows(int first, int final, bool hide) {
     for (int row = std::max(first, 0); row <= std::min(final, rowCount()); ++row)
-        store_.hideRow(row, hide);
+        rows_.hide(row, hide);
     layoutChanged();
 }
 
 void CGridCore::HideCols(int first, int final, bool hide) {
     for (int col = std::max(first, 0); col <= std::min(final, colCount()); ++col)
-        store_.hideCol(col, hide);
+        column(col).hidden = hide;
     layoutChanged();
 }
 
 void CGridCore::SetColWidth(int first, int final, int width) {
     for (int col = std::max(first, 0); col <= std::min(final, colCount()); ++col)
-        widths_[static_cast<std::size_t>(col)] = limitColWidth(col, width);
+        column(col).width = limitColWidth(col, width);
     layoutChanged();
 }
 
@@ -105,44 +143,23 @@ void CGridCore::setRowHeight(int height) {
     layoutChanged();
 }
 
-void CGridCore::deferRows(int first, int final) {
-    const CellRange area = clipped(CellRange::rows(std::max(first, 1), final));
-    for (int row = area.top; row <= area.bottom; ++row)
-        store_.deferRow(row);
-    cellsChanged(area);
-}
-
-void CGridCore::fillDeferred(int row) {
-    if (!store_.undeferRow(row))
-        return;
-    // The row was announced as changed when it was deferred, and it may be painted right now.
-    const bool cells = cellsStale_;
-    const bool layout = layoutStale_;
-    ++locks_;
-    fillRow(row);
-    --locks_;
-    cellsStale_ = cells;
-    layoutStale_ = layout;
-}
-
-void CGridCore::readyAll() const {
-    for (int row = 1; row <= rowCount() && store_.hasDeferredRows(); ++row)
-        ready(row);
-}
-
 QString CGridCore::text(int row, int col) const {
     if (!exists(row, col))
         return {};
-    ready(row);
-    const QString& stored = store_.text(row, col);
-    return col == 0 && row > 0 && stored.isEmpty() ? QString::number(row) : stored;
+    if (row == 0)
+        return column(col).header;
+    const QString text = source_->text(sourceRow(row), col);
+    return col == 0 && text.isEmpty() ? QString::number(row) : text;
 }
 
 void CGridCore::setText(int row, int col, const QString& text, Redraw redraw) {
     if (!exists(row, col))
         return;
-    ready(row);
-    store_.setText(row, col, text);
+    if (row == 0)
+        column(col).header = text;
+    else if (ownsCells())
+        sheet_.setText(sourceRow(row), col, text);
+    contentChanged();
     if (redraw == Redraw::Now)
         cellsChanged(CellRange::cell(row, col));
 }
@@ -151,34 +168,30 @@ CellRange CGridCore::clipped(const CellRange& range) const {
     return range.within({0, 0, rowCount(), colCount()});
 }
 
-void CGridCore::restyle(const CellRange& range, const StyleChange& change) {
-    std::map<StyleId, StyleId> merged;
-    for (int col = range.left; col <= range.right; ++col) {
-        for (int row = range.top; row <= range.bottom; ++row) {
-            const StyleId old = store_.styleOf(row, col);
-            const auto [place, added] = merged.try_emplace(old, 0);
-            if (added) {
-                CellStyle next = styles_.at(old);
-                change.apply(next);
-                place->second = styles_.find(next);
-            }
-            store_.setStyle(row, col, place->second);
-        }
-    }
+void CGridCore::restyleHeader(int col, const StyleChange& change) {
+    CellStyle next = styles_.at(column(col).headerStyle);
+    change.apply(next);
+    column(col).headerStyle = styles_.find(next);
+    if (change.value)
+        column(col).header = *change.value;
 }
 
 void CGridCore::SetStyleRange(const CellRange& range, const StyleChange& change, Redraw redraw) {
     const CellRange area = clipped(range);
     if (area.empty())
         return;
-    if (change.touchesStyle())
-        restyle(area, change);
-    if (change.value)
-        for (int row = area.top; row <= area.bottom; ++row) {
-            ready(row);
-            for (int col = area.left; col <= area.right; ++col)
-                store_.setText(row, col, *change.value);
+    for (int col = area.left; col <= area.right; ++col) {
+        if (area.top == 0)
+            restyleHeader(col, change);
+        for (int row = std::max(area.top, 1); ownsCells() && row <= area.bottom; ++row) {
+            if (change.touchesStyle())
+                sheet_.restyle(sourceRow(row), col, styles_.at(column(col).style), change);
+            if (change.value)
+                sheet_.setText(sourceRow(row), col, *change.value);
         }
+    }
+    if (change.value)
+        contentChanged();
     if (redraw == Redraw::Now)
         cellsChanged(area);
 }
@@ -186,15 +199,27 @@ void CGridCore::SetStyleRange(const CellRange& range, const StyleChange& change,
 void CGridCore::setColStyle(int col, const StyleChange& change) {
     if (col < 0 || col > colCount())
         return;
-    CellStyle next = styles_.at(store_.columnStyle(col));
+    CellStyle next = styles_.at(column(col).style);
     change.apply(next);
-    store_.setColumnStyle(col, styles_.find(next));
+    column(col).style = styles_.find(next);
     cellsChanged(CellRange::column(col));
 }
 
 const CellStyle& CGridCore::cellStyle(int row, int col) const {
-    ready(row);
-    return styles_.at(store_.styleOf(row, col));
+    if (row == 0)
+        return styles_.at(column(col).headerStyle);
+    const CellStyle* const own = source_->style(sourceRow(row), col);
+    return own != nullptr ? *own : styles_.at(column(col).style);
+}
+
+QString CGridCore::markText(int row, int col) const {
+    return row > 0 && col > 0 ? source_->markText(sourceRow(row), col) : QString();
+}
+
+QString CGridCore::tip(int row, int col) const {
+    if (col < 1)
+        return {};
+    return row > 0 ? source_->tip(sourceRow(row), col) : source_->headerTip(col);
 }
 
 bool CGridCore::exists(int row, int col) const {
@@ -228,7 +253,7 @@ bool CGridCore::commitText(int row, int col, const QString& text) {
     const RowKey key = rowKey(row);
     if (!validate(row, col, text))
         return false;
-    const int now = rowOfKey(key, row);
+    const int now = rowOfKey(key);
     if (now < 0)
         return true;
     const QString before = this->text(now, col);
@@ -266,8 +291,11 @@ void CGridCore::layoutChanged() {
 }
 
 void CGridCore::structureChanged() {
+    contentChanged();
     layoutChanged();
 }
+
+void CGridCore::contentChanged() {}
 
 void CGridCore::scrollTo(int, int) {}
 
@@ -330,11 +358,238 @@ void CGridCore::currentCellMoved(int, int) {}
 void CGridCore::selectionChanged() {}
 
 void CGridCore::rowsSorted(int) {}
-void CGridCore::fillRow(int) {}
 void CGridCore::menuOpening(QMenu&) {}
 
 SortRule CGridCore::sortRule(int) const {
     return {};
+}
+
+void CGridCore::setCurrent(std::optional<CellPos> next) {
+    if (next == current_)
+        return;
+    const auto before = std::exchange(current_, next);
+    currentMovedFrom(before);
+    if (next)
+        currentCellMoved(next->row, next->col);
+}
+
+bool CGridCore::setCurrentCell(int row, int col) {
+    if (row < 1 || col < 1 || !exists(row, col))
+        return false;
+    if (current_ != CellPos{row, col}) {
+        const RowKey key = rowKey(row);
+        if (validating_ || !leaveCell())
+            return false;
+        const int now = rowOfKey(key);
+        if (now < 1)
+            return false;
+        row = now;
+    }
+    scrollTo(row, col);
+    setCurrent(CellPos{row, col});
+    return true;
+}
+
+void CGridCore::clearCurrentCell() {
+    setCurrent(std::nullopt);
+}
+
+std::vector<int> CGridCore::selectedRows() const {
+    std::vector<int> rows;
+    for (const CellRange& range : selection_)
+        if (range.wholeRows())
+            for (int row = std::max(range.top, 1); row <= std::min(range.bottom, rowCount()); ++row)
+                rows.push_back(row);
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    std::erase_if(rows, [&](int row) { return isRowHidden(row); });
+    return rows;
+}
+
+bool CGridCore::isSelected(int row, int col) const {
+    return std::any_of(selection_.begin(), selection_.end(),
+                       [&](const CellRange& range) { return range.contains(row, col); });
+}
+
+bool CGridCore::isRowSelected(int row) const {
+    return std::any_of(selection_.begin(), selection_.end(), [&](const CellRange& range) {
+        return range.wholeRows() && row >= range.top && row <= range.bottom;
+    });
+}
+
+void CGridCore::selectRange(const CellRange& range) {
+    for (const CellRange& old : selection_)
+        cellsChanged(old);
+    selection_.assign(1, range);
+    cellsChanged(range);
+    selectionMoved();
+    selectionChanged();
+}
+
+void CGridCore::addSelection(const CellRange& range) {
+    selection_.push_back(range);
+    cellsChanged(range);
+    selectionMoved();
+    selectionChanged();
+}
+
+void CGridCore::clearSelection() {
+    if (selection_.empty())
+        return;
+    for (const CellRange& old : selection_)
+        cellsChanged(old);
+    selection_.clear();
+    selectionMoved();
+    selectionChanged();
+}
+
+void CGridCore::sortRows(int col, const SortRule& rule) {
+    if (!exists(1, col) || !leaveCell())
+        return;
+    std::vector<QString> texts;
+    texts.reserve(static_cast<std::size_t>(rowCount()));
+    for (int row = 1; row <= rowCount(); ++row)
+        texts.push_back(source_->text(sourceRow(row), col));
+    std::vector<quint32> order = sortedOrder(texts, rule);
+    for (quint32& position : order)
+        ++position;
+    const auto key = current_ ? std::optional(rowKey(current_->row)) : std::nullopt;
+    rows_.reorder(order);
+    sortedCol_ = col;
+    selection_.clear();
+    structureChanged();
+    followCurrent(key);
+    rowsSorted(col);
+}
+
+void CGridCore::sortByHeader(int col) {
+    if (rowCount() < 2 || col < 1 || col > colCount() || !leaveCell())
+        return;
+    bool filled = false;
+    for (int row = 1; row <= rowCount() && !filled; ++row)
+        filled = !source_->text(sourceRow(row), col).isEmpty();
+    if (!filled)
+        return;
+    bool& ascending = (*sortFlags_)[col];
+    ascending = !ascending;
+    SortRule rule = sortRule(col);
+    rule.order = ascending ? SortOrder::Ascending : SortOrder::Descending;
+    sortRows(col, rule);
+    scrollTo(1, 1);
+    current_.reset();
+    setCurrentCell(1, col);
+}
+
+std::vector<int> CGridCore::visibleCols(const CellRange& range) const {
+    std::vector<int> cols;
+    for (int col = std::max(range.left, 1); col <= std::min(range.right, colCount()); ++col)
+        if (isColVisible(col))
+            cols.push_back(col);
+    return cols;
+}
+
+std::vector<int> CGridCore::visibleRows(const CellRange& range) const {
+    std::vector<int> rows;
+    for (int row = std::max(range.top, 1); row <= std::min(range.bottom, rowCount()); ++row)
+        if (!isRowHidden(row))
+            rows.push_back(row);
+    return rows;
+}
+
+QString CGridCore::selectedText() const {
+    CellRange range;
+    std::vector<int> rows = selectedRows();
+    if (!selection_.empty())
+        range = selection_.back();
+    else if (current_)
+        range = CellRange::cell(current_->row, current_->col);
+    if (rows.empty() || !range.wholeRows())
+        rows = visibleRows(range);
+    const std::vector<int> cols = visibleCols(range);
+    TextTable table;
+    for (const int row : rows) {
+        auto& line = table.emplace_back();
+        for (const int col : cols)
+            line.push_back(text(row, col));
+    }
+    QString result = toTabText(table);
+    if (rows.size() == 1 && cols.size() == 1)
+        result.chop(1);
+    return result;
+}
+
+/// The part of the range that the table covers when it is laid on the range's corner: all of it
+/// when the table fits a whole number of times, else what one copy reaches.
+CGridCore::PasteArea CGridCore::pasteArea(CellRange range, std::size_t height,
+                                          std::size_t width) const {
+    PasteArea area{visibleRows(range), visibleCols(range)};
+    if (area.rows.empty() || area.cols.empty())
+        return {};
+    if (area.rows.size() % height == 0 && area.cols.size() % width == 0)
+        return area;
+    range.bottom = range.right = CellRange::last;
+    area = {visibleRows(range), visibleCols(range)};
+    area.rows.resize(std::min(area.rows.size(), height));
+    area.cols.resize(std::min(area.cols.size(), width));
+    return area;
+}
+
+void CGridCore::pasteText(const QString& text) {
+    const TextTable table = fromTabText(text);
+    std::size_t width = 0;
+    for (const auto& line : table)
+        width = std::max(width, line.size());
+    if (width == 0 || !leaveCell())
+        return;
+    std::vector<CellRange> targets;
+    if (selection_.empty() && current_)
+        targets.push_back(CellRange::cell(current_->row, current_->col));
+    else if (!selection_.empty())
+        targets.push_back(selection_.back());
+    if (table.size() == 1 && width == 1 && !selection_.empty())
+        targets = selection_;
+    std::optional<CellRange> pasted;
+    for (const CellRange& target : targets) {
+        const PasteArea area = pasteArea(target, table.size(), width);
+        if (area.rows.empty())
+            continue;
+        {
+            const RedrawLock lock(*this);
+            for (std::size_t i = 0; i < area.rows.size(); ++i) {
+                const auto& line = table[i % table.size()];
+                for (std::size_t k = 0; k < area.cols.size(); ++k)
+                    if (k % width < line.size())
+                        pasteCell(area.rows[i], area.cols[k], line[k % width]);
+            }
+        }
+        const CellRange covered{area.rows.front(), area.cols.front(), area.rows.back(),
+                                area.cols.back()};
+        if (area.rows.size() * area.cols.size() > 1 && selection_.empty())
+            selectRange(covered);
+        pasted = pasted ? pasted->united(covered) : covered;
+    }
+    if (pasted)
+        pasteFinished(*pasted);
+}
+
+void CGridCore::fill(int sourceRow, const CellRange& range) {
+    if (!leaveCell())
+        return;
+    const std::vector<int> cols = visibleCols(range);
+    for (const int col : cols)
+        autoFillFinished({sourceRow, col}, {range.top, col, range.bottom, col});
+    if (!cols.empty())
+        fillFinished({sourceRow, cols.front()}, range);
+}
+
+void CGridCore::autoFillFinished(CellPos source, const CellRange& range) {
+    const RedrawLock lock(*this);
+    const QString text = this->text(source.row, source.col);
+    if (text.isEmpty())
+        return;
+    for (const int row : visibleRows(range))
+        if (row != source.row && takes(row, source.col, text))
+            setText(row, source.col, text);
 }
 
 } // namespace partwright::grid

@@ -4,8 +4,13 @@
 // text, without a pixel. CGridWnd adds the window; owners derive from CGridWnd and override the
 // events below.
 //
-// Places: row 0 is the header and column 0 holds the row headers; cells start at (1, 1). A row
-// header without a text of its own shows the row's number.
+// Row 0 is the header and column 0 holds the row headers; cells start at (1, 1). A row header
+// without a text of its own shows the row's number.
+//
+// Texts and looks of the rows come from a CellSource. An owner that has them anyway is the source;
+// it writes a text where validateCell() accepts one, and says what changed. A grid without such an
+// owner has a sheet of its own, which setText() and SetStyleRange() write; with an owner's source
+// they reach the header alone.
 //
 // Stored text and editor text are two things. While a cell is edited text() gives what is stored;
 // CGridWnd::controlText() gives what stands in the editor.
@@ -23,15 +28,13 @@
 //         }
 //     };
 //
-// Rows may be filled late. deferRows() says that the texts and styles of rows are not right; each
-// is then asked for by fillRow() when it is looked at, so a table of many rows opens as fast as one
-// screen of it. Sorting looks at all rows.
-//
 // Events must not destroy the grid.
 
 #include "grid/cell_range.h"
+#include "grid/cell_sheet.h"
+#include "grid/cell_source.h"
 #include "grid/cell_style.h"
-#include "grid/grid_store.h"
+#include "grid/grid_rows.h"
 #include "grid/row_sort.h"
 
 #include <QString>
@@ -57,9 +60,22 @@ public:
     CGridCore(const CGridCore&) = delete;
     CGridCore& operator=(const CGridCore&) = delete;
 
+    // Where the cells come from
+    /// Before the first row is inserted; the grid borrows it.
+    void setSource(const CellSource& source);
+    /// The row of the source behind a row of the grid, and back.
+    [[nodiscard]] int sourceRow(int row) const { return rows_.sourceOf(row); }
+    [[nodiscard]] int rowOfSource(int source) const { return rows_.rowOfSource(source); }
+    /// A row of the source has other texts or looks.
+    void sourceChanged(int source);
+    /// Rows of the source went, by their numbers before, and came, by their numbers after; both
+    /// ascending. What came stands before the row that follows it in the source.
+    void sourceReshaped(const std::vector<int>& removed, const std::vector<int>& inserted);
+
     // Rows and columns
-    [[nodiscard]] int rowCount() const { return store_.rowCount(); }
-    [[nodiscard]] int colCount() const { return store_.colCount(); }
+    [[nodiscard]] int rowCount() const { return rows_.count(); }
+    [[nodiscard]] int colCount() const { return static_cast<int>(columns_.size()) - 1; }
+    /// The rows are the last ones of the source.
     void InsertRows(int before, int count = 1);
     void InsertCols(int before, int count = 1);
     /// The rows behind the removed ones keep their order.
@@ -67,17 +83,18 @@ public:
     void removeRowList(std::vector<int> rows);
     void HideRows(int first, int final, bool hide = true);
     void HideCols(int first, int final, bool hide = true);
-    [[nodiscard]] bool isRowHidden(int row) const { return store_.rowHidden(row); }
-    [[nodiscard]] bool isColHidden(int col) const { return store_.colHidden(col); }
+    [[nodiscard]] bool isRowHidden(int row) const { return rows_.isHidden(row); }
+    [[nodiscard]] bool isColHidden(int col) const { return column(col).hidden; }
     /// Widths are in pixels at 96 dots an inch and zoom 1.
     void SetColWidth(int first, int final, int width);
-    [[nodiscard]] int colWidth(int col) const { return widths_[static_cast<std::size_t>(col)]; }
+    [[nodiscard]] int colWidth(int col) const { return column(col).width; }
     /// One height serves all rows but the header.
     void setRowHeight(int height);
     [[nodiscard]] int rowHeight() const { return rowHeight_; }
     /// Stays with a row as long as it exists, through sorting too.
-    [[nodiscard]] RowKey rowKey(int row) const { return store_.keyOf(row); }
-    [[nodiscard]] int rowOfKey(RowKey key, int guess = 0) const { return store_.rowOf(key, guess); }
+    [[nodiscard]] RowKey rowKey(int row) const { return rows_.keyOf(row); }
+    /// -1 when the row is gone.
+    [[nodiscard]] int rowOfKey(RowKey key) const { return rows_.rowOf(key); }
 
     // Cells
     [[nodiscard]] QString text(int row, int col) const;
@@ -89,7 +106,10 @@ public:
     /// For all cells of the column without a style of their own, in rows to come too.
     void setColStyle(int col, const StyleChange& change);
     [[nodiscard]] const CellStyle& cellStyle(int row, int col) const;
-    void deferRows(int first, int final);
+    /// Why the cell bears a mark; empty when it bears none.
+    [[nodiscard]] QString markText(int row, int col) const;
+    /// What the owner says about the cell besides, or about the column in its header.
+    [[nodiscard]] QString tip(int row, int col) const;
     [[nodiscard]] bool exists(int row, int col) const;
     /// The user may change the text.
     [[nodiscard]] bool isEditable(int row, int col) const;
@@ -137,9 +157,6 @@ public:
 protected:
     // Events for owners. Those that return bool: true means handled, unless said otherwise.
 
-    /// The texts and styles of a deferred row are needed now. What it sets is painted without being
-    /// asked for.
-    virtual void fillRow(int row);
     /// The size to take for the one that was asked for.
     [[nodiscard]] virtual int limitColWidth(int col, int width) const;
     [[nodiscard]] virtual int limitRowHeight(int height) const;
@@ -179,6 +196,8 @@ protected:
     virtual void cellsChanged(const CellRange& range);
     virtual void layoutChanged();
     virtual void structureChanged();
+    /// Texts changed, or the rows that they stand in.
+    virtual void contentChanged();
     virtual void scrollTo(int row, int col);
     virtual void selectionMoved();
     virtual void currentMovedFrom(std::optional<CellPos> before);
@@ -192,7 +211,7 @@ protected:
     bool commitText(int row, int col, const QString& text);
     /// Is `text` something that the user could have typed or chosen here?
     [[nodiscard]] bool takes(int row, int col, const QString& text) const;
-    [[nodiscard]] const GridStore& store() const { return store_; }
+    [[nodiscard]] const GridRows& gridRows() const { return rows_; }
     /// The next visible cell; `step` -1 goes back. 0 when there is none.
     [[nodiscard]] int nextCol(int col, int step) const;
     [[nodiscard]] CellRange clipped(const CellRange& range) const;
@@ -203,23 +222,33 @@ private:
         std::vector<int> cols;
     };
 
-    /// Has the row filled if that was put off; reading a cell has no other effect.
-    void ready(int row) const {
-        if (row > 0 && store_.hasDeferredRows())
-            const_cast<CGridCore*>(this)->fillDeferred(row);
+    struct Column {
+        int width = 0;
+        bool hidden = false;
+        StyleId style = 0;
+        QString header = {};
+        StyleId headerStyle = 0;
+    };
+
+    [[nodiscard]] const Column& column(int col) const {
+        return columns_[static_cast<std::size_t>(col)];
     }
-    void readyAll() const;
-    void fillDeferred(int row);
-    void restyle(const CellRange& range, const StyleChange& change);
-    void followCurrent(std::optional<RowKey> key);
+    [[nodiscard]] Column& column(int col) { return columns_[static_cast<std::size_t>(col)]; }
+    [[nodiscard]] bool ownsCells() const { return source_ == &sheet_; }
+    void takeOut(const std::vector<int>& rows);
+    /// Rows moved: the current cell is where its row is, or in the row that took its place.
+    void followCurrent(std::optional<RowKey> key, bool isGone = false);
+    void restyleHeader(int col, const StyleChange& change);
     void setCurrent(std::optional<CellPos> next);
     [[nodiscard]] std::vector<int> visibleCols(const CellRange& range) const;
     [[nodiscard]] std::vector<int> visibleRows(const CellRange& range) const;
     [[nodiscard]] PasteArea pasteArea(CellRange range, std::size_t height, std::size_t width) const;
 
-    GridStore store_;
     StyleTable styles_;
-    std::vector<int> widths_;
+    CellSheet sheet_{styles_};
+    const CellSource* source_ = &sheet_;
+    GridRows rows_;
+    std::vector<Column> columns_;
     int rowHeight_;
     std::optional<CellPos> current_;
     std::vector<CellRange> selection_;

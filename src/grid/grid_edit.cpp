@@ -1,13 +1,9 @@
-// CGridWnd: opening, committing and dropping the editor.
+#include "grid/grid_edit.h"
 
 #include "grid/grid_window.h"
 
-#include <QCoreApplication>
 #include <QFontMetrics>
-#include <QInputMethodEvent>
 #include <QKeyEvent>
-#include <QScrollBar>
-#include <QTreeWidget>
 #include <algorithm>
 
 namespace partwright::grid {
@@ -18,17 +14,13 @@ constexpr int editorRoom = 14;
 
 } // namespace
 
-std::optional<CellPos> CGridWnd::editedCell() const {
+std::optional<CellPos> GridEdit::cell() const {
     if (!edit_)
         return std::nullopt;
     return CellPos{edit_->row, edit_->col};
 }
 
-QString CGridWnd::controlText(int row, int col) const {
-    return editedCell() == CellPos{row, col} ? edit_->editor->text() : text(row, col);
-}
-
-void CGridWnd::setControlText(const QString& text) {
+void GridEdit::setText(const QString& text) {
     if (!edit_ || edit_->editor->text() == text)
         return;
     const int cursor = edit_->editor->cursorPosition();
@@ -36,105 +28,108 @@ void CGridWnd::setControlText(const QString& text) {
     edit_->editor->setCursorPosition(std::min<int>(cursor, static_cast<int>(text.size())));
 }
 
-bool CGridWnd::beginEdit() {
-    return openEditor(Start::WithText);
-}
-
-bool CGridWnd::openEditor(Start start, const QString& typed) {
-    const auto current = currentCell();
-    if (edit_ || validating() || !current || !isEditable(current->row, current->col))
+bool GridEdit::open(Start start, const QString& typed) {
+    const auto current = grid_.currentCell();
+    if (edit_ || grid_.validating() || !current || !grid_.isEditable(current->row, current->col))
         return false;
-    const CellStyle& look = cellStyle(current->row, current->col);
+    const CellStyle& look = grid_.cellStyle(current->row, current->col);
     if (look.kind == CellKind::CheckBox)
         return false;
-    scrollTo(current->row, current->col);
-    auto* const editor = new CellEditor(viewport(), *this, look);
-    edit_ = Edit{rowKey(current->row), current->row, current->col, start == Start::Empty, editor};
-    QPalette colors = palette();
+    grid_.scrollTo(current->row, current->col);
+    auto* const editor = new CellEditor(grid_.viewport(), *this, look);
+    edit_ =
+        Edit{grid_.rowKey(current->row), current->row, current->col, start == Start::Empty, editor};
+    QPalette colors = grid_.palette();
     if (look.background.isValid()) {
         colors.setColor(QPalette::Base, look.background);
         colors.setColor(QPalette::Text,
                         look.background.lightnessF() > 0.5F ? Qt::black : Qt::white);
     }
     editor->setPalette(colors);
-    editor->setAccessibleName(tr("%1, row %2").arg(text(0, current->col)).arg(current->row));
-    const bool list = editor->isDropDown();
-    if (start == Start::WithText || list)
-        editor->setText(text(current->row, current->col));
-    placeEditor();
+    editor->setAccessibleName(
+        CGridWnd::tr("%1, row %2").arg(grid_.text(0, current->col)).arg(current->row));
+    editor->setText(grid_.text(current->row, current->col));
+    place();
     editor->show();
     editor->setFocus(Qt::OtherFocusReason);
-    updateCurrentArea(*current);
-    if (list) {
-        dropDownEntered(current->row, current->col);
+    grid_.updateCurrentArea(*current);
+    if (editor->isDropDown()) {
+        grid_.dropDownEntered(current->row, current->col);
         openList(typed);
-    } else if (start == Start::Empty) {
-        // Over the cell's text, so that the editor's own undo brings that back.
-        editor->setText(text(current->row, current->col));
-        editor->selectAll();
-        editor->insert(typed);
-    } else {
-        editor->selectAll();
+        return true;
     }
+    editor->selectAll();
+    // Over the cell's text, so that the editor's own undo brings that back.
+    if (start == Start::Empty)
+        editor->insert(typed);
     return true;
 }
 
-void CGridWnd::openList(const QString& typed) {
+void GridEdit::openList(const QString& typed) {
     if (!edit_)
         return;
-    const CellPos pos = *editedCell();
-    const QRect cell = geometry_.cellRect(pos.row, pos.col);
-    edit_->editor->openList(QRect(viewport()->mapToGlobal(cell.topLeft()), cell.size()), typed);
+    const QRect area = grid_.cellRect(edit_->row, edit_->col);
+    edit_->editor->openList(QRect(grid_.viewport()->mapToGlobal(area.topLeft()), area.size()),
+                            typed);
 }
 
-void CGridWnd::placeEditor() {
+void GridEdit::place() {
     if (!edit_)
         return;
-    const CellPos pos = *editedCell();
     CellEditor* const editor = edit_->editor;
-    editor->setFont(zoomedFont());
-    QRect area = geometry_.cellRect(pos.row, pos.col).adjusted(0, 0, -1, -1);
+    const GridGeometry& geometry = grid_.geometry_;
+    const int width = grid_.viewport()->width();
+    editor->setFont(grid_.zoomedFont());
+    QRect area = geometry.cellRect(edit_->row, edit_->col).adjusted(0, 0, -1, -1);
     if (editor->isDropDown()) {
         area.setRight(area.right() - area.height() * 2 / 5 - 5);
     } else {
         const int needed = QFontMetrics(editor->font()).horizontalAdvance(editor->text().left(500));
-        const int room = viewport()->width() - area.left();
+        const int room = width - area.left();
         area.setWidth(std::max(area.width(), std::min(needed + editorRoom, room)));
     }
-    const bool inView = area.top() >= geometry_.headerHeight() - area.height() / 2 &&
-                        area.left() >= geometry_.rowHeaderWidth() - area.width() / 2;
-    editor->setGeometry(inView ? area
-                               : area.translated(-2 * viewport()->width() - area.width(), 0));
+    const int edge =
+        geometry.isFrozen(edit_->col) ? geometry.rowHeaderWidth() : geometry.frozenWidth();
+    const bool inView = area.top() >= geometry.headerHeight() - area.height() / 2 &&
+                        area.left() >= edge - area.width() / 2;
+    editor->setGeometry(inView ? area : area.translated(-2 * width - area.width(), 0));
 }
 
-void CGridWnd::announceModified() {
+void GridEdit::followRow() {
+    if (!edit_)
+        return;
+    edit_->row = grid_.rowOfKey(edit_->key);
+    if (edit_->row < 0)
+        close();
+}
+
+void GridEdit::announceModified() {
     if (!edit_ || announcing_)
         return;
     announcing_ = true;
-    const CellPos pos = *editedCell();
-    cellTextModified(pos.row, pos.col);
+    grid_.cellTextModified(edit_->row, edit_->col);
     announcing_ = false;
 }
 
-void CGridWnd::editorTextChanged() {
+void GridEdit::editorTextChanged() {
     announceModified();
-    placeEditor();
+    place();
 }
 
-bool CGridWnd::commitEdit() {
+bool GridEdit::commit() {
     if (!edit_)
         return true;
-    if (validating())
+    if (grid_.validating())
         return false;
     const RowKey key = edit_->key;
-    const CellPos pos = *editedCell();
-    const QString before = text(pos.row, pos.col);
+    const CellPos pos = *cell();
+    const QString before = grid_.text(pos.row, pos.col);
     const auto stillOpen = [&] { return edit_ && edit_->key == key && edit_->col == pos.col; };
     if (edit_->editor->text() == before) {
-        closeEditor();
+        close();
         return true;
     }
-    const bool accepted = validate(pos.row, pos.col, edit_->editor->text());
+    const bool accepted = grid_.validate(pos.row, pos.col, edit_->editor->text());
     if (!stillOpen())
         return true;
     if (!accepted) {
@@ -146,33 +141,33 @@ bool CGridWnd::commitEdit() {
     // Read again: the owner may have put the text into its final form.
     const QString final = edit_->editor->text();
     const int row = edit_->row;
-    setText(row, pos.col, final);
-    closeEditor();
-    cellCommitted(row, pos.col, before);
+    grid_.setText(row, pos.col, final);
+    close();
+    grid_.cellCommitted(row, pos.col, before);
     return true;
 }
 
-void CGridWnd::cancelEdit() {
-    if (!edit_ || validating())
+void GridEdit::cancel() {
+    if (!edit_ || grid_.validating())
         return;
-    const CellPos pos = *editedCell();
-    closeEditor();
-    editCancelled(pos.row, pos.col);
+    const CellPos pos = *cell();
+    close();
+    grid_.editCancelled(pos.row, pos.col);
 }
 
-void CGridWnd::closeEditor() {
+void GridEdit::close() {
     CellEditor* const editor = edit_->editor;
     // After a box the window may not be active yet; its focus counts all the same.
-    const bool focused = window()->focusWidget() == editor;
+    const bool focused = grid_.window()->focusWidget() == editor;
     edit_.reset();
     editor->hide();
     editor->deleteLater();
     if (focused)
-        setFocus(Qt::OtherFocusReason);
-    viewport()->update();
+        grid_.setFocus(Qt::OtherFocusReason);
+    grid_.viewport()->update();
 }
 
-void CGridWnd::choiceMade(const QString& name) {
+void GridEdit::choiceMade(const QString& name) {
     if (!edit_)
         return;
     edit_->editor->setFocus(Qt::PopupFocusReason);
@@ -180,34 +175,26 @@ void CGridWnd::choiceMade(const QString& name) {
         edit_->editor->setText(name);
         announceModified();
     }
-    commitEdit();
+    commit();
 }
 
-void CGridWnd::choiceDropped() {
+void GridEdit::choiceDropped() {
     if (!edit_)
         return;
     edit_->editor->setFocus(Qt::PopupFocusReason);
-    const CellPos pos = *editedCell();
-    if (edit_->editor->text() == text(pos.row, pos.col))
-        cancelEdit();
+    if (edit_->editor->text() == grid_.text(edit_->row, edit_->col))
+        cancel();
 }
 
-void CGridWnd::toggleCheckBox(CellPos pos) {
-    if (!isEditable(pos.row, pos.col) || cellStyle(pos.row, pos.col).kind != CellKind::CheckBox)
-        return;
-    const bool checked = text(pos.row, pos.col) == QLatin1String("1");
-    commitText(pos.row, pos.col, checked ? QStringLiteral("0") : QStringLiteral("1"));
-}
-
-bool CGridWnd::editorKey(QKeyEvent* event) {
+bool GridEdit::editorKey(QKeyEvent* event) {
     if (!edit_)
         return true;
     const bool alt = event->modifiers().testFlag(Qt::AltModifier);
     const bool control = event->modifiers().testFlag(Qt::ControlModifier);
-    const bool list = edit_->editor->isDropDown();
+    const bool list = hasList();
     switch (event->key()) {
     case Qt::Key_Escape:
-        cancelEdit();
+        cancel();
         return true;
     case Qt::Key_F2:
         edit_->typedOver = false;
@@ -242,25 +229,13 @@ bool CGridWnd::editorKey(QKeyEvent* event) {
         }
         return false;
     }
-    if (!commitEdit())
+    if (!commit())
         return true;
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        if (!control)
-            moveBy(event->modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1, 0);
-        return true;
-    }
-    gridKey(event);
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
+        grid_.keys_.press(event);
+    else if (!control)
+        grid_.keys_.moveBy(event->modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1, 0);
     return true;
-}
-
-void CGridWnd::inputMethodEvent(QInputMethodEvent* event) {
-    const bool typed = !event->commitString().isEmpty() || !event->preeditString().isEmpty();
-    const QPointer<QWidget> before = edit_ ? edit_->editor : nullptr;
-    if (typed && before == nullptr && openEditor(Start::Empty) && edit_) {
-        QCoreApplication::sendEvent(edit_->editor, event);
-        return;
-    }
-    QAbstractScrollArea::inputMethodEvent(event);
 }
 
 } // namespace partwright::grid

@@ -17,11 +17,7 @@ void GridGeometry::setHeights(int header, int row) {
 }
 
 QSize GridGeometry::contentSize() const {
-    return {lefts_.back() - rowHeaderWidth(), store_.shownCount() * rowHeight_};
-}
-
-int GridGeometry::screenLeft(int col) const {
-    return col == 0 ? 0 : leftOf(col) - offset_.x();
+    return {lefts_.back() - frozenWidth(), rows_.shownCount() * rowHeight_};
 }
 
 int GridGeometry::topOf(int position) const {
@@ -30,34 +26,34 @@ int GridGeometry::topOf(int position) const {
 
 QRect GridGeometry::cellRect(int row, int col) const {
     // Under a redraw lock the cells may be ahead of the geometry.
-    if (row < 0 || col < 0 || row > store_.rowCount() || col > colCount())
+    if (row < 0 || col < 0 || row > rows_.count() || col > colCount())
         return {};
     const int width = widthOf(col);
-    if (width == 0 || (row > 0 && store_.rowHidden(row)))
+    if (width == 0 || (row > 0 && rows_.isHidden(row)))
         return {};
     if (row == 0)
         return {screenLeft(col), 0, width, headerHeight_};
-    return {screenLeft(col), topOf(store_.shownPosition(row)), width, rowHeight_};
+    return {screenLeft(col), topOf(rows_.shownPosition(row)), width, rowHeight_};
 }
 
 QRect GridGeometry::rangeRect(const CellRange& range) const {
-    const CellRange area = range.within({1, 1, store_.rowCount(), colCount()});
+    const CellRange area = range.within({1, 1, rows_.count(), colCount()});
     if (area.empty())
         return {};
-    const int top = topOf(store_.shownPosition(area.top));
-    const int bottom =
-        topOf(area.bottom == store_.rowCount() ? store_.shownCount()
-                                               : store_.shownPosition(area.bottom + 1));
+    const int top = topOf(rows_.shownPosition(area.top));
+    const int bottom = topOf(area.bottom == rows_.count() ? rows_.shownCount()
+                                                          : rows_.shownPosition(area.bottom + 1));
     const int left = screenLeft(area.left);
-    return {left, top, rightOf(area.right) - offset_.x() - left, bottom - top};
+    int right = screenRight(area.right);
+    if (isFrozen(area.left)) // what is scrolled away does not cut it short
+        right = std::max(right, screenRight(std::min(area.right, frozenCols())));
+    return {left, top, right - left, bottom - top};
 }
 
 int GridGeometry::colAt(int x) const {
     if (x < 0)
         return -1;
-    if (x < rowHeaderWidth())
-        return 0;
-    const int place = x + offset_.x();
+    const int place = x < frozenWidth() ? x : x + offset_.x();
     const auto next = std::upper_bound(lefts_.begin(), lefts_.end(), place);
     return next == lefts_.end() ? -1 : static_cast<int>(next - lefts_.begin()) - 1;
 }
@@ -72,15 +68,16 @@ int GridGeometry::rowAt(int y) const {
     if (y < headerHeight_)
         return 0;
     const int position = positionAt(y);
-    return position < store_.shownCount() ? store_.shownRow(position) : -1;
+    return position < rows_.shownCount() ? rows_.shownRow(position) : -1;
 }
 
 int GridGeometry::borderAt(int x, int reach) const {
     int best = 0;
     int distance = reach + 1;
     for (int col = 1; col <= colCount(); ++col) {
-        const int border = rightOf(col) - offset_.x();
-        if (widthOf(col) > 0 && border > rowHeaderWidth() && std::abs(border - x) < distance) {
+        const int border = screenRight(col);
+        const int edge = isFrozen(col) ? rowHeaderWidth() : frozenWidth();
+        if (widthOf(col) > 0 && border > edge && std::abs(border - x) < distance) {
             best = col;
             distance = std::abs(border - x);
         }
@@ -89,7 +86,7 @@ int GridGeometry::borderAt(int x, int reach) const {
 }
 
 CellPos GridGeometry::nearestCell(QPoint point) const {
-    const int count = store_.shownCount();
+    const int count = rows_.shownCount();
     if (count == 0 || colCount() == 0)
         return {};
     const int position = std::clamp(positionAt(point.y()), 0, count - 1);
@@ -100,7 +97,7 @@ CellPos GridGeometry::nearestCell(QPoint point) const {
         --col;
     while (col < colCount() && widthOf(col) == 0)
         ++col;
-    return {store_.shownRow(position), std::max(col, 1)};
+    return {rows_.shownRow(position), std::max(col, 1)};
 }
 
 } // namespace partwright::grid

@@ -1,10 +1,9 @@
-// CGridWnd: the mouse.
+#include "grid/grid_mouse.h"
 
 #include "grid/grid_window.h"
 
 #include <QMouseEvent>
 #include <QScrollBar>
-#include <QTimerEvent>
 #include <algorithm>
 #include <cmath>
 
@@ -18,247 +17,249 @@ constexpr int autoScrollInterval = 40;
 
 } // namespace
 
-int CGridWnd::resizableBorder(QPoint place) const {
-    if (place.y() >= geometry_.headerHeight())
+int GridMouse::resizableBorder(QPoint point) const {
+    if (point.y() >= grid_.geometry_.headerHeight())
         return 0;
-    const int col = geometry_.borderAt(place.x(), borderReach);
-    return col > 0 && canResizeCol(col) ? col : 0;
+    const int col = grid_.geometry_.borderAt(point.x(), borderReach);
+    return col > 0 && grid_.canResizeCol(col) ? col : 0;
 }
 
-bool CGridWnd::onMark(CellPos pos, QPoint place) const {
-    const QRect cell = geometry_.cellRect(pos.row, pos.col);
-    return cellStyle(pos.row, pos.col).kind == CellKind::DropDown &&
-           place.x() > cell.right() - cell.height();
+bool GridMouse::onFillHandle(QPoint point) const {
+    const QRect handle = grid_.fillHandleRect();
+    return !handle.isEmpty() &&
+           handle.adjusted(-handleReach, -handleReach, handleReach, handleReach).contains(point);
 }
 
-void CGridWnd::mousePressEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton || validating())
+bool GridMouse::onListMark(CellPos pos, QPoint point) const {
+    const QRect cell = grid_.cellRect(pos.row, pos.col);
+    return grid_.cellStyle(pos.row, pos.col).kind == CellKind::DropDown &&
+           point.x() > cell.right() - cell.height();
+}
+
+void GridMouse::press(const QMouseEvent& event) {
+    if (event.button() != Qt::LeftButton || grid_.validating())
         return;
-    const QPoint place = event->position().toPoint();
-    const int row = geometry_.rowAt(place.y());
-    const int col = geometry_.colAt(place.x());
-    dragStart_ = dragPlace_ = place;
-    dragMoved_ = false;
-    if (const int border = resizableBorder(place); border > 0) {
+    start_ = point_ = event.position().toPoint();
+    hasMoved_ = false;
+    if (const int border = resizableBorder(point_); border > 0) {
         drag_ = Drag::Border;
-        dragCell_ = {0, border};
-        dragWidth_ = geometry_.widthOf(border);
+        cell_ = {0, border};
+        width_ = grid_.geometry_.widthOf(border);
         return;
     }
-    const QRect handle = fillHandleRect();
-    if (!handle.isEmpty() &&
-        handle.adjusted(-handleReach, -handleReach, handleReach, handleReach).contains(place)) {
+    if (onFillHandle(point_)) {
         drag_ = Drag::Fill;
-        fillPreview_ = fillSource();
+        fillPreview_ = grid_.fillSource();
         return;
     }
-    if (row >= 1 && col >= 1 && editedCell() == CellPos{row, col}) {
-        if (edit_->editor->isDropDown())
-            openList({});
+    const auto pos = grid_.cellAt(point_);
+    if (pos && grid_.editedCell() == pos) {
+        if (grid_.edit_.hasList())
+            grid_.edit_.openList({});
         return;
     }
-    if (!leaveCell() || row < 0 || col < 0)
+    if (!grid_.leaveCell() || !pos)
         return;
-    if (row == 0)
-        pressHeader(event, col);
-    else if (col == 0)
-        pressRowHeader(event, row);
+    if (pos->row == 0)
+        pressHeader(pos->col);
+    else if (pos->col == 0)
+        pressRowHeader(event, pos->row);
     else
-        pressCell(event, {row, col});
+        pressCell(event, *pos);
 }
 
-void CGridWnd::pressHeader(QMouseEvent*, int col) {
+void GridMouse::pressHeader(int col) {
     if (col == 0) {
-        selectAll();
+        grid_.selectAll();
         return;
     }
     drag_ = Drag::Header;
-    dragCell_ = {0, col};
+    cell_ = {0, col};
 }
 
-void CGridWnd::pressRowHeader(QMouseEvent* event, int row) {
-    if (firstCol() == 0)
+void GridMouse::pressRowHeader(const QMouseEvent& event, int row) {
+    if (grid_.firstCol() == 0)
         return;
-    const bool extend = event->modifiers().testFlag(Qt::ShiftModifier) && currentCell();
-    const bool add = event->modifiers().testFlag(Qt::ControlModifier);
-    const int from = extend ? currentCell()->row : row;
-    if (!extend && !setCurrentCell(row, firstCol()))
+    const bool extend =
+        event.modifiers().testFlag(Qt::ShiftModifier) && grid_.currentCell().has_value();
+    const int from = extend ? grid_.currentCell()->row : row;
+    if (!extend && !grid_.setCurrentCell(row, grid_.firstCol()))
         return;
     drag_ = Drag::Rows;
-    dragCell_ = {from, 0};
+    cell_ = {from, 0};
     const CellRange rows = CellRange::rows(std::min(from, row), std::max(from, row));
-    if (add)
-        addSelection(rows);
+    if (event.modifiers().testFlag(Qt::ControlModifier))
+        grid_.addSelection(rows);
     else
-        selectRange(rows);
+        grid_.selectRange(rows);
 }
 
-void CGridWnd::pressCell(QMouseEvent* event, CellPos pos) {
-    if (event->modifiers().testFlag(Qt::ShiftModifier) && currentCell()) {
+void GridMouse::pressCell(const QMouseEvent& event, CellPos pos) {
+    if (event.modifiers().testFlag(Qt::ShiftModifier) && grid_.currentCell()) {
         drag_ = Drag::Cells;
-        dragCell_ = *currentCell();
-        dragMoved_ = true;
-        moveTo(pos, true);
+        cell_ = *grid_.currentCell();
+        hasMoved_ = true;
+        grid_.moveTo(pos, true);
         return;
     }
-    const RowKey key = rowKey(pos.row);
-    if (!setCurrentCell(pos.row, pos.col))
+    const RowKey key = grid_.rowKey(pos.row);
+    if (!grid_.setCurrentCell(pos.row, pos.col))
         return;
-    pos.row = rowOfKey(key, pos.row);
+    pos.row = grid_.rowOfKey(key);
     if (pos.row < 0)
         return;
-    if (!event->modifiers().testFlag(Qt::ControlModifier))
-        clearSelection();
+    if (!event.modifiers().testFlag(Qt::ControlModifier))
+        grid_.clearSelection();
     else
-        addSelection(CellRange::cell(pos.row, pos.col));
+        grid_.addSelection(CellRange::cell(pos.row, pos.col));
     drag_ = Drag::Cells;
-    dragCell_ = pos;
+    cell_ = pos;
 }
 
-void CGridWnd::mouseMoveEvent(QMouseEvent* event) {
-    const QPoint place = event->position().toPoint();
-    if (drag_ == Drag::None || !event->buttons().testFlag(Qt::LeftButton)) {
-        showCursor(place);
+void GridMouse::move(const QMouseEvent& event) {
+    const QPoint point = event.position().toPoint();
+    if (drag_ == Drag::None || !event.buttons().testFlag(Qt::LeftButton)) {
+        showCursor(point);
         return;
     }
-    dragPlace_ = place;
-    dragTo(place);
+    point_ = point;
+    dragTo(point);
     const bool scrolls = drag_ == Drag::Cells || drag_ == Drag::Rows || drag_ == Drag::Fill;
-    const QRect inside(geometry_.rowHeaderWidth(), geometry_.headerHeight(),
-                       viewport()->width() - geometry_.rowHeaderWidth(),
-                       viewport()->height() - geometry_.headerHeight());
-    if (!scrolls || inside.contains(place))
+    const GridGeometry& geometry = grid_.geometry_;
+    const QRect inside(geometry.rowHeaderWidth(), geometry.headerHeight(),
+                       grid_.viewport()->width() - geometry.rowHeaderWidth(),
+                       grid_.viewport()->height() - geometry.headerHeight());
+    if (!scrolls || inside.contains(point))
         autoScroll_.stop();
     else if (!autoScroll_.isActive())
-        autoScroll_.start(autoScrollInterval, this);
+        autoScroll_.start(autoScrollInterval, &grid_);
 }
 
-void CGridWnd::dragTo(QPoint place) {
-    const CellPos near = geometry_.nearestCell(place);
-    switch (drag_) {
-    case Drag::Border: {
-        const int width = dragWidth_ + place.x() - dragStart_.x();
-        SetColWidth(dragCell_.col, dragCell_.col, static_cast<int>(std::lround(width / zoom_)));
-        colResized(dragCell_.col);
-        break;
-    }
-    case Drag::Cells:
-        if (near.row < 1 || (near == dragCell_ && !dragMoved_))
-            break;
-        dragMoved_ = true;
-        if (lead_ != near) {
-            lead_ = near;
-            selectRange(CellRange::between(dragCell_, near));
+void GridMouse::dragTo(QPoint point) {
+    const CellPos near = grid_.geometry_.nearestCell(point);
+    if (drag_ == Drag::Border) {
+        dragBorder(point);
+    } else if (near.row < 1) {
+        return;
+    } else if (drag_ == Drag::Cells && (near != cell_ || hasMoved_)) {
+        hasMoved_ = true;
+        if (grid_.lead_ != near) {
+            grid_.lead_ = near;
+            grid_.selectRange(CellRange::between(cell_, near));
         }
-        break;
-    case Drag::Rows:
-        if (near.row >= 1)
-            selectRange(CellRange::rows(std::min(dragCell_.row, near.row),
-                                        std::max(dragCell_.row, near.row)));
-        break;
-    case Drag::Fill: {
-        const CellRange source = fillSource();
-        if (near.row < 1 || source.empty())
-            break;
-        fillPreview_ = {std::min(near.row, source.top), source.left,
-                        std::max(near.row, source.bottom), source.right};
-        viewport()->update();
-        break;
-    }
-    case Drag::Header:
-    case Drag::None:
-        break;
+    } else if (drag_ == Drag::Rows) {
+        grid_.selectRange(
+            CellRange::rows(std::min(cell_.row, near.row), std::max(cell_.row, near.row)));
+    } else if (drag_ == Drag::Fill) {
+        dragFill(near);
     }
 }
 
-void CGridWnd::timerEvent(QTimerEvent* event) {
-    if (event->timerId() != autoScroll_.timerId()) {
-        QAbstractScrollArea::timerEvent(event);
+void GridMouse::dragBorder(QPoint point) {
+    const int width = width_ + point.x() - start_.x();
+    grid_.SetColWidth(cell_.col, cell_.col, static_cast<int>(std::lround(width / grid_.zoom())));
+    grid_.colResized(cell_.col);
+}
+
+void GridMouse::dragFill(CellPos near) {
+    const CellRange source = grid_.fillSource();
+    if (source.empty())
         return;
-    }
-    if (drag_ == Drag::None) {
+    fillPreview_ = {std::min(near.row, source.top), source.left, std::max(near.row, source.bottom),
+                    source.right};
+    grid_.viewport()->update();
+}
+
+bool GridMouse::timeOut(int timer) {
+    if (timer != autoScroll_.timerId())
+        return false;
+    if (drag_ == Drag::None)
         autoScroll_.stop();
-        return;
-    }
+    else
+        scroll();
+    return true;
+}
+
+void GridMouse::scroll() {
     const auto push = [](QScrollBar* bar, int place, int low, int high) {
         if (place < low)
             bar->setValue(bar->value() - bar->singleStep());
         else if (place >= high)
             bar->setValue(bar->value() + bar->singleStep());
     };
-    push(verticalScrollBar(), dragPlace_.y(), geometry_.headerHeight(), viewport()->height());
+    push(grid_.verticalScrollBar(), point_.y(), grid_.geometry_.headerHeight(),
+         grid_.viewport()->height());
     if (drag_ == Drag::Cells)
-        push(horizontalScrollBar(), dragPlace_.x(), geometry_.rowHeaderWidth(),
-             viewport()->width());
-    dragTo(dragPlace_);
+        push(grid_.horizontalScrollBar(), point_.x(), grid_.geometry_.rowHeaderWidth(),
+             grid_.viewport()->width());
+    dragTo(point_);
 }
 
-void CGridWnd::endDrag() {
+bool GridMouse::endDrag() {
+    const bool wasDragging = drag_ != Drag::None;
     drag_ = Drag::None;
     autoScroll_.stop();
     if (!fillPreview_.empty()) {
         fillPreview_ = {};
-        viewport()->update();
+        grid_.viewport()->update();
     }
+    return wasDragging;
 }
 
-void CGridWnd::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton)
+void GridMouse::release(const QMouseEvent& event) {
+    if (event.button() != Qt::LeftButton)
         return;
     const Drag ended = drag_;
     const CellRange preview = fillPreview_;
-    const CellRange source = fillSource();
+    const CellRange source = grid_.fillSource();
     endDrag();
     if (ended == Drag::Fill) {
         if (preview.bottom > preview.top)
-            fill(source.top, preview);
+            grid_.fill(source.top, preview);
     } else if (ended == Drag::Header) {
-        const QPoint place = event->position().toPoint();
-        if (geometry_.rowAt(place.y()) == 0 && geometry_.colAt(place.x()) == dragCell_.col)
-            leftClick(0, dragCell_.col);
-    } else if (ended == Drag::Cells && !dragMoved_) {
-        releaseCell(dragCell_);
+        if (grid_.cellAt(event.position().toPoint()) == CellPos{0, cell_.col})
+            grid_.leftClick(0, cell_.col);
+    } else if (ended == Drag::Cells && !hasMoved_) {
+        releaseCell(cell_);
     }
 }
 
-void CGridWnd::releaseCell(CellPos pos) {
-    if (!exists(pos.row, pos.col) || leftClick(pos.row, pos.col) || !exists(pos.row, pos.col))
+void GridMouse::releaseCell(CellPos pos) {
+    if (!grid_.exists(pos.row, pos.col) || grid_.leftClick(pos.row, pos.col) ||
+        !grid_.exists(pos.row, pos.col))
         return;
-    if (cellStyle(pos.row, pos.col).kind == CellKind::CheckBox)
-        toggleCheckBox(pos);
-    else if (onMark(pos, dragStart_) && currentCell() == pos)
-        beginEdit();
+    if (grid_.cellStyle(pos.row, pos.col).kind == CellKind::CheckBox)
+        grid_.toggleCheckBox(pos);
+    else if (onListMark(pos, start_) && grid_.currentCell() == pos)
+        grid_.beginEdit();
 }
 
-void CGridWnd::mouseDoubleClickEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton || validating())
+void GridMouse::doubleClick(const QMouseEvent& event) {
+    if (event.button() != Qt::LeftButton || grid_.validating())
         return;
-    const QPoint place = event->position().toPoint();
-    if (const int border = resizableBorder(place); border > 0) {
-        fitColWidth(border);
+    const QPoint point = event.position().toPoint();
+    if (const int border = resizableBorder(point); border > 0) {
+        grid_.fitColWidth(border);
         return;
     }
-    const int row = geometry_.rowAt(place.y());
-    const int col = geometry_.colAt(place.x());
-    if (row < 0 || col < 0 || doubleClick(row, col) || row == 0 || col == 0)
+    const auto pos = grid_.cellAt(point);
+    if (!pos || grid_.doubleClick(pos->row, pos->col) || pos->row == 0 || pos->col == 0)
         return;
-    if (!exists(row, col) || !setCurrentCell(row, col))
+    if (!grid_.exists(pos->row, pos->col) || !grid_.setCurrentCell(pos->row, pos->col))
         return;
-    if (cellStyle(row, col).kind == CellKind::CheckBox)
-        toggleCheckBox({row, col});
+    if (grid_.cellStyle(pos->row, pos->col).kind == CellKind::CheckBox)
+        grid_.toggleCheckBox(*pos);
     else
-        beginEdit();
+        grid_.beginEdit();
 }
 
-void CGridWnd::showCursor(QPoint place) {
-    const QRect handle = fillHandleRect();
-    if (resizableBorder(place) > 0)
-        viewport()->setCursor(Qt::SplitHCursor);
-    else if (!handle.isEmpty() &&
-             handle.adjusted(-handleReach, -handleReach, handleReach, handleReach).contains(place))
-        viewport()->setCursor(Qt::CrossCursor);
+void GridMouse::showCursor(QPoint point) {
+    if (resizableBorder(point) > 0)
+        grid_.viewport()->setCursor(Qt::SplitHCursor);
+    else if (onFillHandle(point))
+        grid_.viewport()->setCursor(Qt::CrossCursor);
     else
-        viewport()->unsetCursor();
+        grid_.viewport()->unsetCursor();
 }
 
 } // namespace partwright::grid

@@ -9,6 +9,7 @@ namespace {
 
 constexpr int margin = 4;
 constexpr int handleGap = 2;
+constexpr int cornerSize = 6;
 
 QColor blend(const QColor& a, const QColor& b, double share) {
     const auto mix = [&](int from, int to) {
@@ -53,6 +54,23 @@ void paintArrow(QPainter& painter, const QRectF& area, bool up, const QColor& co
     painter.setRenderHint(QPainter::Antialiasing, false);
 }
 
+/// A triangle with a stroke and a dot.
+void paintSign(QPainter& painter, const QRectF& area, const QColor& color, const QColor& inner) {
+    const QPointF triangle[] = {
+        {area.center().x(), area.top()}, area.bottomRight(), area.bottomLeft()};
+    const qreal x = area.center().x();
+    painter.setRenderHint(QPainter::Antialiasing, true);
+    painter.setPen(QPen(color, 1, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(color);
+    painter.drawPolygon(triangle, 3);
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(inner, std::max(1.2, area.width() / 9), Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(QPointF(x, area.top() + area.height() * 0.38),
+                     QPointF(x, area.top() + area.height() * 0.64));
+    painter.drawPoint(QPointF(x, area.top() + area.height() * 0.86));
+    painter.setRenderHint(QPainter::Antialiasing, false);
+}
+
 void paintCheckBox(QPainter& painter, const QRect& area, bool checked, const QColor& color) {
     const int side = std::min(area.height() - 6, area.width() - 4);
     const QRectF box(area.center().x() - side / 2 + 0.5, area.center().y() - side / 2 + 0.5, side,
@@ -88,13 +106,15 @@ void GridPainter::setLook(const QFont& font, const QPalette& palette) {
     disabledBack_ = blend(base, text, 0.08);
     selected_ = highlight;
     selected_.setAlpha(64);
+    alarm_ = luminance(base) > 0.5 ? QColor(190, 0, 0) : QColor(255, 110, 100);
 }
 
 int GridPainter::widthNeeded(int row, int col) const {
     const CellStyle& look = grid_.cellStyle(row, col);
-    const int mark =
-        row == 0 || look.kind == CellKind::DropDown ? markSize(geometry_.rowHeight()) + margin : 0;
-    return texts_.widthOf(grid_.text(row, col), variantOf(look)) + 2 * margin + mark + 1;
+    const int one = markSize(geometry_.rowHeight()) + margin;
+    int signs = row == 0 || look.kind == CellKind::DropDown ? one : 0;
+    signs += grid_.markText(row, col).isEmpty() ? 0 : one;
+    return texts_.widthOf(grid_.text(row, col), variantOf(look)) + 2 * margin + signs + 1;
 }
 
 QColor GridPainter::textColorOf(const CellStyle& look) const {
@@ -118,6 +138,7 @@ void GridPainter::paintText(QPainter& painter, QRect area, int row, int col,
                             const CellStyle& look) {
     const QString text = grid_.text(row, col);
     const QColor color = textColorOf(look);
+    const QRect cell = area;
     if (look.kind == CellKind::CheckBox) {
         if (look.enabled || !text.isEmpty())
             paintCheckBox(painter, area, text == QLatin1String("1"), color);
@@ -125,8 +146,8 @@ void GridPainter::paintText(QPainter& painter, QRect area, int row, int col,
         return;
     }
     area.adjust(margin, 0, -margin, 0);
-    if (look.kind == CellKind::DropDown && look.enabled && !look.readOnly) {
-        const int side = markSize(area.height());
+    const int side = markSize(area.height());
+    if (look.kind == CellKind::DropDown && look.enabled && !look.readOnly && !onPaper_) {
         const QRectF mark(area.right() - side + 1, area.center().y() - side / 4.0, side,
                           side / 2.0);
         paintArrow(painter, mark, false, blend(palette_.color(QPalette::Base), color, 0.6), false);
@@ -135,8 +156,22 @@ void GridPainter::paintText(QPainter& painter, QRect area, int row, int col,
     }
     if (text.isEmpty())
         return;
+    if (!grid_.markText(row, col).isEmpty()) {
+        paintMark(painter, cell, {area.right() - side, area.center().y() - side / 2, side, side});
+        area.setRight(area.right() - side - margin);
+    }
     setPen(painter, color);
     texts_.draw(painter, area, text, variantOf(look), look.align);
+}
+
+void GridPainter::paintMark(QPainter& painter, const QRect& cell, const QRect& sign) {
+    const QPoint corner[] = {cell.topLeft(), cell.topLeft() + QPoint(cornerSize, 0),
+                             cell.topLeft() + QPoint(0, cornerSize)};
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(alarm_);
+    painter.drawPolygon(corner, 3);
+    paintSign(painter, sign, alarm_, palette_.color(QPalette::Base));
+    penColor_ = QColor();
 }
 
 void GridPainter::paintCell(QPainter& painter, const QRect& area, int row, int col) {
@@ -156,13 +191,12 @@ void GridPainter::paint(QPainter& painter, const QRect& dirty, const PaintState&
     penColor_ = QColor();
     painter.setClipRect(dirty);
     painter.fillRect(dirty, palette_.brush(QPalette::Base));
-    const QRect area = dirty.intersected({geometry_.rowHeaderWidth(), geometry_.headerHeight(),
-                                          dirty.right() + 1, dirty.bottom() + 1});
-    if (!area.isEmpty()) {
-        painter.setClipRect(area);
-        paintCells(painter, area);
-        paintSelection(painter, state);
-    }
+    const QRect cells = dirty.intersected({geometry_.rowHeaderWidth(), geometry_.headerHeight(),
+                                           dirty.right() + 1, dirty.bottom() + 1});
+    const int edge = geometry_.frozenWidth();
+    paintPane(painter, cells.intersected({0, 0, edge, dirty.bottom() + 1}), true, state);
+    paintPane(painter, cells.intersected({edge, 0, dirty.right() + 1, dirty.bottom() + 1}), false,
+              state);
     if (dirty.left() < geometry_.rowHeaderWidth() && dirty.bottom() >= geometry_.headerHeight()) {
         painter.setClipRect(
             dirty.adjusted(0, std::max(0, geometry_.headerHeight() - dirty.top()), 0, 0));
@@ -174,10 +208,22 @@ void GridPainter::paint(QPainter& painter, const QRect& dirty, const PaintState&
     }
 }
 
+void GridPainter::paintPane(QPainter& painter, const QRect& dirty, bool frozen,
+                            const PaintState& state) {
+    if (dirty.isEmpty())
+        return;
+    painter.setClipRect(dirty);
+    paintCells(painter, dirty);
+    paintSelection(painter, frozen, state);
+    if (frozen && geometry_.offset().x() > 0)
+        painter.fillRect(QRect(geometry_.frozenWidth() - 2, dirty.top(), 2, dirty.height()),
+                         blend(line_, palette_.color(QPalette::Text), 0.4));
+}
+
 void GridPainter::paintCells(QPainter& painter, const QRect& dirty) {
-    const GridStore& store = geometry_.store();
+    const GridRows& rows = geometry_.rows();
     const int first = std::max(0, geometry_.positionAt(dirty.top()));
-    const int last = std::min(store.shownCount() - 1, geometry_.positionAt(dirty.bottom()));
+    const int last = std::min(rows.shownCount() - 1, geometry_.positionAt(dirty.bottom()));
     const int firstCol = std::max(1, geometry_.colAt(dirty.left()));
     const int atRight = geometry_.colAt(dirty.right());
     const int lastCol = atRight < 0 ? geometry_.colCount() : atRight;
@@ -189,7 +235,7 @@ void GridPainter::paintCells(QPainter& painter, const QRect& dirty) {
             continue;
         QRect cell = geometry_.cellRect(0, col);
         for (int position = first; position <= last; ++position) {
-            const int row = store.shownRow(position);
+            const int row = rows.shownRow(position);
             cell.setRect(cell.left(), geometry_.topOf(position), cell.width(), height);
             const CellStyle& look = grid_.cellStyle(row, col);
             if (look.background.isValid())
@@ -221,36 +267,54 @@ void GridPainter::paintLines(QPainter& painter, const QRect& area, int firstCol,
     penColor_ = QColor();
 }
 
-void GridPainter::paintSelection(QPainter& painter, const PaintState& state) {
+bool GridPainter::isIn(const CellRange& range, bool frozen) const {
+    return frozen ? geometry_.isFrozen(std::max(range.left, 1))
+                  : range.right > geometry_.frozenCols();
+}
+
+void GridPainter::paintSelection(QPainter& painter, bool frozen, const PaintState& state) {
     const QColor highlight = palette_.color(QPalette::Highlight);
     for (const CellRange& range : grid_.selection()) {
         const QRect area = geometry_.rangeRect(range);
-        if (area.isEmpty())
+        if (area.isEmpty() || !isIn(range, frozen))
             continue;
         painter.fillRect(area, selected_);
         painter.setPen(highlight);
         painter.drawRect(area.adjusted(-1, -1, -1, -1));
     }
-    if (const auto current = grid_.currentCell(); current && state.edited != current) {
-        const QRect cell = geometry_.cellRect(current->row, current->col);
-        const QColor color = state.focused ? highlight
-                                           : blend(palette_.color(QPalette::Base),
-                                                   palette_.color(QPalette::Text), 0.5);
-        if (!cell.isEmpty()) {
-            painter.setPen(QPen(color, 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-            painter.drawRect(cell.adjusted(0, 0, -1, -1));
-        }
-    }
-    if (!state.fillPreview.empty()) {
+    paintCurrent(painter, frozen, state);
+    const auto dashed = [&](const CellRange& range, const QColor& between) {
+        const QRect area = geometry_.rangeRect(range).adjusted(0, 0, -1, -1);
+        if (area.isEmpty() || !isIn(range, frozen))
+            return;
+        painter.setPen(QPen(between, 2));
+        painter.drawRect(area);
         painter.setPen(QPen(palette_.color(QPalette::Text), 2, Qt::DashLine));
-        painter.drawRect(geometry_.rangeRect(state.fillPreview).adjusted(0, 0, -1, -1));
-    }
+        painter.drawRect(area);
+    };
+    for (const CellRange& range : state.copied)
+        dashed(range, palette_.color(QPalette::Base));
+    if (!state.fillPreview.empty())
+        dashed(state.fillPreview, Qt::transparent);
     if (!state.fillHandle.isEmpty()) {
         painter.fillRect(state.fillHandle.adjusted(-1, -1, 1, 1), palette_.brush(QPalette::Base));
         painter.fillRect(state.fillHandle, highlight);
     }
     painter.setPen(Qt::SolidLine);
     penColor_ = QColor();
+}
+
+void GridPainter::paintCurrent(QPainter& painter, bool frozen, const PaintState& state) {
+    const auto current = grid_.currentCell();
+    if (!current || state.edited == current || geometry_.isFrozen(current->col) != frozen)
+        return;
+    const QRect cell = geometry_.cellRect(current->row, current->col);
+    if (cell.isEmpty())
+        return;
+    const QColor faint = blend(palette_.color(QPalette::Base), palette_.color(QPalette::Text), 0.5);
+    painter.setPen(QPen(state.focused ? palette_.color(QPalette::Highlight) : faint, 2,
+                        Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter.drawRect(cell.adjusted(0, 0, -1, -1));
 }
 
 bool GridPainter::columnMarked(int col) const {
@@ -290,13 +354,13 @@ void GridPainter::paintHeaderCell(QPainter& painter, const QRect& area, int row,
 }
 
 void GridPainter::paintRowHeaders(QPainter& painter, const QRect& dirty) {
-    const GridStore& store = geometry_.store();
+    const GridRows& rows = geometry_.rows();
     const int first =
         std::max(0, geometry_.positionAt(std::max(dirty.top(), geometry_.headerHeight())));
-    const int last = std::min(store.shownCount() - 1, geometry_.positionAt(dirty.bottom()));
+    const int last = std::min(rows.shownCount() - 1, geometry_.positionAt(dirty.bottom()));
     const auto current = grid_.currentCell();
     for (int position = first; position <= last; ++position) {
-        const int row = store.shownRow(position);
+        const int row = rows.shownRow(position);
         const QRect area(0, geometry_.topOf(position), geometry_.rowHeaderWidth(),
                          geometry_.rowHeight());
         const bool marked = grid_.isRowSelected(row) || (current && current->row == row);
@@ -305,17 +369,23 @@ void GridPainter::paintRowHeaders(QPainter& painter, const QRect& dirty) {
 }
 
 void GridPainter::paintHeader(QPainter& painter, const QRect& dirty) {
-    const int right = std::min(dirty.right(), geometry_.contentRight());
-    for (int col = std::max(1, geometry_.colAt(std::max(dirty.left(), geometry_.rowHeaderWidth())));
-         col <= geometry_.colCount(); ++col) {
-        const QRect area = geometry_.cellRect(0, col);
-        if (area.left() > right)
-            break;
-        if (!area.isEmpty())
-            paintHeaderCell(painter, area, 0, col, columnMarked(col));
+    const int edge = geometry_.frozenWidth();
+    const int last = geometry_.colAt(dirty.right());
+    if (dirty.right() >= edge) {
+        painter.setClipRect(dirty.intersected({edge, 0, dirty.right() + 1, dirty.bottom() + 1}));
+        paintHeaderCells(painter, geometry_.colAt(std::max(dirty.left(), edge)),
+                         last < 0 ? geometry_.colCount() : last);
     }
+    painter.setClipRect(dirty);
+    paintHeaderCells(painter, 1, geometry_.frozenCols());
     if (geometry_.rowHeaderWidth() > 0)
         paintHeaderCell(painter, geometry_.cellRect(0, 0), 0, 0, false);
+}
+
+void GridPainter::paintHeaderCells(QPainter& painter, int first, int last) {
+    for (int col = std::max(first, 1); first >= 0 && col <= last; ++col)
+        if (const QRect area = geometry_.cellRect(0, col); !area.isEmpty())
+            paintHeaderCell(painter, area, 0, col, columnMarked(col));
 }
 
 } // namespace partwright::grid

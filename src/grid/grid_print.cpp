@@ -29,17 +29,16 @@ QPalette paperColors() {
 /// All lengths are in screen dots; the painter scales them to the paper.
 class Paper {
 public:
-    Paper(const CGridCore& grid, const GridStore& store, const std::vector<int>& cols,
-          const QFont& font)
-        : store_(store), cols_(cols), geometry_(store), cells_(grid, geometry_), font_(font) {
-        if (font.pointSizeF() > 0)
+    Paper(const CGridCore& grid, const GridRows& rows, const PrintJob& job)
+        : rows_(rows), job_(job), geometry_(rows), cells_(grid, geometry_), font_(job.font) {
+        if (font_.pointSizeF() > 0)
             font_.setPixelSize(
-                static_cast<int>(std::lround(font.pointSizeF() * screenDots / pointsPerInch)));
+                static_cast<int>(std::lround(font_.pointSizeF() * screenDots / pointsPerInch)));
         const QFontMetrics metrics(font_);
         rowHeight_ = std::max(grid.rowHeight(), metrics.height() + 4);
         geometry_.setHeights(rowHeight_, rowHeight_);
         cells_.setLook(font_, paperColors());
-        for (const int col : cols)
+        for (const int col : job.cols)
             widths_.push_back(
                 col > 0
                     ? grid.colWidth(col)
@@ -50,16 +49,15 @@ public:
     [[nodiscard]] int rowHeight() const { return rowHeight_; }
     [[nodiscard]] const std::vector<int>& widths() const { return widths_; }
 
-    void page(QPainter& painter, const PagePlan& plan, int number, const QString& title,
-              double width) {
+    void page(QPainter& painter, const PagePlan& plan, int number, double width) {
         cells_.beginPaper();
         const auto& band = plan.bands[static_cast<std::size_t>(number / plan.pagesDown)];
         const int first = number % plan.pagesDown * plan.rowsPerPage;
-        const int last = std::min(store_.shownCount(), first + plan.rowsPerPage);
+        const int last = std::min(rows_.shownCount(), first + plan.rowsPerPage);
         painter.setPen(Qt::black);
         painter.setFont(font_);
         const QRectF head(0, 0, width, rowHeight_);
-        painter.drawText(head, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, title);
+        painter.drawText(head, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, job_.title);
         painter.drawText(head, Qt::AlignRight | Qt::AlignVCenter,
                          QCoreApplication::translate("CGridWnd", "Page %1 of %2")
                              .arg(number + 1)
@@ -67,7 +65,7 @@ public:
         int top = rowHeight_ + rowHeight_ / 2;
         line(painter, band, 0, top);
         for (int position = first; position < last; ++position)
-            line(painter, band, store_.shownRow(position), top += rowHeight_);
+            line(painter, band, rows_.shownRow(position), top += rowHeight_);
     }
 
 private:
@@ -76,15 +74,15 @@ private:
         cells_.beginPaper();
         for (const std::size_t place : band) {
             const QRect area(left, top, widths_[place], rowHeight_);
-            cells_.paintCell(painter, area, row, cols_[place]);
+            cells_.paintCell(painter, area, row, job_.cols[place]);
             painter.setPen(cells_.lineColor());
             painter.drawRect(area);
             left += widths_[place];
         }
     }
 
-    const GridStore& store_;
-    const std::vector<int>& cols_;
+    const GridRows& rows_;
+    const PrintJob& job_;
     GridGeometry geometry_;
     GridPainter cells_;
     QFont font_;
@@ -94,13 +92,23 @@ private:
 
 } // namespace
 
-PagePlan planPages(const std::vector<int>& widths, int rowCount, int rowHeight, QSizeF room) {
+PagePlan planPages(const std::vector<int>& widths, std::size_t repeated, int rowCount,
+                   int rowHeight, QSizeF room) {
     PagePlan plan;
+    double first = 0;
+    for (std::size_t i = 0; i < repeated && i < widths.size(); ++i)
+        first += widths[i];
+    if (first > room.width() / 2)
+        repeated = 0;
     double used = 0;
     for (std::size_t i = 0; i < widths.size(); ++i) {
         if (plan.bands.empty() || used + widths[i] > room.width()) {
             plan.bands.emplace_back();
             used = 0;
+            for (std::size_t again = 0; again < repeated && i >= repeated; ++again) {
+                plan.bands.back().push_back(again);
+                used += widths[again];
+            }
         }
         plan.bands.back().push_back(i);
         used += widths[i];
@@ -112,9 +120,9 @@ PagePlan planPages(const std::vector<int>& widths, int rowCount, int rowHeight, 
     return plan;
 }
 
-void printGrid(const CGridCore& grid, const GridStore& store, const std::vector<int>& cols,
-               const QString& title, const QFont& font, QPrinter& printer) {
-    Paper paper(grid, store, cols, font);
+void printGrid(const CGridCore& grid, const GridRows& rows, const PrintJob& job,
+               QPrinter& printer) {
+    Paper paper(grid, rows, job);
     QPainter painter;
     if (!painter.begin(&printer))
         return;
@@ -123,14 +131,14 @@ void printGrid(const CGridCore& grid, const GridStore& store, const std::vector<
     const QSizeF page = QSizeF(printer.pageRect(QPrinter::DevicePixel).size()) / scale;
     // Title and header take two and a half rows.
     const double below = page.height() - 2.5 * paper.rowHeight() - 1;
-    const PagePlan plan =
-        planPages(paper.widths(), store.shownCount(), paper.rowHeight(), {page.width(), below});
+    const PagePlan plan = planPages(paper.widths(), job.repeatedCols, rows.shownCount(),
+                                    paper.rowHeight(), {page.width(), below});
     const int from = printer.fromPage() > 0 ? printer.fromPage() - 1 : 0;
     const int to = printer.toPage() > 0 ? std::min(printer.toPage(), plan.pages()) : plan.pages();
     for (int number = from; number < to; ++number) {
         if (number > from && !printer.newPage())
             return;
-        paper.page(painter, plan, number, title, page.width());
+        paper.page(painter, plan, number, page.width());
     }
 }
 

@@ -1,8 +1,9 @@
 #pragma once
 
 // A grid on paper: the title and the page number at the top of each page, the header row repeated,
-// and columns that do not fit beside each other on pages of their own. Colours are those of paper,
-// whatever the theme of the screen.
+// and columns that do not fit beside each other on pages of their own, with the first columns
+// repeated so that each value has its name beside it. Colours are those of paper, whatever the
+// theme of the screen.
 
 #include "grid/grid_core.h"
 
@@ -24,11 +25,18 @@ struct PagePlan {
     [[nodiscard]] int pages() const { return pagesDown * static_cast<int>(bands.size()); }
 };
 
-[[nodiscard]] PagePlan planPages(const std::vector<int>& widths, int rowCount, int rowHeight,
-                                 QSizeF room);
+/// The first `repeated` columns come again on every page, unless they take half of it.
+[[nodiscard]] PagePlan planPages(const std::vector<int>& widths, std::size_t repeated, int rowCount,
+                                 int rowHeight, QSizeF room);
 
-/// `cols` are the columns to print, the row headers (0) among them or not.
-void printGrid(const CGridCore& grid, const GridStore& store, const std::vector<int>& cols,
-               const QString& title, const QFont& font, QPrinter& printer);
+/// What is to be printed; `cols` may have the row headers (0) among them.
+struct PrintJob {
+    std::vector<int> cols;
+    std::size_t repeatedCols = 0;
+    QString title;
+    QFont font;
+};
+
+void printGrid(const CGridCore& grid, const GridRows& rows, const PrintJob& job, QPrinter& printer);
 
 } // namespace partwright::grid

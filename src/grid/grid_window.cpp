@@ -5,13 +5,17 @@
 
 #include <QAccessible>
 #include <QClipboard>
+#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QHelpEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QScrollBar>
+#include <QTimerEvent>
 #include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
@@ -38,7 +42,7 @@ int scaled(int size, double zoom) {
 } // namespace
 
 CGridWnd::CGridWnd(QWidget* parent)
-    : QAbstractScrollArea(parent), geometry_(store()), painter_(*this, geometry_) {
+    : QAbstractScrollArea(parent), geometry_(gridRows()), painter_(*this, geometry_) {
     installGridAccessibility();
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_InputMethodEnabled);
@@ -48,6 +52,30 @@ CGridWnd::CGridWnd(QWidget* parent)
 }
 
 CGridWnd::~CGridWnd() = default;
+
+QString CGridWnd::controlText(int row, int col) const {
+    return editedCell() == CellPos{row, col} ? edit_.editor()->text() : text(row, col);
+}
+
+bool CGridWnd::escape() {
+    if (isEditing()) {
+        cancelEdit();
+        return true;
+    }
+    if (mouse_.endDrag())
+        return true;
+    if (!copied_.empty()) {
+        endCopied();
+        return true;
+    }
+    const auto isOne = [](const CellRange& range) {
+        return range.top == range.bottom && range.left == range.right;
+    };
+    if (selection().empty() || (selection().size() == 1 && isOne(selection().front())))
+        return false;
+    clearSelection();
+    return true;
+}
 
 QSize CGridWnd::sizeHint() const {
     return {hintWidth, geometry_.headerHeight() + hintRows * geometry_.rowHeight()};
@@ -76,13 +104,21 @@ void CGridWnd::relayout() {
                              painter_.texts().widthOf(QString::number(rowCount()), boldFont) + 10);
     geometry_.setColumns(widths);
     updateScrollBars();
-    placeEditor();
+    edit_.place();
     viewport()->update();
 }
 
+void CGridWnd::setFrozenCols(int cols) {
+    frozenCols_ = cols;
+    relayout();
+}
+
 void CGridWnd::updateScrollBars() {
+    geometry_.setFrozen(frozenCols_);
+    if (geometry_.frozenWidth() > viewport()->width() / 2)
+        geometry_.setFrozen(0);
     const QSize content = geometry_.contentSize();
-    const QSize page(viewport()->width() - geometry_.rowHeaderWidth(),
+    const QSize page(viewport()->width() - geometry_.frozenWidth(),
                      viewport()->height() - geometry_.headerHeight());
     verticalScrollBar()->setRange(0, std::max(0, content.height() - page.height()));
     verticalScrollBar()->setPageStep(std::max(1, page.height()));
@@ -114,16 +150,25 @@ void CGridWnd::layoutChanged() {
 
 void CGridWnd::structureChanged() {
     lead_.reset();
-    endDrag();
-    if (edit_)
-        edit_->row = rowOfKey(edit_->key, edit_->row);
-    if (edit_ && edit_->row < 0)
-        closeEditor();
+    mouse_.endDrag();
+    edit_.followRow();
+    contentChanged();
     layoutChanged();
     if (QAccessible::isActive()) {
         QAccessibleTableModelChangeEvent event(this, QAccessibleTableModelChangeEvent::ModelReset);
         QAccessible::updateAccessibility(&event);
     }
+}
+
+void CGridWnd::contentChanged() {
+    endCopied();
+}
+
+void CGridWnd::endCopied() {
+    if (copied_.empty())
+        return;
+    copied_.clear();
+    viewport()->update();
 }
 
 void CGridWnd::scrollTo(int row, int col) {
@@ -140,8 +185,38 @@ void CGridWnd::scrollTo(int row, int col) {
     };
     reveal(verticalScrollBar(), cell.top(), cell.bottom() + 1, geometry_.headerHeight(),
            viewport()->height());
-    reveal(horizontalScrollBar(), cell.left(), cell.right() + 1, geometry_.rowHeaderWidth(),
-           viewport()->width());
+    if (!geometry_.isFrozen(col))
+        reveal(horizontalScrollBar(), cell.left(), cell.right() + 1, geometry_.frozenWidth(),
+               viewport()->width());
+}
+
+void CGridWnd::moveTo(CellPos pos, bool extend) {
+    if (extend && currentCell()) {
+        if (leaveCell())
+            extendTo(pos);
+        return;
+    }
+    const RowKey key = rowKey(pos.row);
+    if (setCurrentCell(pos.row, pos.col) && rowOfKey(key) > 0)
+        clearSelection();
+}
+
+void CGridWnd::extendTo(CellPos pos) {
+    lead_ = pos;
+    scrollTo(pos.row, pos.col);
+    selectRange(CellRange::between(*currentCell(), pos));
+}
+
+void CGridWnd::selectAll() {
+    if (leaveCell() && rowCount() > 0)
+        selectRows(1, rowCount());
+}
+
+void CGridWnd::toggleCheckBox(CellPos pos) {
+    if (!isEditable(pos.row, pos.col) || cellStyle(pos.row, pos.col).kind != CellKind::CheckBox)
+        return;
+    const bool checked = text(pos.row, pos.col) == QLatin1String("1");
+    commitText(pos.row, pos.col, checked ? QStringLiteral("0") : QStringLiteral("1"));
 }
 
 void CGridWnd::updateCurrentArea(CellPos pos) {
@@ -181,10 +256,11 @@ void CGridWnd::currentMovedFrom(std::optional<CellPos> before) {
 
 PaintState CGridWnd::paintState() const {
     PaintState state;
-    state.focused = hasFocus() || edit_.has_value();
+    state.focused = hasFocus() || isEditing();
     state.edited = editedCell();
     state.fillHandle = fillHandleRect();
-    state.fillPreview = fillPreview_;
+    state.fillPreview = mouse_.fillPreview();
+    state.copied = copied_;
     return state;
 }
 
@@ -197,19 +273,22 @@ void CGridWnd::paintEvent(QPaintEvent* event) {
 
 void CGridWnd::resizeEvent(QResizeEvent*) {
     updateScrollBars();
-    placeEditor();
+    edit_.place();
 }
 
 void CGridWnd::scrollContentsBy(int dx, int dy) {
     geometry_.setOffset({horizontalScrollBar()->value(), verticalScrollBar()->value()});
     const QRect all = viewport()->rect();
-    if (edit_) {
-        placeEditor();
+    if (isEditing()) {
+        edit_.place();
         viewport()->update();
     } else if (dx == 0) {
         viewport()->scroll(0, dy, all.adjusted(0, geometry_.headerHeight(), 0, 0));
     } else if (dy == 0) {
-        viewport()->scroll(dx, 0, all.adjusted(geometry_.rowHeaderWidth(), 0, 0, 0));
+        viewport()->scroll(dx, 0, all.adjusted(geometry_.frozenWidth(), 0, 0, 0));
+        if (frozenCols_ > 0) // its edge says whether something is scrolled away
+            viewport()->update(geometry_.frozenWidth() - handleSize, 0, 2 * handleSize,
+                               viewport()->height());
     } else {
         viewport()->update();
     }
@@ -224,8 +303,8 @@ void CGridWnd::changeEvent(QEvent* event) {
 
 void CGridWnd::focusInEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusInEvent(event);
-    if (edit_)
-        edit_->editor->setFocus(event->reason());
+    if (isEditing())
+        edit_.editor()->setFocus(event->reason());
     if (const auto current = currentCell()) {
         updateCurrentArea(*current);
         announceCurrentCell(*this, *current);
@@ -276,7 +355,7 @@ void CGridWnd::fitColWidth(int col) {
 
 CellRange CGridWnd::fillSource() const {
     const auto current = currentCell();
-    if (!current || edit_)
+    if (!current || isEditing())
         return {};
     if (selection().empty())
         return CellRange::cell(current->row, current->col);
@@ -302,18 +381,28 @@ std::optional<CellPos> CGridWnd::cellAt(QPoint place) const {
     return pos.row < 0 || pos.col < 0 ? std::nullopt : std::optional(pos);
 }
 
+/// The text where the cell is too narrow for it, why the cell bears a mark, and what the owner
+/// says.
 bool CGridWnd::showToolTip(QPoint place, QPoint global) {
-    const int row = geometry_.rowAt(place.y());
-    const int col = geometry_.colAt(place.x());
-    if (row < 0 || col < 1 || cellStyle(row, col).kind == CellKind::CheckBox ||
-        painter_.widthNeeded(row, col) <= geometry_.widthOf(col)) {
+    const auto pos = cellAt(place);
+    QStringList paragraphs;
+    if (pos && pos->col > 0) {
+        constexpr qsizetype longestTip = 1000;
+        if (cellStyle(pos->row, pos->col).kind != CellKind::CheckBox &&
+            painter_.widthNeeded(pos->row, pos->col) > geometry_.widthOf(pos->col))
+            paragraphs << text(pos->row, pos->col).left(longestTip);
+        paragraphs << markText(pos->row, pos->col) << tip(pos->row, pos->col);
+        paragraphs.removeAll(QString());
+    }
+    if (paragraphs.isEmpty()) {
         QToolTip::hideText();
         return false;
     }
-    constexpr qsizetype longestTip = 1000;
-    QToolTip::showText(
-        global, QStringLiteral("<qt>%1</qt>").arg(text(row, col).left(longestTip).toHtmlEscaped()),
-        viewport(), geometry_.cellRect(row, col));
+    QString html;
+    for (const QString& paragraph : std::as_const(paragraphs))
+        html += QStringLiteral("<p>%1</p>")
+                    .arg(paragraph.toHtmlEscaped().replace(u'\n', QLatin1String("<br>")));
+    QToolTip::showText(global, html, viewport(), geometry_.cellRect(pos->row, pos->col));
     return true;
 }
 
@@ -327,20 +416,54 @@ bool CGridWnd::viewportEvent(QEvent* event) {
     return QAbstractScrollArea::viewportEvent(event);
 }
 
-void CGridWnd::copy() const {
+void CGridWnd::copy() {
     QGuiApplication::clipboard()->setText(selectedText());
+    endCopied();
+    if (!selectedRows().empty() && selection().back().wholeRows())
+        copied_ = selection();
+    else if (!selection().empty())
+        copied_ = {selection().back()};
+    else if (const auto current = currentCell())
+        copied_ = {CellRange::cell(current->row, current->col)};
+    viewport()->update();
 }
 
 void CGridWnd::paste() {
     pasteText(QGuiApplication::clipboard()->text());
 }
 
+void CGridWnd::timerEvent(QTimerEvent* event) {
+    if (!mouse_.timeOut(event->timerId()))
+        QAbstractScrollArea::timerEvent(event);
+}
+
+void CGridWnd::keyPressEvent(QKeyEvent* event) {
+    event->setAccepted(!validating() && (keyPressed(event) || keys_.press(event)));
+}
+
+bool CGridWnd::focusNextPrevChild(bool) {
+    return false; // Tab goes through the cells
+}
+
+void CGridWnd::inputMethodEvent(QInputMethodEvent* event) {
+    const bool typed = !event->commitString().isEmpty() || !event->preeditString().isEmpty();
+    if (typed && !isEditing() && edit_.open(GridEdit::Start::Empty))
+        QCoreApplication::sendEvent(edit_.editor(), event);
+    else
+        QAbstractScrollArea::inputMethodEvent(event);
+}
+
 void CGridWnd::printTo(QPrinter& printer) const {
-    std::vector<int> cols;
-    for (int col = 0; col <= colCount(); ++col)
-        if (isColVisible(col))
-            cols.push_back(col);
-    printGrid(*this, store(), cols, printTitle_, font(), printer);
+    PrintJob job;
+    for (int col = 0; col <= colCount(); ++col) {
+        if (!isColVisible(col))
+            continue;
+        job.cols.push_back(col);
+        job.repeatedCols += frozenCols_ > 0 && col <= frozenCols_ ? 1 : 0;
+    }
+    job.title = printTitle_;
+    job.font = font();
+    printGrid(*this, gridRows(), job, printer);
 }
 
 void CGridWnd::printPreview() {

@@ -1,8 +1,9 @@
 #pragma once
 
-// The spreadsheet control. It is a CGridCore with a window: it paints the cells itself, opens the
-// editors and turns keys and the mouse into the core's operations and events. Derive from it and
-// override the events of CGridCore.
+// The spreadsheet control. It is a CGridCore with a window: it paints the cells itself, and its
+// three hands turn what the user does into the core's operations and events: GridEdit has the open
+// editor, GridMouse the mouse, GridKeys the keyboard. Derive from it and override the events of
+// CGridCore.
 //
 //     auto* grid = new PriceGrid(dialog);
 //     grid->setAccessibleName(tr("Prices"));
@@ -16,6 +17,9 @@
 // says false: the refused text still stands in the editor. Destroying or closing the grid drops the
 // editor's text.
 //
+// Escape takes one step back: the editor or its list, a drag, the dashed border of what was copied,
+// a selection of several cells. What it has no step for goes to the window around the grid.
+//
 // Keys with no editor open: arrows, Home, End, Page Up, Page Down (Ctrl: to the edge; Shift:
 // extends the selection), Tab and Enter (Shift: back), F2 or typing to edit, Alt+Down or F4 for the
 // list, Space for a check box, Shift+Space and Ctrl+Space for the row and the column, Ctrl+A,
@@ -25,20 +29,20 @@
 // and the Page keys commit and move, Escape drops; Left and Right move inside the text, but commit
 // when the text was typed over the cell.
 
-#include "grid/cell_editor.h"
 #include "grid/grid_core.h"
+#include "grid/grid_edit.h"
 #include "grid/grid_geometry.h"
+#include "grid/grid_keys.h"
+#include "grid/grid_mouse.h"
 #include "grid/grid_painter.h"
 
 #include <QAbstractScrollArea>
-#include <QBasicTimer>
-#include <QPointer>
 
 class QPrinter;
 
 namespace partwright::grid {
 
-class CGridWnd : public QAbstractScrollArea, public CGridCore, private EditorHost {
+class CGridWnd : public QAbstractScrollArea, public CGridCore {
     Q_OBJECT
 
 public:
@@ -47,33 +51,40 @@ public:
 
     // Editing
     /// Opens the editor of the current cell, as F2 does. False when it cannot be edited.
-    bool beginEdit();
+    bool beginEdit() { return edit_.open(GridEdit::Start::WithText); }
     /// True when nothing is left to commit.
-    bool commitEdit();
-    void cancelEdit();
-    [[nodiscard]] bool isEditing() const { return edit_.has_value(); }
-    [[nodiscard]] std::optional<CellPos> editedCell() const;
+    bool commitEdit() { return edit_.commit(); }
+    void cancelEdit() { edit_.cancel(); }
+    [[nodiscard]] bool isEditing() const { return edit_.isOpen(); }
+    [[nodiscard]] std::optional<CellPos> editedCell() const { return edit_.cell(); }
     /// The editor's text when this cell is being edited, else the stored text.
     [[nodiscard]] QString controlText(int row, int col) const;
     /// Replaces the editor's text; cellTextModified() does not run for it.
-    void setControlText(const QString& text);
+    void setControlText(const QString& text) { edit_.setText(text); }
+    /// One step back, as the Escape key takes it; false when there is none.
+    bool escape();
 
     // View
     void setZoom(double zoom);
     [[nodiscard]] double zoom() const { return zoom_; }
+    /// The first so many columns stand still while the others scroll, and are printed on every
+    /// page; not where they would take more than half of the window.
+    void setFrozenCols(int cols);
     /// Makes the column as wide as its widest text.
     void fitColWidth(int col);
     /// In the viewport; row 0 is the header. Empty for hidden cells.
     [[nodiscard]] QRect cellRect(int row, int col) const { return geometry_.cellRect(row, col); }
-    /// The cell under a place of the viewport, headers included.
+    /// The cell under a point of the viewport, headers included.
     [[nodiscard]] std::optional<CellPos> cellAt(QPoint place) const;
     /// In the viewport; empty when the current selection cannot be filled from.
     [[nodiscard]] QRect fillHandleRect() const;
     [[nodiscard]] QSize sizeHint() const override;
 
     // Clipboard and paper
-    void copy() const;
+    void copy();
     void paste();
+    /// What was copied, as long as its dashed border stands.
+    [[nodiscard]] const std::vector<CellRange>& copiedCells() const { return copied_; }
     void setPrintTitle(const QString& title) { printTitle_ = title; }
     void printPreview();
     void printTo(QPrinter& printer) const;
@@ -82,6 +93,7 @@ protected:
     void cellsChanged(const CellRange& range) override;
     void layoutChanged() override;
     void structureChanged() override;
+    void contentChanged() override;
     void scrollTo(int row, int col) override;
     void selectionMoved() override;
     void currentMovedFrom(std::optional<CellPos> before) override;
@@ -95,28 +107,20 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseMoveEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
-    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override { mouse_.press(*event); }
+    void mouseMoveEvent(QMouseEvent* event) override { mouse_.move(*event); }
+    void mouseReleaseEvent(QMouseEvent* event) override { mouse_.release(*event); }
+    void mouseDoubleClickEvent(QMouseEvent* event) override { mouse_.doubleClick(*event); }
     void timerEvent(QTimerEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
-    void contextMenuEvent(QContextMenuEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override { keys_.openMenu(*event); }
     bool focusNextPrevChild(bool next) override;
 
 private:
-    enum class Drag { None, Cells, Rows, Border, Fill, Header };
-    enum class Start { WithText, Empty };
-
-    struct Edit {
-        RowKey key = 0;
-        int row = 0;
-        int col = 0;
-        /// The text was typed over the cell: Left and Right leave it.
-        bool typedOver = false;
-        CellEditor* editor = nullptr;
-    };
+    friend class GridEdit;
+    friend class GridKeys;
+    friend class GridMouse;
 
     // View
     void relayout();
@@ -127,63 +131,26 @@ private:
     [[nodiscard]] PaintState paintState() const;
     bool showToolTip(QPoint place, QPoint global);
 
-    // Editing
-    bool openEditor(Start start, const QString& typed = {});
-    void openList(const QString& typed);
-    void placeEditor();
-    void closeEditor();
-    void announceModified();
-    bool editorKey(QKeyEvent* event) override;
-    void editorTextChanged() override;
-    void choiceMade(const QString& name) override;
-    void choiceDropped() override;
-    void toggleCheckBox(CellPos pos);
-
-    // Mouse
-    void pressHeader(QMouseEvent* event, int col);
-    void pressRowHeader(QMouseEvent* event, int row);
-    void pressCell(QMouseEvent* event, CellPos pos);
-    void releaseCell(CellPos pos);
-    void dragTo(QPoint place);
-    void endDrag();
-    void showCursor(QPoint place);
-    [[nodiscard]] int resizableBorder(QPoint place) const;
-    [[nodiscard]] bool onMark(CellPos pos, QPoint place) const;
-    [[nodiscard]] CellRange fillSource() const;
-    void fillDown();
-
-    // Keys
-    bool gridKey(QKeyEvent* event);
-    bool controlKey(QKeyEvent* event);
-    bool moveKey(QKeyEvent* event);
+    // What the hands share
     void moveTo(CellPos pos, bool extend);
-    bool moveBy(int rows, int cols);
-    [[nodiscard]] CellPos moved(CellPos from, int rows, int cols) const;
-    bool moveOn(int step);
-    void clearSelected();
+    void extendTo(CellPos pos);
+    void toggleCheckBox(CellPos pos);
     void selectAll();
-    void activate();
+    [[nodiscard]] CellRange fillSource() const;
+    void endCopied();
     [[nodiscard]] int firstCol() const { return nextCol(0, 1); }
-    [[nodiscard]] int lastCol() const { return nextCol(colCount() + 1, -1); }
-    [[nodiscard]] int pageRows() const;
 
     GridGeometry geometry_;
     GridPainter painter_;
+    GridEdit edit_{*this};
+    GridMouse mouse_{*this};
+    GridKeys keys_{*this};
     double zoom_ = 1;
+    int frozenCols_ = 0;
     QString printTitle_;
-    std::optional<Edit> edit_;
-    bool announcing_ = false;
     /// The moving corner of a selection whose other corner is the current cell.
     std::optional<CellPos> lead_;
-
-    Drag drag_ = Drag::None;
-    QPoint dragStart_;
-    QPoint dragPlace_;
-    CellPos dragCell_;
-    bool dragMoved_ = false;
-    int dragWidth_ = 0;
-    CellRange fillPreview_;
-    QBasicTimer autoScroll_;
+    std::vector<CellRange> copied_;
 };
 
 } // namespace partwright::grid

@@ -95,14 +95,14 @@ quint64 headOf(const std::u16string& arena, const Key& key) {
     return head;
 }
 
-SortMode resolve(SortMode mode, const std::vector<const QString*>& list, char16_t decimalPoint) {
+SortMode resolve(SortMode mode, const std::vector<QString>& list, char16_t decimalPoint) {
     if (mode != SortMode::Automatic)
         return mode;
     bool any = false;
-    for (const QString* text : list) {
-        if (std::none_of(text->begin(), text->end(), isDigit))
+    for (const QString& text : list) {
+        if (std::none_of(text.begin(), text.end(), isDigit))
             continue;
-        if (!asNumber(*text, decimalPoint))
+        if (!asNumber(text, decimalPoint))
             return SortMode::Text;
         any = true;
     }
@@ -126,17 +126,17 @@ struct Before {
 
 } // namespace
 
-std::vector<quint32> sortedOrder(const std::vector<const QString*>& list, const SortRule& rule) {
+std::vector<quint32> sortedOrder(const std::vector<QString>& list, const SortRule& rule) {
     const SortMode mode = resolve(rule.mode, list, rule.decimalPoint);
     std::vector<Key> keys(list.size());
     std::u16string arena;
     for (std::size_t i = 0; i < list.size(); ++i) {
         Key& key = keys[i];
         key.position = static_cast<quint32>(i);
-        if (list[i]->isEmpty())
+        if (list[i].isEmpty())
             continue;
         const auto number =
-            mode == SortMode::Number ? asNumber(*list[i], rule.decimalPoint) : std::nullopt;
+            mode == SortMode::Number ? asNumber(list[i], rule.decimalPoint) : std::nullopt;
         if (number) {
             key.group = numbers;
             key.head = orderedBits(*number);
@@ -144,7 +144,7 @@ std::vector<quint32> sortedOrder(const std::vector<const QString*>& list, const 
         }
         key.group = texts;
         key.begin = static_cast<quint32>(arena.size());
-        appendTextKey(*list[i], arena);
+        appendTextKey(list[i], arena);
         key.length = static_cast<quint32>(arena.size() - key.begin);
         key.head = headOf(arena, key);
     }

@@ -28,8 +28,8 @@ struct SortRule {
     char16_t decimalPoint = u'.';
 };
 
-/// Positions of `texts` in their new order. The pointers borrow.
-[[nodiscard]] std::vector<quint32> sortedOrder(const std::vector<const QString*>& texts,
+/// Positions of `texts` in their new order.
+[[nodiscard]] std::vector<quint32> sortedOrder(const std::vector<QString>& texts,
                                                const SortRule& rule);
 
 } // namespace partwright::grid

@@ -1,9 +1,10 @@
 #pragma once
 
 // The links from parts to their data sheets: DataSheetLinkTable.csv beside the design libraries,
-// a rule table with the columns "PartNum" and "FileName". A file name is relative to the folder of
-// data sheets. The table is written whole; one that is there and could not be read is marked, and
-// never written over.
+// a rule table with the columns "PartNum" and "FileName", in which apostrophes and quotes belong to
+// the names. A file name is relative to the folder of data sheets. The table is written whole; one
+// that is there and could not be read or understood is never written over, and its lines without a
+// link stay in it.
 
 #include "core/libraries.h"
 #include "core/project_paths.h"

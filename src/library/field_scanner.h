@@ -36,6 +36,17 @@ template <class Char>
     return text;
 }
 
+/// Without one quote a side.
+template <class Char>
+[[nodiscard]] std::basic_string_view<Char> trimQuotes(std::basic_string_view<Char> text) {
+    constexpr auto quote = static_cast<Char>('"');
+    if (!text.empty() && text.front() == quote)
+        text.remove_prefix(1);
+    if (!text.empty() && text.back() == quote)
+        text.remove_suffix(1);
+    return text;
+}
+
 namespace scanner {
 
 /// A field that begins with a quote, copied into `buffer` where its quotes need it. `cursor`

@@ -3,37 +3,21 @@
 // Reads a library file into a map from part number to record; of two rows of one part the later
 // one wins. A library that is not there yet is an empty one.
 //
-// A library that was read while no group name was known, or that is there and could not be read,
-// is marked in libraries.faults: writing it back would lose records.
+// What was not taken of a file goes to loadReports, and so does what speaks against writing it
+// back: that it could not be read, or was not understood.
 //
 //   const LoadResult result = LoadSdtaLibrary(app, library, path);
 //   if (!result.message.empty())
 //       prompt.tell(result.message, PromptIcon::None);
 
 #include "core/application.h"
+#include "library/library_parser.h"
 #include "library/load_result.h"
 
-#include <string>
+#include <optional>
 #include <string_view>
 
 namespace partwright {
-
-template <class Record>
-struct ParsedLibrary {
-    typename Kind<Record>::Library records;
-    /// Rows were met while the definitions knew no group by name.
-    bool groupsUnknown = false;
-};
-
-/// The rows of a file's content, without a byte-order mark.
-template <class Record>
-[[nodiscard]] ParsedLibrary<Record> parseLibrary(const Definitions<Record>& definitions,
-                                                 wchar_t decimalMark, std::string bytes,
-                                                 CodePage codePage);
-extern template ParsedLibrary<SdtaComponent> parseLibrary(const Definitions<SdtaComponent>&,
-                                                          wchar_t, std::string, CodePage);
-extern template ParsedLibrary<AsrComponent> parseLibrary(const Definitions<AsrComponent>&, wchar_t,
-                                                         std::string, CodePage);
 
 /// An empty path stands for the design library. The target is emptied first in every case.
 LoadResult LoadSdtaLibrary(CPartwrightPlugInApp& app, SdtaLibrary& target,

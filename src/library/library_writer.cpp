@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <bitset>
+#include <filesystem>
 #include <limits>
 #include <optional>
 
@@ -20,7 +21,6 @@ namespace {
 using namespace library_file;
 
 constexpr std::size_t bannerFillers = 34;
-constexpr std::wstring_view bannerColumn = L"File";
 /// A guess at a row's bytes that few libraries exceed.
 constexpr std::size_t expectedRow = 256;
 
@@ -95,18 +95,21 @@ public:
     LibraryFormatter(const CPartwrightPlugInApp& app, TextForm form, std::size_t records = 0)
         : definitions_(app.of<Record>()), codePage_(form.codePage),
           separator_(static_cast<char>(app.writtenSeparator())), mark_(app.decimalMark()),
-          lineEnd_(form.crLf ? "\r\n" : "\n"), rowEnd_(separator_ + ("<" + lineEnd_)),
+          lineEnd_(form.lineEndBytes()), rowEnd_(separator_ + ("<" + lineEnd_)),
           out_(form.codePage, separator_, (records + 1) * expectedRow) {}
 
-    [[nodiscard]] bool banner(std::wstring_view path);
+    void banner(std::wstring_view path);
     void groupStart(std::int32_t group);
     void groupHeader(std::int32_t group) { out_.raw(groupText(group).header); }
     /// With its line end.
     [[nodiscard]] bool row(const Record& record);
     void lineEnd() { out_.raw(lineEnd_); }
+    void kept(std::string_view line, CodePage codePage);
     void end();
 
     [[nodiscard]] std::string take() { return out_.take(); }
+    /// Bytes that are no UTF-8 were written into a file that is.
+    [[nodiscard]] bool hasForeignBytes() const { return out_.hasForeignBytes(); }
     /// Column of the text that could not be encoded.
     [[nodiscard]] std::wstring_view failedColumn() const { return failed_; }
 
@@ -115,6 +118,7 @@ private:
     [[nodiscard]] GroupText prepare(std::int32_t group) const;
     [[nodiscard]] std::string joined(const std::vector<std::wstring_view>& cells) const;
     [[nodiscard]] std::optional<std::string> name(std::wstring_view text) const;
+    [[nodiscard]] std::string pathBytes(std::wstring_view path) const;
     [[nodiscard]] bool names(const Record& record, const GroupText& group);
     [[nodiscard]] bool start(const Record& record, const GroupText& group);
     [[nodiscard]] bool value(std::wstring_view text, bool isPin);
@@ -204,8 +208,19 @@ const GroupText& LibraryFormatter<Record>::groupText(std::int32_t group) {
     return *current_;
 }
 
+/// The path is there for people to read, so what the file cannot hold of it is no matter.
 template <class Record>
-bool LibraryFormatter<Record>::banner(std::wstring_view path) {
+std::string LibraryFormatter<Record>::pathBytes(std::wstring_view path) const {
+    std::string bytes;
+    for (const wchar_t& c : path)
+        if (c != L'\r' && c != L'\n' &&
+            (isForeignByte(c) || !encodeInto(bytes, {&c, 1}, codePage_)))
+            bytes += '?';
+    return bytes;
+}
+
+template <class Record>
+void LibraryFormatter<Record>::banner(std::wstring_view path) {
     std::vector<std::wstring_view> fillers{L"|", L" FLIB"};
     fillers.insert(fillers.end(), bannerFillers, L" ~");
     fillers.insert(fillers.end(), {L" L", L" |"});
@@ -220,17 +235,23 @@ bool LibraryFormatter<Record>::banner(std::wstring_view path) {
     out_.raw("|");
     out_.separator();
     out_.raw(" File: ");
-    std::string pathBytes;
-    if (!put(encodeInto(pathBytes, removeAll(path, L"\r\n"), codePage_), bannerColumn))
-        return false;
-    out_.raw(pathBytes);
+    out_.raw(pathBytes(path));
     lineEnd();
     out_.raw("|");
     out_.separator();
     out_.raw(" Project: ");
     out_.raw(encodeUtf8(Dialect<Record>::title));
     lineEnd();
-    return true;
+}
+
+/// The line as it stood, in the code page that the file has now.
+template <class Record>
+void LibraryFormatter<Record>::kept(std::string_view line, CodePage codePage) {
+    if (codePage == codePage_)
+        out_.foreign(line);
+    else
+        out_.raw(encodeUtf8(decode(line, codePage))); // only ever from the old code page to UTF-8
+    lineEnd();
 }
 
 template <class Record>
@@ -341,20 +362,39 @@ bool LibraryFormatter<Record>::row(const Record& record) {
     return true;
 }
 
+/// A file whose only characters beyond ASCII share their lines with foreign bytes would be read in
+/// the old code page; then these bytes become the characters that they are in it.
+std::string keptReadable(std::string bytes) {
+    if (detectCodePage(bytes) == CodePage::Utf8)
+        return bytes;
+    std::wstring text = decode(bytes, CodePage::Utf8);
+    const bool hasOthers = std::any_of(text.begin(), text.end(), [](wchar_t c) {
+        return static_cast<char32_t>(c) >= 0x80 && !isForeignByte(c);
+    });
+    if (!hasOthers)
+        return bytes; // in the old code page they read as well
+    for (wchar_t& c : text)
+        if (isForeignByte(c))
+            c = decode(std::string(1, static_cast<char>(c)), CodePage::Windows1252).front();
+    return encodeUtf8(text);
+}
+
+/// The file's own full path.
+std::wstring fullPath(const std::wstring& path) {
+    std::error_code error;
+    const auto full = std::filesystem::absolute(nativePath(path), error);
+    return error ? path : pathText(full);
+}
+
 template <class Record>
 SaveResult saveLibrary(CPartwrightPlugInApp& app, std::span<const Record* const> records,
                        const std::wstring& path, SaveChoices choices) {
-    SaveResult result;
-    result.path = path;
-    const auto fault = app.libraries.faults.find(path);
-    if (fault != app.libraries.faults.end() && fault->second != LibraryFault::None) {
-        result.status = SaveStatus::Refused;
-        result.message = message::saveWouldLose(
-            path, fault->second == LibraryFault::Unreadable
-                      ? message::fileUnreadable()
-                      : message::groupTableMissing(Dialect<Record>::groupTable(app.paths)));
+    static const LoadReport nothing;
+    const auto found = app.libraries.loadReports.find(path);
+    const LoadReport& report = found == app.libraries.loadReports.end() ? nothing : found->second;
+    SaveResult result = lookAtReport(report, path, droppedLines(report, records), choices);
+    if (result.status != SaveStatus::Saved)
         return result;
-    }
     InPlaceFile file(path);
     result = lookBeforeSave(app.libraries, path, file, choices);
     if (result.status != SaveStatus::Saved)
@@ -362,9 +402,14 @@ SaveResult saveLibrary(CPartwrightPlugInApp& app, std::span<const Record* const>
     TextForm form = file.form();
     if (choices.asUtf8)
         form.codePage = CodePage::Utf8;
-    FormattedLibrary text = formatLibrary<Record>(app, records, path, form);
-    if (text.encodable)
-        return putInPlace(app.libraries, path, file, std::move(text.bytes));
+    FormattedLibrary text = formatLibrary<Record>(app, records, fullPath(path), form, report);
+    if (text.encodable) {
+        const auto superseded = supersededParts(report, records);
+        result = putInPlace(app.libraries, path, file, std::move(text.bytes));
+        if (result.status == SaveStatus::Saved)
+            app.libraries.loadReports[path].fileWritten(superseded);
+        return result;
+    }
     result.status = SaveStatus::Unencodable;
     result.message = message::characterNotInCodePage(path, text.part, text.column);
     result.part = std::move(text.part);
@@ -407,44 +452,83 @@ template RecordList<SdtaComponent> recordsByGroup<SdtaComponent>(const SdtaLibra
 template RecordList<AsrComponent> recordsByGroup<AsrComponent>(const AsrLibrary&);
 
 template <class Record>
+std::set<std::wstring> supersededParts(const LoadReport& report,
+                                       std::span<const Record* const> records) {
+    std::set<std::wstring> kept;
+    for (const KeptLine& line : report.keptLines)
+        if (!line.part.empty())
+            kept.insert(line.part);
+    std::set<std::wstring> superseded;
+    if (!kept.empty())
+        for (const Record* record : records)
+            if (const auto part = kept.find(upperCase(record->PartNum)); part != kept.end())
+                superseded.insert(*part);
+    return superseded;
+}
+
+template std::set<std::wstring>
+supersededParts<SdtaComponent>(const LoadReport&, std::span<const SdtaComponent* const>);
+template std::set<std::wstring> supersededParts<AsrComponent>(const LoadReport&,
+                                                              std::span<const AsrComponent* const>);
+
+template <class Record>
+std::size_t droppedLines(const LoadReport& report, std::span<const Record* const> records) {
+    std::size_t lines = report.drops();
+    const auto superseded = supersededParts(report, records);
+    for (const KeptLine& line : report.keptLines)
+        lines += superseded.contains(line.part) ? 1 : 0;
+    return lines;
+}
+
+template std::size_t droppedLines<SdtaComponent>(const LoadReport&,
+                                                 std::span<const SdtaComponent* const>);
+template std::size_t droppedLines<AsrComponent>(const LoadReport&,
+                                                std::span<const AsrComponent* const>);
+
+template <class Record>
 FormattedLibrary formatLibrary(const CPartwrightPlugInApp& app,
                                std::span<const Record* const> records, std::wstring_view path,
-                               TextForm form) {
+                               TextForm form, const LoadReport& report) {
     LibraryFormatter<Record> formatter(app, form, records.size());
     FormattedLibrary result;
-    result.encodable = formatter.banner(path);
+    formatter.banner(path);
     std::optional<std::int32_t> group;
     for (const Record* record : records) {
-        if (!result.encodable)
-            break;
         if (!Dialect<Record>::writesDeleted && record->group < 0)
             continue;
         if (group != record->group)
             formatter.groupStart(record->group);
         group = record->group;
-        result.encodable = formatter.row(*record);
-        if (!result.encodable)
+        if (!formatter.row(*record)) {
+            result.encodable = false;
             result.part = record->PartNum;
+            result.column = formatter.failedColumn();
+            return result;
+        }
     }
-    if (!result.encodable) {
-        result.column = formatter.failedColumn();
-        return result;
-    }
+    const auto superseded = supersededParts(report, records);
+    for (const KeptLine& line : report.keptLines)
+        if (!superseded.contains(line.part))
+            formatter.kept(line.bytes, report.codePage);
     formatter.end();
     result.bytes = formatter.take();
     // Characters of the old code page that happen to read as UTF-8 would come back as others.
     if (form.codePage == CodePage::Windows1252 && !isAscii(result.bytes) &&
-        isValidUtf8(result.bytes))
-        return formatLibrary<Record>(app, records, path, {CodePage::Utf8, form.crLf});
+        detectCodePage(result.bytes) == CodePage::Utf8)
+        return formatLibrary<Record>(app, records, path, {CodePage::Utf8, form.lineEnd}, report);
+    if (formatter.hasForeignBytes())
+        result.bytes = keptReadable(std::move(result.bytes));
     return result;
 }
 
 template FormattedLibrary formatLibrary<SdtaComponent>(const CPartwrightPlugInApp&,
                                                        std::span<const SdtaComponent* const>,
-                                                       std::wstring_view, TextForm);
+                                                       std::wstring_view, TextForm,
+                                                       const LoadReport&);
 template FormattedLibrary formatLibrary<AsrComponent>(const CPartwrightPlugInApp&,
                                                       std::span<const AsrComponent* const>,
-                                                      std::wstring_view, TextForm);
+                                                      std::wstring_view, TextForm,
+                                                      const LoadReport&);
 
 SaveResult SaveSdtaLibrary(CPartwrightPlugInApp& app, std::span<const SdtaComponent* const> records,
                            std::wstring_view path, SaveChoices choices) {

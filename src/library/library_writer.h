@@ -15,6 +15,7 @@
 #include "library/save_result.h"
 
 #include <cstdint>
+#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -41,17 +42,39 @@ struct FormattedLibrary {
     std::wstring column;
 };
 
-/// The content of a library file at `path`; the path stands in its banner.
+/// The content of a library file at `path`; the path stands in its banner. Lines that were kept
+/// when the file was read stand behind the last group, but for rows of parts that have a record
+/// now.
 template <class Record>
-[[nodiscard]] FormattedLibrary formatLibrary(const CPartwrightPlugInApp& app,
-                                             std::span<const Record* const> records,
-                                             std::wstring_view path, TextForm form);
+[[nodiscard]] FormattedLibrary
+formatLibrary(const CPartwrightPlugInApp& app, std::span<const Record* const> records,
+              std::wstring_view path, TextForm form, const LoadReport& report = {});
 extern template FormattedLibrary formatLibrary<SdtaComponent>(const CPartwrightPlugInApp&,
                                                               std::span<const SdtaComponent* const>,
-                                                              std::wstring_view, TextForm);
+                                                              std::wstring_view, TextForm,
+                                                              const LoadReport&);
 extern template FormattedLibrary formatLibrary<AsrComponent>(const CPartwrightPlugInApp&,
                                                              std::span<const AsrComponent* const>,
-                                                             std::wstring_view, TextForm);
+                                                             std::wstring_view, TextForm,
+                                                             const LoadReport&);
+
+/// Parts of kept rows that have a record now, so that the row leaves the file.
+template <class Record>
+[[nodiscard]] std::set<std::wstring> supersededParts(const LoadReport& report,
+                                                     std::span<const Record* const> records);
+extern template std::set<std::wstring>
+supersededParts<SdtaComponent>(const LoadReport&, std::span<const SdtaComponent* const>);
+extern template std::set<std::wstring>
+supersededParts<AsrComponent>(const LoadReport&, std::span<const AsrComponent* const>);
+
+/// How many lines of the file with that report a save of these records would drop.
+template <class Record>
+[[nodiscard]] std::size_t droppedLines(const LoadReport& report,
+                                       std::span<const Record* const> records);
+extern template std::size_t droppedLines<SdtaComponent>(const LoadReport&,
+                                                        std::span<const SdtaComponent* const>);
+extern template std::size_t droppedLines<AsrComponent>(const LoadReport&,
+                                                       std::span<const AsrComponent* const>);
 
 /// An empty path stands for the design library. `records` in the order of the file.
 [[nodiscard]] SaveResult SaveSdtaLibrary(CPartwrightPlugInApp& app,

@@ -30,14 +30,23 @@ public:
         nodes_.push_back(std::move(node));
     }
 
-    /// All entries so far; the collector is empty afterwards.
-    [[nodiscard]] Map collect() {
+    /// Key of the entry that was taken as number `index`.
+    [[nodiscard]] const typename Map::key_type& key(std::size_t index) const {
+        return nodes_[index].key();
+    }
+
+    /// All entries so far; the collector is empty afterwards. `dropped` is told the number of each
+    /// entry that does not count, and of the next one with its key.
+    template <class Dropped>
+    [[nodiscard]] Map collect(Dropped dropped) {
         if (!ascending_)
             sortPlaces();
         Map result;
         for (std::size_t i = 0; i < places_.size(); ++i)
             if (ascending_ || i + 1 == places_.size() || !sameKey(places_[i], places_[i + 1]))
                 result.insert(result.end(), std::move(nodes_[places_[i].index]));
+            else
+                dropped(places_[i].index, places_[i + 1].index);
         places_.clear();
         nodes_.clear();
         ascending_ = true;

@@ -99,15 +99,15 @@ std::wstring partListFault(const ProjectPaths& paths, const PartList& parts) {
 
 void parseProjectInput(ProjectPaths& paths, PartList& parts, std::string_view bytes,
                        CodePage codePage) {
-    const auto firstEnd = bytes.find('\n');
-    if (firstEnd == std::string_view::npos || firstEnd + 1 == bytes.size())
-        return; // fewer than two lines
-    const auto separator = static_cast<wchar_t>(findSeparator(bytes));
+    const auto separator = static_cast<wchar_t>(namedSeparator(bytes).value_or(','));
     const std::wstring_view header = separator == L';' ? L"#REFDES;P/N;MFG;DESCR;CPN;SELECT"
                                                        : L"#REFDES,P/N,MFG,DESCR,CPN,SELECT";
     LineReader reader(bytes);
+    std::string_view narrow;
     bool inTable = false;
-    for (std::string_view narrow; reader.next(narrow);) {
+    for (std::size_t number = 1; reader.next(narrow); ++number) {
+        if (number == 1 && reader.rest().empty())
+            return; // fewer than two lines
         const std::wstring text = decode(narrow, codePage);
         const std::wstring_view line = trim(text);
         if (line.find(projectMark) != std::wstring_view::npos) {

@@ -100,6 +100,29 @@ void rebuildAsrGroups(Definitions<AsrComponent>& asr) {
     asr.rebuildTypes();
 }
 
+/// The codes are positions in the list of groups as well, so each must have a name.
+std::optional<GroupGap> gapOf(const Definitions<AsrComponent>& asr) {
+    for (std::int32_t code = 1; code <= Kind<AsrComponent>::lastGroup; ++code)
+        if (const auto name = asr.groupNamesByCode.find(code);
+            !Kind<AsrComponent>::columns(code).empty() &&
+            (name == asr.groupNamesByCode.end() || name->second == notApplicableGroup))
+            return GroupGap{code, 0};
+    return std::nullopt;
+}
+
+/// The place of a name in ascending order of the codes must be its code. `lineOf` knows the rows
+/// that made no group as well.
+std::optional<GroupGap> gapOf(const std::map<std::int32_t, std::wstring>& nameOf,
+                              const std::map<std::int32_t, std::size_t>& lineOf) {
+    std::int32_t place = 0;
+    for (const auto& [code, name] : nameOf)
+        if (code != ++place) {
+            const auto line = lineOf.find(place);
+            return GroupGap{place, line == lineOf.end() ? lineOf.at(code) : line->second};
+        }
+    return std::nullopt;
+}
+
 void setFlag(LevelColumns& flags, std::optional<std::int32_t> parameter) {
     if (parameter && *parameter > 0 && static_cast<std::size_t>(*parameter) < flags.size())
         flags[static_cast<std::size_t>(*parameter)] = 1;
@@ -142,6 +165,7 @@ LoadResult LoadAsrProperties(const ProjectPaths& paths, Definitions<AsrComponent
         asr.properties.insert_or_assign({row.group, row.type}, std::move(row));
     }
     rebuildAsrGroups(asr);
+    asr.gap = gapOf(asr);
     return resultOf(table, path);
 }
 
@@ -178,9 +202,12 @@ LoadResult LoadGroupNames(const ProjectPaths& paths, ClassifierTables& classifie
     std::map<std::int32_t, GroupRule> ruleOf;
     std::map<std::int32_t, std::wstring> designatorsOf;
     std::map<std::int32_t, std::wstring> nameOf;
+    std::map<std::int32_t, std::size_t> lineOf;
     for (const RuleRow& row : table.rows) {
         const auto code = row.code(L"BiCod");
         const std::wstring rules = row.text(L"Rules");
+        if (code)
+            lineOf[*code] = row.line;
         if (!code || rules.empty())
             continue;
         // The same text passed at the reading before; compiling it is what takes long here.
@@ -196,6 +223,7 @@ LoadResult LoadGroupNames(const ProjectPaths& paths, ClassifierTables& classifie
     // The table is read more than once in a run. Records in memory stand under the names of the
     // earlier reading; without any they could not be written under their groups.
     if (!nameOf.empty()) {
+        sdta.gap = gapOf(nameOf, lineOf);
         classifier.GroupRuleTable = std::move(ruleOf);
         classifier.GroupRefDesTable = std::move(designatorsOf);
         classifier.groupNamesByCode = std::move(nameOf);

@@ -45,6 +45,7 @@ bool RowBuffer::encoded(std::wstring_view text) {
     std::string bytes;
     const bool complete = encodeInto(bytes, text, codePage_);
     raw(bytes);
+    foreignBytes_ = foreignBytes_ || std::any_of(text.begin(), text.end(), isForeignByte);
     return complete;
 }
 

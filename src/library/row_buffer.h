@@ -77,6 +77,15 @@ public:
         used_ += bytes.size();
     }
     void separator() { raw({&separator_, 1}); }
+    /// Bytes of another file, in whatever code page.
+    void foreign(std::string_view bytes) {
+        foreignBytes_ = foreignBytes_ || !isValidUtf8(bytes);
+        raw(bytes);
+    }
+    /// Bytes that are no UTF-8 stand in a file that is.
+    [[nodiscard]] bool hasForeignBytes() const {
+        return foreignBytes_ && codePage_ == CodePage::Utf8;
+    }
 
     [[nodiscard]] std::string take();
 
@@ -109,6 +118,7 @@ private:
     std::array<unsigned char, 128> classes_{};
     std::string bytes_;
     std::size_t used_ = 0;
+    bool foreignBytes_ = false;
 };
 
 } // namespace partwright

@@ -37,6 +37,20 @@ std::wstring saveFailureText(std::wstring_view path, const WriteResult& failure,
     return message::failedToWrite(path, failure.reason, after);
 }
 
+SaveResult lookAtReport(const LoadReport& report, const std::wstring& path, std::size_t drops,
+                        SaveChoices choices) {
+    SaveResult result;
+    result.path = path;
+    if (report.fault != LibraryFault::None) {
+        result.status = SaveStatus::Refused;
+        result.message = message::saveWouldLose(path, report.faultText);
+    } else if (drops > 0 && !report.dropsAllowed && !choices.dropsLines) {
+        result.status = SaveStatus::WouldDrop;
+        result.message = message::savingWillDrop(path, drops);
+    }
+    return result;
+}
+
 SaveResult lookBeforeSave(const Libraries& libraries, const std::wstring& path,
                           const InPlaceFile& file, SaveChoices choices) {
     if (file.state().status != WriteStatus::Ok)

@@ -14,8 +14,10 @@ namespace partwright {
 
 enum class SaveStatus {
     Saved,
-    /// The library was not understood when it was read (libraries.faults).
+    /// The file was not understood when it was read (LoadReport::fault).
     Refused,
+    /// Lines of the file would be lost, which could not be taken as they stand.
+    WouldDrop,
     /// The file is not what it was when it was read or last written.
     Changed,
     /// A character of a part does not exist in the file's code page.
@@ -43,7 +45,12 @@ struct SaveChoices {
     bool asUtf8 = false;
     /// A file that is not what it was is written over.
     bool overChanged = false;
+    bool dropsLines = false;
 };
+
+/// What speaks against a save that drops so many lines of the file; Saved when nothing does.
+[[nodiscard]] SaveResult lookAtReport(const LoadReport& report, const std::wstring& path,
+                                      std::size_t drops, SaveChoices choices);
 
 /// Why the file is not to be written; Saved when nothing stands against it.
 [[nodiscard]] SaveResult lookBeforeSave(const Libraries& libraries, const std::wstring& path,

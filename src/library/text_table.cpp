@@ -1,6 +1,8 @@
 #include "library/text_table.h"
 
 #include "core/text.h"
+#include "core/text_file.h"
+#include "library/field_scanner.h"
 
 #include <algorithm>
 
@@ -109,14 +111,22 @@ std::vector<std::wstring> SplitQuoted(std::wstring_view line, wchar_t separator)
 template <class Char>
 void SplitStarRow(std::basic_string_view<Char> line, Char separator,
                   std::array<std::basic_string<Char>, maximumCells>& cells) {
+    constexpr auto quote = static_cast<Char>('"');
     std::basic_string<Char> rest(line);
     std::erase(rest, static_cast<Char>('*'));
     std::size_t at = 0;
     for (auto& cell : cells) {
-        at = std::min(rest.find_first_not_of(separator, at), rest.size());
-        const std::size_t end = std::min(rest.find(separator, at), rest.size());
-        cell.assign(rest, at, end - at);
-        at = end;
+        std::basic_string_view<Char> name;
+        bool isStar = false; // a star in quotes leaves the quotes alone, and is no name
+        do {
+            at = std::min(rest.find_first_not_of(separator, at), rest.size());
+            const std::size_t end = std::min(rest.find(separator, at), rest.size());
+            name = std::basic_string_view<Char>(rest).substr(at, end - at);
+            name = dropTrailingBlanks(dropLeadingBlanks(name));
+            isStar = name.size() == 2 && name.front() == quote && name.back() == quote;
+            at = end;
+        } while (isStar);
+        cell = trimQuotes(name);
     }
 }
 
@@ -143,20 +153,25 @@ std::wstring ToCsvCell(std::wstring_view value, wchar_t separator, bool percentD
     return percentDoubled ? replaceAll(text, L"%", L"%%") : text;
 }
 
-char findSeparator(std::string_view bytes) {
-    constexpr std::size_t position = 4;
-    const auto hit = bytes.find("sep=");
-    if (hit == std::string_view::npos)
-        return ',';
-    const auto before = bytes.rfind('\n', hit);
-    std::string_view line = bytes.substr(before == std::string_view::npos ? 0 : before + 1);
-    const auto end = line.find('\n');
-    line = line.substr(0, end);
-    if (end != std::string_view::npos && !line.empty() && line.back() == '\r')
-        line.remove_suffix(1);
-    if (line.size() <= position || static_cast<unsigned char>(line[position]) >= 0x80)
-        return ',';
-    return line[position];
+std::optional<char> namedSeparator(std::string_view bytes) {
+    constexpr std::string_view word = "sep=";
+    if (bytes.find(word) == std::string_view::npos)
+        return std::nullopt;
+    std::optional<char> named;
+    LineReader reader(bytes);
+    for (std::string_view line; reader.next(line);) {
+        const auto hit = line.find(word);
+        if (hit == std::string_view::npos || line.size() <= word.size())
+            continue;
+        const char mark = line[word.size()];
+        if (mark != ',' && mark != ';')
+            continue;
+        if (hit == 0)
+            return mark;
+        if (!named)
+            named = mark;
+    }
+    return named;
 }
 
 std::vector<std::int32_t> ParseIndexList(std::wstring_view text) {

@@ -59,7 +59,7 @@ private:
 inline constexpr std::size_t maximumCells = 35;
 
 /// The names of a header row of a library ("*,PMET,FAMILY,...,*"), the first behind the star in
-/// cell 0; names that the row does not reach are empty.
+/// cell 0; names that the row does not reach are empty. A name may stand in quotes.
 template <class Char>
 void SplitStarRow(std::basic_string_view<Char> line, Char separator,
                   std::array<std::basic_string<Char>, maximumCells>& cells);
@@ -76,9 +76,9 @@ void SplitTokens(std::wstring_view text, std::vector<std::wstring>& out);
 [[nodiscard]] std::wstring ToCsvCell(std::wstring_view value, wchar_t separator,
                                      bool percentDoubled);
 
-/// The separator that the first "sep=" of a file names: the character at position 4 of that line.
-/// "," when there is none, or none in ASCII.
-[[nodiscard]] char findSeparator(std::string_view bytes);
+/// The separator that a "sep=" names: the character at position 4 of its line, if that is "," or
+/// ";". A line that begins so goes before one that only holds it; none when no line names one.
+[[nodiscard]] std::optional<char> namedSeparator(std::string_view bytes);
 
 /// "1-3,7" -> 1, 2, 3, 7. List mark "," or ";", range mark "-" or ":". A falling range and an
 /// entry without a number are dropped; a range is cut at 4,096 entries.

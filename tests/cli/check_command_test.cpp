@@ -21,13 +21,13 @@ protected:
                              "*,PMET,FAMILY,GROUP,PART#,CAT#,DESCR,Type,Pw-RT,V-RT,TMax,Res,I-RT,"
                              "Manufacturer,Notes,Color,*\n"
                              ">,SDTA-M, Resistor,Resistor,R-1,100-1,RES 4K7,RM.Fix.Pw<0.5," +
-                                 power + ",75,155,4700,1,Vishay,,,<\n");
+                                 power + ",75,155,4700,1,Vishay,,,<\n|,End of File\n");
         folder.put(analysesFile,
                    "sep=,\n|\n"
                    "*,PMET,FAMILY,GROUP,PART#,CAT#,DESCR,Type,Res,PinR-1,PinR-2,"
                    "Manufacturer,Notes,Color,*\n"
                    ">,DORVANE,Resistor,Resistor,R-1,100-1,RES 4K7,Resistor.Fix,4700," +
-                       pins + ",Vishay,,,<\n");
+                       pins + ",Vishay,,,<\n|,End of File\n");
     }
 };
 

@@ -23,7 +23,8 @@ protected:
                    "sep=,\n|\n"
                    "*,PMET,FAMILY,GROUP,PART#,CAT#,DESCR,Type,Pw-RT,V-RT,TMax,Res,I-RT,"
                    "Manufacturer,Notes,Color,*\n"
-                   ">,SDTA-M, Resistor,Resistor,old-1,,RES 1K 0.25W,RM.Fix.Pw<0.5,0.1,,,,,,,,<\n");
+                   ">,SDTA-M, Resistor,Resistor,old-1,,RES 1K 0.25W,RM.Fix.Pw<0.5,0.1,,,,,,,,<\n"
+                   "|,End of File\n");
     }
 
     /// "library partNumber" of each changed record.
@@ -214,7 +215,7 @@ TEST_F(CliProject, FillStopsWithoutATable) {
 
 TEST_F(CliProject, FillKeepsTheCodePageOrWritesNothing) {
     const std::string library =
-        ">,SDTA-M, IC,IC Linear,U-1,,gain \xB5,Default,,,,,,,,,,,,,,,,,<\r\n";
+        ">,SDTA-M, IC,IC Linear,U-1,,gain \xB5,Default,,,,,,,,,,,,,,,,,<\r\n|,End of File\r\n";
     folder.put(sdtaFile, "sep=,\r\n|\r\n" + library);
     EXPECT_EQ(inProject({"fill", "--sdta"}).code, 0);
     const std::string written = folder.bytesOf(sdtaFile);

@@ -18,7 +18,7 @@ class CliSaving : public CliTest {
 protected:
     CliSaving() {
         folder.putParts("R1,R-1,,RES 4K7 1% 0603,100-1,Yes\n");
-        folder.put(L"public/AnalysesLib_Public.csv", "sep=,\n|,\n");
+        folder.put(L"public/AnalysesLib_Public.csv", "sep=,\n|,\n|,End of File\n");
         EXPECT_EQ(inProject({"fill"}).code, 0);
     }
 

@@ -142,7 +142,9 @@ TEST(TextFile, Reading) {
     const TextFile file = readTextFile(folder.put(L"\u00E9.csv", "\xEF\xBB\xBF"
                                                                  "a\r\nb"));
     EXPECT_EQ(file.bytes, "a\r\nb");
-    EXPECT_EQ(file.form, (TextForm{CodePage::Utf8, true}));
+    EXPECT_EQ(file.form, (TextForm{CodePage::Utf8, LineEnd::CrLf}));
+    EXPECT_EQ(textForm("\xE9\n"), (TextForm{CodePage::Windows1252, LineEnd::Lf}));
+    EXPECT_EQ(textForm("\xE9\rb\r").lineEnd, LineEnd::Cr);
     LineReader reader(std::string_view("a\r\n\nb\rc\r\nd\0e\n\r", 14));
     std::vector<std::string> lines;
     for (std::string_view line; reader.next(line);)

@@ -443,7 +443,8 @@ TEST_F(MainSessionTest, OnlyPartsOfTheProjectAreEverMissing) {
 
 TEST_F(MainSessionTest, ACharacterTheFileLacksKeepsTheWindowOpenUntilUtf8IsTaken) {
     folder.putParts("R1,R-1,,RES 10 k\u03A9,,Yes\n");
-    const std::string old = "sep=,\n|\n>,SDTA-M, IC,IC Linear,U-1,,10 \xB5s,Default,<\n";
+    const std::string old =
+        "sep=,\n|\n>,SDTA-M, IC,IC Linear,U-1,,10 \xB5s,Default,,,,,,,,,,,,,,,,,<\n|,End of File\n";
     folder.put(sdtaFile, old);
     expectFirstStart();
     MainSession& main = start();

@@ -10,6 +10,10 @@
 namespace partwright::grid {
 namespace {
 
+QString s(const char* text) {
+    return QString::fromLatin1(text);
+}
+
 class Sheet : public CGridCore {
 public:
     /// Cells in reading order, columns separated by '|', rows by '/'.
@@ -59,10 +63,6 @@ public:
     QStringList fills;
 };
 
-QString s(const char* text) {
-    return QString::fromLatin1(text);
-}
-
 TEST(GridCore, RowsComeAndGoInOrder) {
     Sheet sheet(1, s("a/b/c/d/e"));
     const RowKey key = sheet.rowKey(4);
@@ -83,6 +83,45 @@ TEST(GridCore, RowsComeAndGoInOrder) {
     sheet.RemoveRows(1, 3);
     EXPECT_EQ(sheet.currentCell(), std::nullopt);
     EXPECT_FALSE(sheet.setCurrentCell(1, 1));
+}
+
+/// An owner's rows: letters, of which it says what they are by their order.
+class Letters final : public CellSource {
+public:
+    explicit Letters(const char* letters) : letters_(QString::fromLatin1(letters)) {}
+    QString text(int row, int col) const override {
+        return col == 1 ? letters_.mid(row, 1) : s("-");
+    }
+
+    QString letters_;
+};
+
+TEST(GridCore, AnOwnersRowsAreReadWhereTheyAre) {
+    Letters letters("cadb");
+    Sheet sheet(0, {});
+    sheet.RemoveRows(1, 1);
+    sheet.setSource(letters);
+    sheet.InsertCols(1, 2);
+    sheet.InsertRows(1, 4);
+    sheet.sortRows(1, {});
+    EXPECT_EQ(sheet.cells(), s("a|-/b|-/c|-/d|-"));
+    EXPECT_EQ(sheet.sourceRow(1), 1);
+    EXPECT_EQ(sheet.rowOfSource(2), 4);
+    sheet.setCurrentCell(3, 1);   // c
+    letters.letters_ = s("cxdb"); // a changed, nobody carries it over
+    sheet.sourceChanged(1);
+    EXPECT_EQ(sheet.cells(), s("x|-/b|-/c|-/d|-"));
+    EXPECT_EQ(sheet.commitText(3, 1, s("good")), true);
+    EXPECT_EQ(sheet.text(3, 1), s("c")) << "the owner alone writes";
+    // x and d leave; y and z come in front of b and at the end.
+    letters.letters_ = s("cybz");
+    sheet.sourceReshaped({1, 2}, {1, 3});
+    EXPECT_EQ(sheet.cells(), s("y|-/b|-/c|-/z|-"));
+    EXPECT_EQ(sheet.currentCell(), (CellPos{3, 1})) << "it stays with its row";
+    letters.letters_ = s("yb");
+    sheet.sourceReshaped({0, 3}, {});
+    EXPECT_EQ(sheet.cells(), s("y|-/b|-"));
+    EXPECT_EQ(sheet.currentCell(), (CellPos{2, 1}));
 }
 
 TEST(GridCore, StylesMergeAndColumnsGiveTheDefault) {

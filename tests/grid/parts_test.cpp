@@ -16,11 +16,8 @@ namespace {
 
 QString sorted(const QString& joined, SortRule rule) {
     const QStringList list = joined.split(u'|');
-    std::vector<const QString*> texts;
-    for (const QString& text : list)
-        texts.push_back(&text);
     QStringList result;
-    for (const quint32 position : sortedOrder(texts, rule))
+    for (const quint32 position : sortedOrder({list.begin(), list.end()}, rule))
         result.append(list[position]);
     return result.join(u'|');
 }
@@ -108,12 +105,17 @@ TEST(StyleTable, KeepsEachStyleOnce) {
 
 TEST(PagePlan, BandsAndPages) {
     // 100 fits beside 100; 300 is wider than the page and stands alone.
-    const PagePlan plan = planPages({100, 100, 300, 50}, 95, 10, QSizeF(200, 105));
+    const PagePlan plan = planPages({100, 100, 300, 50}, 0, 95, 10, QSizeF(200, 105));
     const std::vector<std::vector<std::size_t>> bands = {{0, 1}, {2}, {3}};
     EXPECT_EQ(plan.bands, bands);
     EXPECT_EQ(plan.rowsPerPage, 10);
     EXPECT_EQ(plan.pages(), 30);
-    EXPECT_EQ(planPages({}, 0, 10, QSizeF(200, 5)).pages(), 1);
+    EXPECT_EQ(planPages({}, 0, 0, 10, QSizeF(200, 5)).pages(), 1);
+    // The first columns come again on each page, unless they take half of it.
+    const std::vector<std::vector<std::size_t>> named = {{0, 1, 2}, {0, 1, 3}, {0, 1, 4}};
+    EXPECT_EQ(planPages({20, 60, 100, 100, 50}, 2, 9, 10, QSizeF(200, 105)).bands, named);
+    EXPECT_EQ(planPages({20, 90, 80, 100}, 2, 9, 10, QSizeF(200, 105)).bands.back(),
+              std::vector<std::size_t>{3});
 }
 
 } // namespace

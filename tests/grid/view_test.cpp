@@ -276,6 +276,101 @@ TEST(GridView, PartialRepaintsEqualAFullOne) {
     }
 }
 
+TEST(GridView, FrozenColumnsStandStillWhileTheOthersScroll) {
+    Sheet sheet;
+    sheet.setFrozenCols(1);
+    sheet.onScreen();
+    const QRect first = sheet.cellRect(3, 1);
+    const QImage before = sheet.viewport()->grab(first.adjusted(0, 0, -4, 0)).toImage();
+    sheet.setCurrentCell(3, 10);
+    EXPECT_EQ(sheet.cellRect(3, 1), first);
+    sheet.setCurrentCell(9, 10);
+    EXPECT_EQ(sheet.viewport()->grab(first.adjusted(0, 0, -4, 0)).toImage(), before);
+    EXPECT_LT(sheet.cellRect(3, 2).right(), first.right()) << "behind it";
+    EXPECT_EQ(sheet.cellAt(first.center()), (CellPos{3, 1}));
+    const QPoint beside(first.right() + 2, first.center().y());
+    EXPECT_GT(sheet.cellAt(beside)->col, 2);
+    // Backward through what is hidden behind the frozen column.
+    sheet.setCurrentCell(3, 3);
+    EXPECT_GT(sheet.cellRect(3, 3).left(), first.right());
+    sheet.drag(sheet.center(3, 1), sheet.center(4, 3));
+    EXPECT_EQ(sheet.selection(), (std::vector<CellRange>{{3, 1, 4, 3}}));
+    const QImage partial = sheet.onScreen();
+    sheet.viewport()->update();
+    EXPECT_EQ(partial, sheet.onScreen());
+    sheet.resize(200, 300); // too narrow to lose half of it
+    EXPECT_TRUE(sheet.setCurrentCell(3, 10));
+    EXPECT_LT(sheet.cellRect(3, 1).right(), 0);
+}
+
+TEST(GridView, EscapeTakesOneStepBack) {
+    Sheet sheet;
+    sheet.selectRange({2, 2, 4, 3});
+    sheet.key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(sheet.copiedCells(), (std::vector<CellRange>{{2, 2, 4, 3}}));
+    const auto darkOn = [&](int y) {
+        const QImage image = sheet.viewport()->grab().toImage();
+        int dark = 0;
+        for (int x = sheet.cellRect(2, 2).left(); x < sheet.cellRect(2, 3).right(); ++x)
+            dark += qGray(image.pixel(x, y)) < 60 ? 1 : 0;
+        return dark;
+    };
+    const int edge = sheet.cellRect(4, 2).bottom();
+    EXPECT_GT(darkOn(edge), 40) << "the dashed border";
+    sheet.key(Qt::Key_F2);
+    for (const int left : {3, 2, 1, 0}) { // editor, border, selection, none
+        const int steps = (sheet.isEditing() ? 1 : 0) + (sheet.copiedCells().empty() ? 0 : 1) +
+                          (sheet.selection().empty() ? 0 : 1);
+        EXPECT_EQ(steps, left);
+        EXPECT_EQ(sheet.escape(), left > 0);
+    }
+    EXPECT_LT(darkOn(edge), 10);
+    // The border ends when a text changes, not when one only moves.
+    sheet.key(Qt::Key_C, Qt::ControlModifier);
+    sheet.key(Qt::Key_Down);
+    EXPECT_FALSE(sheet.copiedCells().empty());
+    sheet.setText(9, 9, s("x"));
+    EXPECT_TRUE(sheet.copiedCells().empty());
+}
+
+/// Marks what holds a 7.
+class Marked final : public CellSource {
+public:
+    QString text(int row, int col) const override { return QString::number(row * 10 + col); }
+    QString markText(int row, int col) const override {
+        return text(row, col).contains(u'7') ? s("Not a seven.") : QString();
+    }
+};
+
+TEST(GridView, AMarkIsSeenAndHeard) {
+    const Marked source;
+    CGridWnd grid;
+    grid.setSource(source);
+    grid.InsertCols(1, 9);
+    grid.InsertRows(1, 3);
+    grid.resize(900, 200);
+    grid.show();
+    const auto reds = [&](int row, int col) {
+        const QImage cell = grid.viewport()->grab(grid.cellRect(row, col)).toImage();
+        int left = 0;
+        int right = 0;
+        for (int y = 0; y < cell.height(); ++y)
+            for (int x = 0; x < cell.width(); ++x) {
+                const QColor color = cell.pixelColor(x, y);
+                if (color.red() > 150 && color.green() < 60 && color.blue() < 60)
+                    ++(x < 8 ? left : right);
+            }
+        return std::pair(left, right);
+    };
+    const auto [corner, sign] = reds(1, 7);
+    EXPECT_GT(corner, 10);
+    EXPECT_GT(sign, 10);
+    EXPECT_EQ(reds(1, 6), std::pair(0, 0));
+    QAccessibleTableInterface* const table =
+        QAccessible::queryAccessibleInterface(&grid)->tableInterface();
+    EXPECT_EQ(table->cellAt(0, 6)->text(QAccessible::Description), s(", row 1. Not a seven."));
+}
+
 TEST(GridView, ALockedGridMayBePaintedAndUsed) {
     Sheet sheet(3, 2);
     {

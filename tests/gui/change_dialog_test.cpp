@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QCheckBox>
 #include <QClipboard>
 #include <QLineEdit>
 #include <QListWidget>
@@ -186,12 +187,25 @@ TEST(ChangeDialog, FindBarAndMessageSearchAlike) {
     QTest::keyClick(&field, Qt::Key_Return);
     EXPECT_TRUE(d.dialog->isVisible()); // Enter is not OK here
     EXPECT_EQ(d.grid().currentCell(), (grid::CellPos{4, L(1)}));
+    auto& answer = d.find<QLabel>("findAnswer");
+    EXPECT_TRUE(answer.text().isEmpty());
+    d.shortcut(Qt::Key_F3, {});
+    EXPECT_EQ(d.grid().currentCell(), (grid::CellPos{2, L(1)}));
+    EXPECT_EQ(answer.text().toStdString(), "Went on from the first row.");
+    d.shortcut(Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_EQ(d.grid().currentCell(), (grid::CellPos{4, L(1)}));
+    // Without regard to case in any column, unless asked for otherwise.
+    field.setText(QStringLiteral("p5"));
+    d.shortcut(Qt::Key_F3, {});
+    EXPECT_EQ(d.grid().currentCell(), (grid::CellPos{5, 1}));
+    d.find<QCheckBox>("findCase").setChecked(true);
+    d.shortcut(Qt::Key_F3, {});
+    EXPECT_EQ(answer.text().toStdString(), "No row has this text.");
+    SearchRequest none(L"6_0_0_nothing");
     d.prompt.expect(L"Next  row containing the desired parameter with the required search "
                     L"conditions was not found",
                     PromptIcon::Information);
-    d.shortcut(Qt::Key_F3, {});
-    d.shortcut(Qt::Key_F3, Qt::ShiftModifier);
-    EXPECT_EQ(d.grid().currentCell(), (grid::CellPos{2, L(1)}));
+    QCoreApplication::sendEvent(d.dialog.get(), &none);
     QTest::keyClick(&field, Qt::Key_Escape);
     EXPECT_FALSE(field.isVisible());
     EXPECT_TRUE(d.dialog->isVisible());
@@ -271,6 +285,48 @@ TEST(ChangeDialog, CalculatesTheCurrentRow) {
     analyses.open(3, {{1, {}}});
     analyses.openDialog();
     EXPECT_FALSE(analyses.find<QPushButton>("calculator").isEnabled());
+}
+
+TEST(ChangeDialog, EscapeTakesOneStepBackAndAsksBeforeItDrops) {
+    SdtaDriver d;
+    d.open(3, {goodThyristor(), goodThyristor()});
+    d.openDialog();
+    d.enter(1, L(1), "5");
+    d.shortcut(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    d.grid().setFocus();
+    d.go(1, L(1));
+    d.grid().selectRange({1, L(1), 2, L(2)});
+    d.key(Qt::Key_C, Qt::ControlModifier);
+    d.key(Qt::Key_F2);
+    const auto state = [&] {
+        return std::string(d.grid().isEditing() ? "editor " : "") +
+               (d.grid().copiedCells().empty() ? "" : "border ") +
+               (d.grid().selection().empty() ? "" : "selection ") +
+               (d.find<QLineEdit>("findText").isVisible() ? "bar" : "");
+    };
+    for (const char* expected :
+         {"editor border selection bar", "border selection bar", "selection bar", "bar", ""}) {
+        EXPECT_EQ(state(), expected);
+        if (*expected != 0)
+            d.key(Qt::Key_Escape);
+    }
+    for (QWidget* const focus :
+         {static_cast<QWidget*>(&d.grid()), static_cast<QWidget*>(&d.find<QPushButton>("add"))}) {
+        d.prompt.expectQuestion(L"Drop the changes to 1 component?", PromptAnswer::No);
+        QTest::keyClick(focus, Qt::Key_Escape);
+        EXPECT_TRUE(d.dialog->isVisible());
+    }
+    d.prompt.expectQuestion(L"Drop the changes to 1 component?", PromptAnswer::Yes);
+    d.key(Qt::Key_Escape);
+    EXPECT_FALSE(d.dialog->isVisible());
+    EXPECT_EQ(d.dialog->result(), QDialog::Rejected);
+
+    SdtaDriver untouched;
+    untouched.open(3, {goodThyristor()});
+    untouched.openDialog();
+    untouched.go(1, L(1));
+    untouched.key(Qt::Key_Escape);
+    EXPECT_FALSE(untouched.dialog->isVisible());
 }
 
 TEST(ChangeDialog, CancelDropsAllAndLaterCommandsStandDisabled) {

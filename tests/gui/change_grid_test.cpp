@@ -153,6 +153,60 @@ TEST(ChangeGrid, PastesTypesWithTheirValuesIntoSortedRows) {
     EXPECT_FALSE(d.session->canUndo());
 }
 
+TEST(ChangeGrid, CellsThatBreakTheirRuleAreCountedAndWalked) {
+    SdtaDriver d;
+    auto parts = std::vector(40, goodThyristor());
+    parts[30].values[0] = L"abc"; // as a file may have it
+    d.open(3, parts);
+    d.openDialog();
+    auto& count = d.find<QLabel>("markCount");
+    const auto counted = [&] {
+        QApplication::processEvents();
+        return count.text().toStdString();
+    };
+    EXPECT_EQ(counted(), "1 cell breaks its rule");
+    paste(d, 1, L(4), "x\t5\t400\ny\t6\t\n");
+    EXPECT_EQ(d.shownLine(), "2 of 5 pasted values break their rule; first: P1, Tjmax: Value x out "
+                             "of range:  Maximum junction temperature in degrees Celsius must be "
+                             "from 60 to 300.");
+    EXPECT_EQ(counted(), "3 cells break their rule");
+    EXPECT_EQ(d.grid().markText(2, L(4)).left(7), s("Value y"));
+    EXPECT_TRUE(d.grid().markText(2, L(5)).isEmpty());
+    std::string way;
+    for (const auto with : {Qt::NoModifier, Qt::NoModifier, Qt::NoModifier, Qt::ShiftModifier}) {
+        d.shortcut(Qt::Key_F8, with);
+        way += std::to_string(d.grid().currentCell()->row) + " ";
+    }
+    EXPECT_EQ(way, "2 25 1 25 ");
+    EXPECT_TRUE(d.grid().viewport()->rect().contains(d.grid().cellRect(25, L(1))));
+    EXPECT_EQ(d.shownLine().substr(0, 9), "Value abc");
+    d.keys("5");
+    d.key(Qt::Key_Return);
+    d.shortcut(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(counted(), "3 cells break their rule");
+    d.shortcut(Qt::Key_Y, Qt::ControlModifier);
+    paste(d, 1, L(4), "125\n125\n");
+    EXPECT_EQ(counted(), "");
+    d.shortcut(Qt::Key_F8, {});
+    EXPECT_EQ(d.shownLine(), "No cell breaks its rule.");
+    EXPECT_EQ(d.grid().tip(1, L(4)).section(u'\n', 1),
+              s("Maximum junction temperature in degrees Celsius must be from 60 to 300. \"-\" is "
+                "allowed."));
+    EXPECT_EQ(d.grid().tip(0, L(4)), d.grid().tip(1, L(4)));
+}
+
+TEST(ChangeGrid, APasteAsTypedReadsUnitLetters) {
+    test::AsrDriver d;
+    d.open(21, {{1, {}}});
+    d.openDialog();
+    QApplication::clipboard()->setText(s("4.7k"));
+    d.go(1, L(1));
+    d.key(Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(d.text(1, L(1)), "4700");
+    d.key(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(d.text(1, L(1)), "4.7k");
+}
+
 TEST(ChangeGrid, FullIsTheStoredFlagUntilACellIsSelected) {
     SdtaDriver d;
     d.open(3, std::vector(2, goodThyristor()));
@@ -445,8 +499,8 @@ TEST(ChangeGrid, TheKeyboardReachesEveryControl) {
               s("add copy changeGroup calculator ok cancel componentGrid"));
     d.shortcut(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(test::tabWay().join(s(" ")),
-              s("findText findColumn findMode findBackward findNext findClose add copy changeGroup "
-                "calculator ok cancel componentGrid"));
+              s("findText findColumn findMode findCase findBackward findNext findClose add copy "
+                "changeGroup calculator ok cancel componentGrid"));
     // Enter presses the button that has the focus, not OK.
     auto& add = d.find<QPushButton>("add");
     add.setFocus();

@@ -357,8 +357,8 @@ TEST_F(MainWindowCase, ALibraryThatWasNotUnderstoodIsWithheld) {
 }
 
 TEST_F(MainWindowCase, ACharacterTheFileLacksIsAskedAbout) {
-    const std::string old =
-        "sep=,\n|\n>,SDTA-M, Resistor,Resistor,OLD-1,,10 \xB5H \xB1,Default,<\n";
+    const std::string old = "sep=,\n|\n>,SDTA-M, Resistor,Resistor,OLD-1,,10 \xB5H "
+                            "\xB1,Default,,,,,,,,,<\n|,End of File\n";
     folder.put(sampleSdta, old);
     open();
     session->sdtaPage.designLibrary.at(L"OLD-1").Description = L"4.7 k\u03A9";
@@ -605,7 +605,8 @@ TEST_F(MainWindowCase, AHandEditedLibraryIsEditedWithoutLoss) {
                     longValue + ",,,,,\"\"\"M\"\"\",\"\"\"\"\"\",,<\n" +
                     ">,SDTA-M, Martian,No Such "
                     "Group,\"\"\"LOST\"\"\",\"\"\"3\"\"\",\"\"\"z\"\"\",Default,1,<\n");
-    rows.insert(rows.find(anchor), anchor + std::string(100'000, 'x') + "\n");
+    const std::string tooLong = anchor + std::string(100'000, 'x') + "\n";
+    rows.insert(rows.find(anchor), tooLong);
     folder.put(sampleSdta, rows);
     open();
     find<QRadioButton>("sdtaFullLibrary").click();
@@ -633,14 +634,64 @@ TEST_F(MainWindowCase, AHandEditedLibraryIsEditedWithoutLoss) {
     });
     list.setCurrentCell(10, 0);
     QTest::keyClick(&list, Qt::Key_Return);
+    prompt.expectQuestion(message::savingWillDrop(folder / sampleSdta, 2), PromptAnswer::Yes);
     prompt.expect(message::operationCompleted, PromptIcon::Information);
     press("saveLibrary");
     const std::string saved = folder.bytesOf(sampleSdta);
+    EXPECT_NE(saved.find(tooLong), std::string::npos);
     EXPECT_NE(saved.find("NO-TYPE\"\"\",\"\"\"1\"\"\",\"\"\"x\"\"\",RM.Fix.Pw<0.5,0.25,"),
               std::string::npos);
     EXPECT_NE(saved.find("LONG\"\"\",\"\"\"2\"\"\",\"\"\"y\"\"\",RM.Fix.Pw<0.5,0.25,"),
               std::string::npos);
     EXPECT_NE(saved.find("LOST"), std::string::npos);
+}
+
+// A line that was not taken as it stands is one press away from its part.
+TEST_F(MainWindowCase, WhatWasNotTakenLeadsToThePart) {
+    std::string rows = folder.bytesOf(sampleSdta);
+    const std::string start = ">,SDTA-M, Resistor,Resistor,\"\"\"";
+    const std::string rest = "\"\"\",\"\"\"\"\"\",\"\"\"d\"\"\",";
+    rows.insert(rows.find(start), start + "AA-TYPE" + rest + "No.Such.Type,,,,,,,,,<\n" + start +
+                                      "LONG" + rest + std::string(300, 'x') + ",,,,,,,,,<\n");
+    folder.put(sampleSdta, rows);
+    open();
+    EXPECT_TRUE(find<QPushButton>("asrLoadMark").isHidden());
+    auto& mark = find<QPushButton>("sdtaLoadMark");
+    EXPECT_EQ(mark.text(), "2 lines not taken");
+    EXPECT_EQ(mark.accessibleName(), "2 lines of this file could not be taken as they stand");
+    bool isThere = false;
+    whenModal(*dialog, [&](QDialog& list) {
+        auto* const view = list.findChild<QTableView*>("rowList");
+        ASSERT_NE(view, nullptr);
+        EXPECT_EQ(view->model()->index(1, 1).data().toString(), "LONG");
+        view->setCurrentIndex(view->model()->index(1, 0));
+        QTest::keyClick(view, Qt::Key_Return);
+        EXPECT_TRUE(list.isVisible()) << "there is no such part to go to";
+        whenModal(*dialog, [&](QDialog& box) {
+            auto* const change = qobject_cast<CComChange1*>(&box);
+            ASSERT_NE(change, nullptr);
+            ChangeDriver d(*change);
+            const auto current = d.grid().currentCell();
+            isThere = current && d.text(current->row, 1) == "AA-TYPE";
+            d.press("cancel");
+        });
+        view->setCurrentIndex(view->model()->index(0, 0));
+        QTest::keyClick(view, Qt::Key_Return);
+    });
+    mark.setFocus();
+    QTest::keyClick(&mark, Qt::Key_Space);
+    EXPECT_TRUE(isThere);
+    EXPECT_TRUE(find<QRadioButton>("sdtaFullLibrary").isChecked())
+        << "the part is not the project's";
+
+    prompt.expectQuestion(message::savingWillDrop(folder / sampleSdta, 1), PromptAnswer::No);
+    press("ok");
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ(folder.bytesOf(sampleSdta), rows);
+    prompt.expectQuestion(message::savingWillDrop(folder / sampleSdta, 1), PromptAnswer::Yes);
+    press("ok");
+    EXPECT_FALSE(dialog->isVisible());
+    EXPECT_NE(folder.bytesOf(sampleSdta).find("\"\"\"LONG\"\"\""), std::string::npos);
 }
 
 } // namespace partwright::test

@@ -16,6 +16,7 @@
 #include "support/places.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QCommandLineParser>
 #include <QPainter>
 #include <cstdio>
@@ -97,6 +98,11 @@ void shootTables(MainWindow& window, const Album& album) {
     resistor.driver.enter(2, L(2), "75V");
     album.add(resistor.dialog, "change_refused");
     resistor.driver.key(Qt::Key_Escape);
+    QApplication::clipboard()->setText(QStringLiteral("0.1\t75V\nabc\t-5\n"));
+    resistor.driver.go(1, L(1));
+    resistor.driver.key(Qt::Key_V, Qt::ControlModifier);
+    QApplication::processEvents(); // the cells are counted when there is time
+    album.add(resistor.dialog, "change_marks");
 
     constexpr int fieldEffect = 8;
     OpenGroup transistor(window, 0, fieldEffect);

@@ -52,5 +52,62 @@ TEST(DatasheetLinks, RoundTripAndFaults) {
               L"Failed to Open File: \n" + datasheetLinksPath(app.paths));
 }
 
+// What a table holds beside links stays in it, or is asked about; one without the columns is left
+// alone.
+TEST(DatasheetLinks, TablesOfOtherHands) {
+    const std::string header = "PartNum,FileName,\n";
+    const struct {
+        std::string bytes;
+        DatasheetLinks links;
+        SaveStatus status;
+        std::string after;
+    } cases[] = {
+        {header + "O'HARA-1,it's.pdf,\n",
+         {{L"O'HARA-1", L"it's.pdf"}},
+         SaveStatus::Saved,
+         header + "O'HARA-1,it's.pdf,\n"},
+        {header + "\"\"\"Q\"\",X\",\"a \"\"b\"\", c.pdf\"\n",
+         {{L"\"Q\",X", L"a \"b\", c.pdf"}},
+         SaveStatus::Saved,
+         header + "\"\"\"Q\"\",X\",\"a \"\"b\"\", c.pdf\",\n"},
+        {header + "# by hand\n,lost.pdf\n\nP,a.pdf\n",
+         {{L"P", L"a.pdf"}},
+         SaveStatus::Saved,
+         header + "P,a.pdf,\n# by hand\n,lost.pdf\n"},
+        {"FileName,PartNum\na.pdf,P\rQ\n", {{L"P\rQ", L"a.pdf"}}, SaveStatus::Refused, ""},
+        {"PartNum,FileName\rP,a.pdf\r",
+         {{L"P", L"a.pdf"}},
+         SaveStatus::Saved,
+         "PartNum,FileName,\rP,a.pdf,\r"},
+        {header + "P,a.pdf\nP,b.pdf\n",
+         {{L"P", L"b.pdf"}},
+         SaveStatus::WouldDrop,
+         header + "P,b.pdf,\n"},
+        {header + "P,a.pdf,more\n",
+         {{L"P", L"a.pdf"}},
+         SaveStatus::WouldDrop,
+         header + "P,a.pdf,\n"},
+        {"PartNum;FileName\nP;a.pdf\n", {}, SaveStatus::Refused, ""},
+        {"Part Number,File\nP,a.pdf\n", {}, SaveStatus::Refused, ""},
+        {"", {}, SaveStatus::Saved, header},
+    };
+    for (const auto& row : cases) {
+        const test::TempFolder folder;
+        folder.put(L"DataSheetLinkTable.csv", row.bytes);
+        CPartwrightPlugInApp app;
+        app.paths.libraryFolder = pathText(folder.path());
+        static_cast<void>(LoadDatasheetLinks(app.paths, app.libraries));
+        EXPECT_EQ(app.libraries.datasheetLinks, row.links) << row.bytes;
+        EXPECT_EQ(SaveDatasheetLinks(app.paths, app.libraries).status, row.status) << row.bytes;
+        const std::string unasked = row.status == SaveStatus::Saved ? row.after : row.bytes;
+        EXPECT_EQ(folder.bytesOf(L"DataSheetLinkTable.csv"), unasked);
+        if (row.status == SaveStatus::Refused)
+            continue;
+        app.libraries.loadReports[datasheetLinksPath(app.paths)].dropsAllowed = true;
+        EXPECT_EQ(SaveDatasheetLinks(app.paths, app.libraries).status, SaveStatus::Saved);
+        EXPECT_EQ(folder.bytesOf(L"DataSheetLinkTable.csv"), row.after);
+    }
+}
+
 } // namespace
 } // namespace partwright

@@ -45,7 +45,7 @@ typename Kind<Record>::Library generatedLibrary(const CPartwrightPlugInApp& app,
     typename Kind<Record>::Library library;
     for (std::size_t i = 0; i < count; ++i) {
         Record record;
-        record.PartNum = upperCase(generatedText(dice, 12)) + std::to_wstring(i);
+        record.PartNum = trim(upperCase(generatedText(dice, 12)) + std::to_wstring(i));
         record.CatNum = generatedText(dice, 8);
         record.Description = generatedText(dice, 40);
         // Round brackets of an Analyses cell can come back as curly ones.

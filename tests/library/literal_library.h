@@ -19,12 +19,13 @@
 
 namespace partwright::test {
 
+/// A row of text, field by field, with a place to go on from.
 class LiteralScanner {
 public:
     LiteralScanner(std::wstring line, wchar_t separator)
         : line_(std::move(line)), separator_(separator) {}
 
-    /// False when there is no field.
+    /// False when there is no field, or one that is not well formed.
     bool next(std::wstring& field) {
         field.clear();
         skipBlanks();
@@ -64,7 +65,74 @@ public:
         return true;
     }
 
+    /// The cells up to the mark of the row's end, those with stray quotes taken as far as they go.
+    std::vector<std::wstring> cells() {
+        std::vector<std::wstring> cells;
+        std::vector<std::size_t> starts;
+        std::wstring field;
+        while (cells.size() < 35) {
+            skipBlanks();
+            const std::size_t start = at_;
+            starts.resize(cells.size());
+            starts.push_back(start);
+            if (start >= line_.size())
+                return cells;
+            if (!next(field) && !mend(field, cells, starts))
+                return cells;
+            if (!field.empty() && field[0] == L'<') {
+                marked = true;
+                return cells;
+            }
+            cells.push_back(field);
+        }
+        return cells;
+    }
+    bool marked = false;
+
 private:
+    bool mend(std::wstring& field, std::vector<std::wstring>& cells,
+              const std::vector<std::size_t>& starts) {
+        const std::size_t start = starts.back();
+        const std::size_t end = endOfCell(start);
+        std::size_t from = std::wstring::npos;
+        std::size_t limit = line_.size();
+        std::size_t cell = cells.size();
+        if (line_.compare(start, 3, L"\"\"\"") == 0)
+            from = start;
+        for (std::size_t j = cells.size(); from == std::wstring::npos && j-- > 0;)
+            if (line_.compare(starts[j], 3, L"\"\"\"") == 0 &&
+                (cells[j].empty() || cells[j].back() != L'"')) {
+                from = starts[j];
+                limit = end;
+                cell = j;
+            }
+        at_ = std::min(end + 1, line_.size());
+        for (std::size_t at = from; from != std::wstring::npos && at + 3 <= limit; ++at) {
+            if (at < from + 3 || line_.compare(at, 3, L"\"\"\"") != 0)
+                continue;
+            std::size_t behind = at + 3;
+            while (behind < limit && static_cast<char32_t>(line_[behind]) <= 32)
+                ++behind;
+            if (behind != limit && line_[behind] != separator_)
+                continue;
+            if (at <= lastClosing_)
+                break;
+            lastClosing_ = at;
+            cells.resize(cell);
+            field = line_.substr(from + 2, at - from - 1);
+            at_ = std::min(endOfCell(at) + 1, line_.size());
+            return true;
+        }
+        field = line_.substr(start, end - start);
+        while (!field.empty() && static_cast<char32_t>(field.back()) <= 32)
+            field.pop_back();
+        if (!field.empty() && field.back() == L'"')
+            field = L'"' + field + L'"';
+        return line_[start] != L'"';
+    }
+    [[nodiscard]] std::size_t endOfCell(std::size_t from) const {
+        return std::min(line_.find(separator_, from), line_.size());
+    }
     void skipBlanks() {
         while (at_ < line_.size() && static_cast<char32_t>(line_[at_]) <= 32)
             ++at_;
@@ -72,13 +140,15 @@ private:
     std::wstring line_;
     wchar_t separator_;
     std::size_t at_ = 0;
+    std::size_t lastClosing_ = 0;
 };
 
 inline std::vector<std::wstring> literalLines(const std::string& bytes, CodePage codePage) {
+    const char end = bytes.find('\n') == std::string::npos ? '\r' : '\n';
     std::vector<std::wstring> lines;
     std::string line;
     for (std::size_t i = 0; i < bytes.size(); ++i) {
-        if (bytes[i] != '\n') {
+        if (bytes[i] != end) {
             line += bytes[i];
             continue;
         }
@@ -92,12 +162,31 @@ inline std::vector<std::wstring> literalLines(const std::string& bytes, CodePage
     return lines;
 }
 
-inline wchar_t literalSeparator(const std::string& bytes) {
-    // Bytes, since the separator is one ASCII character at a place of the file.
-    for (const std::wstring& line : literalLines(bytes, CodePage::Windows1252))
-        if (line.find(L"sep=") != std::wstring::npos)
-            return line.size() > 4 && static_cast<char32_t>(line[4]) < 0x80 ? line[4] : L',';
+inline wchar_t literalSeparator(const std::vector<std::wstring>& lines, const wchar_t* kind) {
+    for (const bool inFront : {true, false})
+        for (const std::wstring& line : lines) {
+            const std::size_t at = line.find(L"sep=");
+            if (at != std::wstring::npos && (at == 0 || !inFront) && line.size() > 4 &&
+                (line[4] == L',' || line[4] == L';'))
+                return line[4];
+        }
+    for (const wchar_t separator : {L',', L';'})
+        for (const std::wstring& line : lines) {
+            LiteralScanner scanner(line, separator);
+            std::wstring field;
+            if (scanner.next(field) && !field.empty() && field[0] == L'>' && scanner.next(field) &&
+                field == kind)
+                return separator;
+        }
     return L',';
+}
+
+inline std::wstring literalTrimmed(std::wstring text) {
+    while (!text.empty() && static_cast<char32_t>(text.back()) <= 32)
+        text.pop_back();
+    while (!text.empty() && static_cast<char32_t>(text.front()) <= 32)
+        text.erase(0, 1);
+    return text;
 }
 
 inline std::wstring literalUnquoted(std::wstring text) {
@@ -130,10 +219,12 @@ inline std::vector<std::wstring> literalHeader(std::wstring line, wchar_t separa
             continue;
         if (c != separator) {
             cell += c;
-        } else if (!cell.empty()) {
-            cells.push_back(cell);
-            cell.clear();
+            continue;
         }
+        const std::wstring name = literalTrimmed(cell);
+        if (!cell.empty() && name != L"\"\"")
+            cells.push_back(literalUnquoted(name));
+        cell.clear();
     }
     cells.resize(35);
     return cells;
@@ -143,7 +234,7 @@ template <class Record>
 bool literalRecord(const CPartwrightPlugInApp& app, const std::vector<std::wstring>& row,
                    const std::vector<std::wstring>& header, Record& record) {
     constexpr bool analyses = std::is_same_v<Record, AsrComponent>;
-    record.PartNum = literalUnquoted(row[3]);
+    record.PartNum = literalTrimmed(literalUnquoted(row[3]));
     if (row[2].empty() || record.PartNum.empty() || (analyses && row[2] == L"PCB"))
         return false;
     if (!analyses)
@@ -177,31 +268,27 @@ bool literalRecord(const CPartwrightPlugInApp& app, const std::vector<std::wstri
     return true;
 }
 
-/// Reads the cells of a row; how many there were, 0 for a row that is dropped.
-inline std::size_t literalCells(LiteralScanner& scanner, std::vector<std::wstring>& row,
-                                const std::wstring& kind) {
-    std::wstring field;
-    for (std::size_t count = 0; count < 35; ++count) {
-        if (!scanner.next(field) || (!field.empty() && field[0] == L'<'))
-            return count;
-        if (literalUnquoted(field).size() > 255)
-            return 0;
-        row[count] = field;
-        if (row[0] != kind)
-            return 0;
-    }
-    return 35;
+/// The line is a row, nothing but blanks follows, and it does not end in the mark of a row's end.
+inline bool literalHalf(const std::vector<std::wstring>& lines, std::size_t row) {
+    for (std::size_t i = row + 1; i < lines.size(); ++i)
+        if (!literalTrimmed(lines[i]).empty())
+            return false;
+    std::wstring line = lines[row];
+    while (!line.empty() &&
+           (static_cast<char32_t>(line.back()) <= 32 || line.back() == L',' || line.back() == L';'))
+        line.pop_back();
+    return line.empty() || line.back() != L'<';
 }
 
 template <class Record>
 typename Kind<Record>::Library literalRead(const CPartwrightPlugInApp& app,
                                            const std::string& bytes, CodePage codePage) {
     constexpr bool analyses = std::is_same_v<Record, AsrComponent>;
+    const wchar_t* const kind = analyses ? L"DORVANE" : L"SDTA-M";
     typename Kind<Record>::Library library;
     const CompletionRules<Record> rules(app.of<Record>());
     const auto lines = literalLines(bytes, codePage);
-    const wchar_t separator = literalSeparator(bytes);
-    std::vector<std::wstring> row(35);
+    const wchar_t separator = literalSeparator(lines, kind);
     std::vector<std::wstring> header(35);
     for (std::size_t i = 1; i < lines.size(); ++i) {
         std::wstring line = lines[i];
@@ -212,10 +299,15 @@ typename Kind<Record>::Library literalRead(const CPartwrightPlugInApp& app,
             continue;
         if (field[0] == L'*')
             header = literalHeader(line, separator);
-        if (field[0] != L'>' || literalCells(scanner, row, analyses ? L"DORVANE" : L"SDTA-M") < 4)
+        if (field[0] != L'>')
             continue;
+        std::vector<std::wstring> row = scanner.cells();
+        bool drop = row.size() < 4 || row[0] != kind || (!scanner.marked && literalHalf(lines, i));
+        for (const std::wstring& cell : row)
+            drop = drop || literalUnquoted(cell).size() > 255;
         Record record;
-        if (!literalRecord(app, row, header, record))
+        row.resize(35);
+        if (drop || !literalRecord(app, row, header, record))
             continue;
         rules.update(record);
         library[record.PartNum] = record;

@@ -200,6 +200,7 @@ TEST_F(Tables, GroupNames) {
     EXPECT_EQ(app.classifier.GroupRuleTable.at(2).excluding, L"DIG");
     EXPECT_EQ(app.classifier.GroupRefDesTable, (std::map<std::int32_t, std::wstring>{{2, L"U"}}));
     EXPECT_EQ(app.sdta.groupTypes.at(L"Linear").at(1).name, L"LIN/DF/BIP");
+    EXPECT_FALSE(app.sdta.gap) << "what is missing behind the last group moves none";
     std::filesystem::remove(nativePath(app.paths.descrRulesPath));
     EXPECT_EQ(LoadGroupNames(app.paths, app.classifier, app.sdta).status, FileStatus::Absent);
     EXPECT_EQ(app.sdta.groupNames.size(), 3U) << "records in memory keep their groups";

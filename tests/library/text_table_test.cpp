@@ -84,6 +84,9 @@ TEST(LibraryRow, HeaderNames) {
     EXPECT_EQ(cells[1], L"GROUP") << "runs of separators are one";
     EXPECT_EQ(cells[2], L"Color");
     EXPECT_EQ(cells[3], L"");
+    SplitStarRow<wchar_t>(L"\"*\",\"PMET\", FAMILY ,\"*\"", L',', cells);
+    EXPECT_EQ(cells[0], L"PMET");
+    EXPECT_EQ(cells[1], L"FAMILY");
     std::wstring wide = L"*";
     for (int i = 0; i < 400; ++i)
         wide += L",c" + std::to_wstring(i);
@@ -109,14 +112,22 @@ TEST(LibraryRow, CellsForWriting) {
 }
 
 TEST(LibraryRow, Separator) {
-    EXPECT_EQ(findSeparator("sep=;\n"), ';');
-    EXPECT_EQ(findSeparator("a\nb\nsep=|x\nsep=;\n"), '|');
-    EXPECT_EQ(findSeparator(""), ',');
-    EXPECT_EQ(findSeparator("x\nsep="), ',');
-    EXPECT_EQ(findSeparator("sep=\r\n;"), ',');
-    EXPECT_EQ(findSeparator("1234;sep="), ';')
-        << "position 4 of the line, wherever the mark stands";
-    EXPECT_EQ(findSeparator("sep=\xC2\xB5"), ',');
+    const struct {
+        const char* bytes;
+        std::optional<char> separator;
+    } cases[] = {
+        {"sep=;\n", ';'},
+        {"a\nb\nsep=|x\nsep=;\n", ';'}, // "|" is no separator
+        {"a sep=2mm\nsep=;\n", ';'},
+        {"1234;sep=", ';'},          // position 4 of the line, wherever the mark stands
+        {"1234,sep=\rsep=;\r", ';'}, // a line that begins so goes before
+        {"", std::nullopt},
+        {"x\nsep=", std::nullopt},
+        {"sep=\r\n;", std::nullopt},
+        {"sep=\xC2\xB5", std::nullopt},
+    };
+    for (const auto& row : cases)
+        EXPECT_EQ(namedSeparator(row.bytes), row.separator) << row.bytes;
 }
 
 TEST(IndexList, Cases) {

@@ -56,7 +56,7 @@ std::string resistors(int count, const std::string& notes) {
     for (int i = 0; i < count; ++i)
         text += ">,SDTA-M, Resistor,Resistor,R-" + std::to_string(i) +
                 ",,RES,RM.Fix.Pw<0.5,0.1,75,155,1000,,ACME," + notes + ",,<\n";
-    return text;
+    return text + "|,End of File\n";
 }
 
 } // namespace
